@@ -1,0 +1,406 @@
+// The decoding half of the keyed coding interface. Records read themselves through these
+// handles only; a coder (the JSON coder) supplies the backend.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <vector>
+
+#include <orvane/coding/CodingError.hpp>
+#include <orvane/coding/Ref.hpp>
+#include <orvane/coding/UserInfo.hpp>
+#include <orvane/coding/Values.hpp>
+
+namespace orvane {
+
+/// A value in the backend's document: an opaque handle whose meaning only the backend knows.
+using Node = std::uint64_t;
+
+/// What a typed read of the backend found. Reads never throw: the containers turn a status into
+/// the right error, or into no value for a tolerant key.
+enum class ReadStatus : std::uint8_t {
+  ok,
+  null,       // the value is null
+  mismatch,   // a value of another kind
+  corrupted,  // the right kind, but unusable (an Int that does not fit, an invalid date or URL)
+};
+
+/// The document behind a decoder. Implemented by a coder; records never call it directly.
+class DecoderBackend {
+ public:
+  virtual ~DecoderBackend();
+
+  virtual bool isNull(Node node) const noexcept = 0;
+  virtual bool isObject(Node node) const noexcept = 0;
+  virtual bool isArray(Node node) const noexcept = 0;
+
+  /// Per-container lookup state that the backend keeps between lookups in one object (a
+  /// cursor, a filter of the keys present); starts zeroed.
+  struct LookupState {
+    std::uint64_t position = 0;
+    std::uint64_t filter = 0;
+  };
+
+  /// Finds `key` in the object `object`. Records read their keys in a fixed order, so the
+  /// backend may resume where the previous lookup ended. When a key appears twice, the last one
+  /// counts.
+  virtual bool findMember(Node object, std::string_view key, Node& value,
+                          LookupState& state) const noexcept = 0;
+
+  /// The first element of an array and the element count; elements follow through `next`.
+  virtual std::size_t arrayCount(Node array) const noexcept = 0;
+  virtual Node firstElement(Node array) const noexcept = 0;
+  virtual Node nextElement(Node element) const noexcept = 0;
+
+  virtual ReadStatus readString(Node node, std::string_view& out) const noexcept = 0;
+  virtual ReadStatus readDouble(Node node, double& out) const noexcept = 0;
+  virtual ReadStatus readInt(Node node, std::int64_t& out) const noexcept = 0;
+  virtual ReadStatus readBool(Node node, bool& out) const noexcept = 0;
+  virtual ReadStatus readDate(Node node, Date& out) const noexcept = 0;
+  virtual ReadStatus readUrl(Node node, std::string_view& out) const noexcept = 0;
+
+  /// A phrase for error messages: "a string", "a number", "null", ...
+  virtual std::string describe(Node node) const = 0;
+  /// Why a `corrupted` read of `type` failed, as the error's description.
+  virtual std::string corruptionReason(Node node, std::string_view type) const = 0;
+};
+
+/// What every decoder of one decode shares.
+struct DecodingContext {
+  const DecoderBackend* backend = nullptr;
+  const UserInfo* userInfo = nullptr;
+  bool fromImportSource = false;
+};
+
+class KeyedDecodingContainer;
+class UnkeyedDecodingContainer;
+class SingleValueDecodingContainer;
+
+template <class T>
+struct Coding;
+
+/// `std::optional<T>`, except that an optional record is a null `Ref`.
+template <class T>
+struct OptionalOf {
+  using type = std::optional<T>;
+};
+template <class T>
+struct OptionalOf<std::shared_ptr<T>> {
+  using type = std::shared_ptr<T>;
+};
+template <class T>
+using Optional = typename OptionalOf<T>::type;
+
+/// A decoder for one value of the document. Cheap to copy; valid only during the decode call
+/// that handed it out (its coding path lives on that call's stack).
+class Decoder {
+ public:
+  Decoder(const DecodingContext& context, Node node, const CodingPathLink* path)
+      : context_(&context), node_(node), path_(path) {}
+
+  /// The keyed object of this value. May be called more than once: every container reads the
+  /// same object. Fails with valueNotFound on null and typeMismatch on any other kind.
+  KeyedDecodingContainer container() const;
+  /// The array of this value.
+  UnkeyedDecodingContainer unkeyedContainer() const;
+  SingleValueDecodingContainer singleValueContainer() const;
+
+  CodingPath codingPath() const { return CodingPathLink::materialize(path_); }
+  const CodingPathLink* pathLink() const { return path_; }
+  const UserInfo& userInfo() const { return *context_->userInfo; }
+  /// The user-info flag `fromImportSource`, looked up once per decode.
+  bool isFromImportSource() const { return context_->fromImportSource; }
+  const DecodingContext& context() const { return *context_; }
+  Node node() const { return node_; }
+
+ private:
+  const DecodingContext* context_;
+  Node node_;
+  const CodingPathLink* path_;
+};
+
+/// Reads scalar values; a raw-value enumeration or an `Identifier` decodes through it.
+class SingleValueDecodingContainer {
+ public:
+  explicit SingleValueDecodingContainer(const Decoder& decoder) : decoder_(decoder) {}
+
+  bool decodeNil() const;
+  std::string decodeString() const;
+  /// The string without a copy; valid while the document lives.
+  std::string_view decodeStringView() const;
+  double decodeDouble() const;
+  std::int64_t decodeInt() const;
+  bool decodeBool() const;
+  Date decodeDate() const;
+  Url decodeUrl() const;
+  CodingPath codingPath() const { return decoder_.codingPath(); }
+  const CodingPathLink* pathLink() const { return decoder_.pathLink(); }
+
+  /// Reads a string without raising: absent strings, nulls and other kinds give no value.
+  std::optional<std::string_view> tryStringView() const noexcept;
+
+ private:
+  Decoder decoder_;
+};
+
+/// Reads the members of one keyed object.
+class KeyedDecodingContainer {
+ public:
+  KeyedDecodingContainer(const DecodingContext& context, Node object, const CodingPathLink* path)
+      : context_(&context), object_(object), path_(path) {}
+  /// A container for the object under `key` of a container whose path is `parent`; it carries
+  /// its own last path link, so it may outlive the call that made it.
+  KeyedDecodingContainer(const DecodingContext& context, Node object, const CodingPathLink* parent,
+                         std::string_view key)
+      : context_(&context), object_(object), path_(nullptr), self_{parent, key}, nested_(true) {}
+
+  /// Required key: absent fails with keyNotFound, null with valueNotFound, another kind with
+  /// typeMismatch; a failure inside the value propagates.
+  template <class T>
+  T decode(std::string_view key) const;
+  /// Optional key: absent or null give no value; any other failure propagates.
+  template <class T>
+  Optional<T> decodeIfPresent(std::string_view key) const;
+  /// Tolerant key: every failure of this one read gives no value. Scalars and raw-value
+  /// enumerations are checked without raising anything.
+  template <class T>
+  Optional<T> decodeTolerant(std::string_view key) const;
+
+  bool contains(std::string_view key) const;
+  /// True when the key is absent or null.
+  bool decodeNil(std::string_view key) const;
+
+  KeyedDecodingContainer nestedContainer(std::string_view key) const;
+  UnkeyedDecodingContainer nestedUnkeyedContainer(std::string_view key) const;
+
+  CodingPath codingPath() const { return CodingPathLink::materialize(pathLink()); }
+  /// Valid during calls on this container.
+  const CodingPathLink* pathLink() const { return nested_ ? &self_ : path_; }
+  const DecodingContext& context() const { return *context_; }
+
+  /// Hands the value under a required key to `fn(const Decoder&)`.
+  template <class Fn>
+  decltype(auto) withDecoder(std::string_view key, Fn&& fn) const {
+    CodingPathLink link{pathLink(), key};
+    Decoder sub(*context_, require(key), &link);
+    return fn(static_cast<const Decoder&>(sub));
+  }
+
+  // Scalar reads behind the templates; each does one lookup and one backend read.
+  std::string decodeString(std::string_view key) const;
+  double decodeDouble(std::string_view key) const;
+  std::int64_t decodeInt(std::string_view key) const;
+  bool decodeBool(std::string_view key) const;
+  Date decodeDate(std::string_view key) const;
+  Url decodeUrl(std::string_view key) const;
+  std::optional<std::string> decodeStringIfPresent(std::string_view key) const;
+  std::optional<double> decodeDoubleIfPresent(std::string_view key) const;
+  std::optional<std::int64_t> decodeIntIfPresent(std::string_view key) const;
+  std::optional<bool> decodeBoolIfPresent(std::string_view key) const;
+  std::optional<Date> decodeDateIfPresent(std::string_view key) const;
+  std::optional<Url> decodeUrlIfPresent(std::string_view key) const;
+  std::optional<std::string_view> tolerantStringView(std::string_view key) const noexcept;
+  std::optional<double> tolerantDouble(std::string_view key) const noexcept;
+  std::optional<std::int64_t> tolerantInt(std::string_view key) const noexcept;
+  std::optional<bool> tolerantBool(std::string_view key) const noexcept;
+  std::optional<Date> tolerantDate(std::string_view key) const noexcept;
+  std::optional<Url> tolerantUrl(std::string_view key) const noexcept;
+
+ private:
+  bool find(std::string_view key, Node& value) const noexcept;
+  /// The value under a required key; raises keyNotFound when absent.
+  Node require(std::string_view key) const;
+  /// The value under an optional key: false when absent or null.
+  bool lookupPresent(std::string_view key, Node& value) const noexcept;
+  [[noreturn]] void throwKeyNotFound(std::string_view key) const;
+
+  template <class T>
+  static constexpr bool isScalar =
+      std::is_same_v<T, std::string> || std::is_same_v<T, double> ||
+      std::is_same_v<T, std::int64_t> || std::is_same_v<T, bool> || std::is_same_v<T, Date> ||
+      std::is_same_v<T, Url>;
+
+  template <class T>
+  T decodeScalar(std::string_view key) const;
+  template <class T>
+  std::optional<T> decodeScalarIfPresent(std::string_view key) const;
+  template <class T>
+  std::optional<T> tolerantScalar(std::string_view key) const noexcept;
+
+  const DecodingContext* context_;
+  Node object_;
+  const CodingPathLink* path_;
+  CodingPathLink self_;
+  bool nested_ = false;
+  mutable DecoderBackend::LookupState lookup_;
+};
+
+/// Reads the elements of one array in order.
+class UnkeyedDecodingContainer {
+ public:
+  UnkeyedDecodingContainer(const DecodingContext& context, Node array, const CodingPathLink* path);
+  /// A container for the array under `key` of a container whose path is `parent`.
+  UnkeyedDecodingContainer(const DecodingContext& context, Node array, const CodingPathLink* parent,
+                           std::string_view key);
+
+  bool isAtEnd() const { return index_ >= count_; }
+  std::size_t count() const { return count_; }
+  std::size_t currentIndex() const { return index_; }
+  CodingPath codingPath() const { return CodingPathLink::materialize(pathLink()); }
+  const CodingPathLink* pathLink() const { return nested_ ? &self_ : path_; }
+
+  /// Decodes the next element; past the end fails with valueNotFound.
+  template <class T>
+  T decode() {
+    checkNotAtEnd();
+    CodingPathLink link{pathLink(), {}, index_, true};
+    Decoder sub(*context_, current_, &link);
+    T value = Coding<T>::decode(sub);
+    advance();
+    return value;
+  }
+
+ private:
+  void checkNotAtEnd() const;
+  void advance();
+
+  const DecodingContext* context_;
+  Node array_;
+  const CodingPathLink* path_;
+  CodingPathLink self_;
+  bool nested_ = false;
+  std::size_t count_;
+  std::size_t index_ = 0;
+  Node current_ = 0;
+};
+
+// --- How each kind of value decodes -------------------------------------------------------
+
+/// A record held by reference decodes through its `static Ref<R> decode(const Decoder&)`; a
+/// value type through `static T decode(const Decoder&)`. Raw-value enumerations, scalars,
+/// lists and the like specialise this.
+template <class T>
+struct Coding {
+  static T decode(const Decoder& d) { return T::decode(d); }
+};
+
+template <class R>
+struct Coding<std::shared_ptr<R>> {
+  static std::shared_ptr<R> decode(const Decoder& d) { return R::decode(d); }
+};
+
+template <class T>
+struct Coding<std::vector<T>> {
+  static std::vector<T> decode(const Decoder& d) {
+    auto array = d.unkeyedContainer();
+    std::vector<T> out;
+    out.reserve(array.count());
+    while (!array.isAtEnd()) out.push_back(array.template decode<T>());
+    return out;
+  }
+};
+
+#define ORVANE_SCALAR_CODING(Type, method)                                                  \
+  template <>                                                                               \
+  struct Coding<Type> {                                                                     \
+    static Type decode(const Decoder& d) { return d.singleValueContainer().method(); }      \
+  };
+ORVANE_SCALAR_CODING(std::string, decodeString)
+ORVANE_SCALAR_CODING(double, decodeDouble)
+ORVANE_SCALAR_CODING(std::int64_t, decodeInt)
+ORVANE_SCALAR_CODING(bool, decodeBool)
+ORVANE_SCALAR_CODING(Date, decodeDate)
+ORVANE_SCALAR_CODING(Url, decodeUrl)
+#undef ORVANE_SCALAR_CODING
+
+/// Whether `Coding<T>` can read a value of T without raising for its ordinary failures.
+template <class T, class = void>
+struct HasTolerantCoding : std::false_type {};
+template <class T>
+struct HasTolerantCoding<T, std::void_t<decltype(Coding<T>::tryDecode(
+                                std::declval<const SingleValueDecodingContainer&>()))>>
+    : std::true_type {};
+
+// --- Keyed container templates ------------------------------------------------------------
+
+template <class T>
+T KeyedDecodingContainer::decode(std::string_view key) const {
+  if constexpr (isScalar<T>) {
+    return decodeScalar<T>(key);
+  } else {
+    CodingPathLink link{pathLink(), key};
+    Decoder sub(*context_, require(key), &link);
+    return Coding<T>::decode(sub);
+  }
+}
+
+template <class T>
+Optional<T> KeyedDecodingContainer::decodeIfPresent(std::string_view key) const {
+  if constexpr (isScalar<T>) {
+    return decodeScalarIfPresent<T>(key);
+  } else {
+    Node value;
+    if (!lookupPresent(key, value)) return Optional<T>{};
+    CodingPathLink link{pathLink(), key};
+    Decoder sub(*context_, value, &link);
+    return Optional<T>(Coding<T>::decode(sub));
+  }
+}
+
+template <class T>
+Optional<T> KeyedDecodingContainer::decodeTolerant(std::string_view key) const {
+  if constexpr (isScalar<T>) {
+    return tolerantScalar<T>(key);
+  } else if constexpr (HasTolerantCoding<T>::value) {
+    Node value;
+    if (!find(key, value)) return Optional<T>{};
+    CodingPathLink link{pathLink(), key};
+    Decoder sub(*context_, value, &link);
+    return Coding<T>::tryDecode(SingleValueDecodingContainer(sub));
+  } else {
+    // Records under a tolerant key are rare; their failures may come from deep inside.
+    try {
+      return Optional<T>(decode<T>(key));
+    } catch (const DecodingError&) {
+      return Optional<T>{};
+    }
+  }
+}
+
+template <class T>
+T KeyedDecodingContainer::decodeScalar(std::string_view key) const {
+  if constexpr (std::is_same_v<T, std::string>) return decodeString(key);
+  else if constexpr (std::is_same_v<T, double>) return decodeDouble(key);
+  else if constexpr (std::is_same_v<T, std::int64_t>) return decodeInt(key);
+  else if constexpr (std::is_same_v<T, bool>) return decodeBool(key);
+  else if constexpr (std::is_same_v<T, Date>) return decodeDate(key);
+  else return decodeUrl(key);
+}
+
+template <class T>
+std::optional<T> KeyedDecodingContainer::decodeScalarIfPresent(std::string_view key) const {
+  if constexpr (std::is_same_v<T, std::string>) return decodeStringIfPresent(key);
+  else if constexpr (std::is_same_v<T, double>) return decodeDoubleIfPresent(key);
+  else if constexpr (std::is_same_v<T, std::int64_t>) return decodeIntIfPresent(key);
+  else if constexpr (std::is_same_v<T, bool>) return decodeBoolIfPresent(key);
+  else if constexpr (std::is_same_v<T, Date>) return decodeDateIfPresent(key);
+  else return decodeUrlIfPresent(key);
+}
+
+template <class T>
+std::optional<T> KeyedDecodingContainer::tolerantScalar(std::string_view key) const noexcept {
+  if constexpr (std::is_same_v<T, std::string>) {
+    auto v = tolerantStringView(key);
+    return v ? std::optional<std::string>(std::string(*v)) : std::nullopt;
+  } else if constexpr (std::is_same_v<T, double>) return tolerantDouble(key);
+  else if constexpr (std::is_same_v<T, std::int64_t>) return tolerantInt(key);
+  else if constexpr (std::is_same_v<T, bool>) return tolerantBool(key);
+  else if constexpr (std::is_same_v<T, Date>) return tolerantDate(key);
+  else return tolerantUrl(key);
+}
+
+}  // namespace orvane

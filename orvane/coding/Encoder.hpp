@@ -1,0 +1,221 @@
+// The encoding half of the keyed coding interface. Encoders stream: a record's members are
+// written in the order its encoding operation writes them, with no tree built in between.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <vector>
+
+#include <orvane/coding/CodingError.hpp>
+#include <orvane/coding/Ref.hpp>
+#include <orvane/coding/Values.hpp>
+
+namespace orvane {
+
+/// The document an encoder writes into. Open containers form a stack; a container is named by
+/// its level in that stack, and writing into a level first closes every container above it, so
+/// a nested container ends where its parent's next member begins.
+class EncoderBackend {
+ public:
+  virtual ~EncoderBackend();
+
+  /// Starts a member `key` of the object at `level`.
+  virtual void member(int level, std::string_view key) = 0;
+  /// Starts the next element of the array at `level`.
+  virtual void element(int level) = 0;
+  /// Opens an object or an array at the current position and returns its level.
+  virtual int openObject() = 0;
+  virtual int openArray() = 0;
+  /// Closes every container above `level`.
+  virtual void closeAbove(int level) = 0;
+
+  virtual void writeNull() = 0;
+  virtual void writeString(std::string_view value) = 0;
+  virtual void writeBool(bool value) = 0;
+  virtual void writeInt(std::int64_t value) = 0;
+  /// Raises EncodingError for a non-finite number.
+  virtual void writeDouble(double value, const CodingPathLink* path) = 0;
+  virtual void writeDate(Date value, const CodingPathLink* path) = 0;
+  virtual void writeUrl(const Url& value) = 0;
+};
+
+class KeyedEncodingContainer;
+class UnkeyedEncodingContainer;
+class SingleValueEncodingContainer;
+
+template <class T>
+struct EncodingOf;
+
+/// An encoder for one value position. Passed by reference to a record's `encode`; calling
+/// `container()` more than once writes every container into the same object.
+class Encoder {
+ public:
+  Encoder(EncoderBackend& backend, int level, const CodingPathLink* path)
+      : backend_(&backend), level_(level), path_(path) {}
+
+  KeyedEncodingContainer container();
+  UnkeyedEncodingContainer unkeyedContainer();
+  SingleValueEncodingContainer singleValueContainer();
+  CodingPath codingPath() const { return CodingPathLink::materialize(path_); }
+  const CodingPathLink* pathLink() const { return path_; }
+
+  /// Ends the value: one that wrote nothing becomes an empty object, and every container it
+  /// opened is closed.
+  void finish();
+
+ private:
+  friend class SingleValueEncodingContainer;
+  EncoderBackend* backend_;
+  int level_;  // the level of the container holding this value
+  const CodingPathLink* path_;
+  int objectLevel_ = -1;
+  int arrayLevel_ = -1;
+  bool wroteScalar_ = false;
+};
+
+class SingleValueEncodingContainer {
+ public:
+  explicit SingleValueEncodingContainer(Encoder& encoder) : encoder_(&encoder) {}
+  void encodeNil();
+  void encode(std::string_view value);
+  void encode(const std::string& value) { encode(std::string_view(value)); }
+  void encode(const char* value) { encode(std::string_view(value)); }
+  void encode(double value);
+  void encode(std::int64_t value);
+  void encode(bool value);
+  void encode(Date value);
+  void encode(const Url& value);
+
+ private:
+  EncoderBackend& backend() { return *encoder_->backend_; }
+  void begin();
+  Encoder* encoder_;
+};
+
+/// Writes the members of one object.
+class KeyedEncodingContainer {
+ public:
+  KeyedEncodingContainer(EncoderBackend& backend, int level, const CodingPathLink* path)
+      : backend_(&backend), level_(level), path_(path) {}
+  KeyedEncodingContainer(EncoderBackend& backend, int level, const CodingPathLink* parent,
+                         std::string_view key)
+      : backend_(&backend), level_(level), path_(nullptr), self_{parent, key}, nested_(true) {}
+
+  /// Always written.
+  template <class T>
+  void encode(std::string_view key, const T& value);
+  /// Written when present: no value writes nothing.
+  template <class T>
+  void encodeIfPresent(std::string_view key, const T& value) {
+    if (value) encode(key, *value);
+  }
+  void encodeNil(std::string_view key);
+
+  KeyedEncodingContainer nestedContainer(std::string_view key);
+  UnkeyedEncodingContainer nestedUnkeyedContainer(std::string_view key);
+  const CodingPathLink* pathLink() const { return nested_ ? &self_ : path_; }
+  CodingPath codingPath() const { return CodingPathLink::materialize(pathLink()); }
+
+  void encode(std::string_view key, std::string_view value);
+  void encode(std::string_view key, const std::string& value) {
+    encode(key, std::string_view(value));
+  }
+  void encode(std::string_view key, const char* value) { encode(key, std::string_view(value)); }
+  void encode(std::string_view key, double value);
+  void encode(std::string_view key, std::int64_t value);
+  void encode(std::string_view key, bool value);
+  void encode(std::string_view key, Date value);
+  void encode(std::string_view key, const Url& value);
+
+ private:
+  EncoderBackend* backend_;
+  int level_;
+  const CodingPathLink* path_;
+  CodingPathLink self_;
+  bool nested_ = false;
+};
+
+/// Writes the elements of one array.
+class UnkeyedEncodingContainer {
+ public:
+  UnkeyedEncodingContainer(EncoderBackend& backend, int level, const CodingPathLink* path)
+      : backend_(&backend), level_(level), path_(path) {}
+  UnkeyedEncodingContainer(EncoderBackend& backend, int level, const CodingPathLink* parent,
+                           std::string_view key)
+      : backend_(&backend), level_(level), path_(nullptr), self_{parent, key}, nested_(true) {}
+
+  template <class T>
+  void encode(const T& value) {
+    backend_->element(level_);
+    CodingPathLink link{pathLink(), {}, count_++, true};
+    Encoder sub(*backend_, level_, &link);
+    EncodingOf<T>::encode(sub, value);
+    sub.finish();
+  }
+  std::size_t count() const { return count_; }
+  const CodingPathLink* pathLink() const { return nested_ ? &self_ : path_; }
+
+ private:
+  EncoderBackend* backend_;
+  int level_;
+  const CodingPathLink* path_;
+  CodingPathLink self_;
+  bool nested_ = false;
+  std::size_t count_ = 0;
+};
+
+// --- How each kind of value encodes -------------------------------------------------------
+
+/// A value type writes itself through `void encode(Encoder&) const`, a record held by
+/// reference likewise; raw-value enumerations, scalars and lists specialise this.
+template <class T>
+struct EncodingOf {
+  static void encode(Encoder& e, const T& value) { value.encode(e); }
+};
+
+template <class R>
+struct EncodingOf<std::shared_ptr<R>> {
+  static void encode(Encoder& e, const std::shared_ptr<R>& value) {
+    if (value) value->encode(e);
+    else e.singleValueContainer().encodeNil();
+  }
+};
+
+template <class T>
+struct EncodingOf<std::vector<T>> {
+  static void encode(Encoder& e, const std::vector<T>& values) {
+    auto array = e.unkeyedContainer();
+    for (const auto& v : values) array.encode(v);
+  }
+};
+
+#define ORVANE_SCALAR_ENCODING(Type)                                                         \
+  template <>                                                                                \
+  struct EncodingOf<Type> {                                                                  \
+    static void encode(Encoder& e, const Type& v) { e.singleValueContainer().encode(v); }    \
+  };
+ORVANE_SCALAR_ENCODING(std::string)
+ORVANE_SCALAR_ENCODING(double)
+ORVANE_SCALAR_ENCODING(std::int64_t)
+ORVANE_SCALAR_ENCODING(bool)
+ORVANE_SCALAR_ENCODING(Date)
+ORVANE_SCALAR_ENCODING(Url)
+#undef ORVANE_SCALAR_ENCODING
+
+template <class T>
+void KeyedEncodingContainer::encode(std::string_view key, const T& value) {
+  if constexpr (std::is_integral_v<T> && !std::is_same_v<T, bool>) {
+    encode(key, static_cast<std::int64_t>(value));
+  } else {
+    backend_->member(level_, key);
+    CodingPathLink link{pathLink(), key};
+    Encoder sub(*backend_, level_, &link);
+    EncodingOf<T>::encode(sub, value);
+    sub.finish();
+  }
+}
+
+}  // namespace orvane

@@ -1,0 +1,106 @@
+// Every record lists its stored fields once, as name and value, to a FieldVisitor. Debug views
+// (the tool's dump) and structural comparisons are built on that listing.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <orvane/coding/Identifier.hpp>
+#include <orvane/coding/RawEnum.hpp>
+#include <orvane/coding/Values.hpp>
+
+namespace orvane {
+
+/// Receives a value as a tree of objects, arrays and scalars.
+class FieldVisitor {
+ public:
+  virtual ~FieldVisitor();
+  virtual void null() = 0;
+  virtual void boolean(bool value) = 0;
+  virtual void integer(std::int64_t value) = 0;
+  virtual void number(double value) = 0;
+  virtual void string(std::string_view value) = 0;
+  virtual void beginObject() = 0;
+  virtual void key(std::string_view name) = 0;
+  virtual void endObject() = 0;
+  virtual void beginArray() = 0;
+  virtual void endArray() = 0;
+
+  /// One member: the field's name, then its value.
+  template <class T>
+  void field(std::string_view name, const T& value);
+};
+
+void describe(FieldVisitor& v, const std::string& value);
+void describe(FieldVisitor& v, double value);
+void describe(FieldVisitor& v, std::int64_t value);
+void describe(FieldVisitor& v, bool value);
+void describe(FieldVisitor& v, const Identifier& value);
+void describe(FieldVisitor& v, Date value);
+void describe(FieldVisitor& v, const Url& value);
+void describe(FieldVisitor& v, const Rect& value);
+void describe(FieldVisitor& v, const Point& value);
+void describe(FieldVisitor& v, const Size& value);
+void describe(FieldVisitor& v, const Range& value);
+
+/// A raw-value enumeration shows its case name; a record or value with `visitFields` shows an
+/// object of its fields.
+template <class T>
+void describe(FieldVisitor& v, const T& value) {
+  if constexpr (RawEnum<T>) {
+    v.string(caseName(value));
+  } else {
+    v.beginObject();
+    value.visitFields(v);
+    v.endObject();
+  }
+}
+
+template <class T>
+void describe(FieldVisitor& v, const std::optional<T>& value) {
+  if (value) describe(v, *value);
+  else v.null();
+}
+
+template <class T>
+void describe(FieldVisitor& v, const std::vector<T>& values) {
+  v.beginArray();
+  for (const auto& value : values) describe(v, value);
+  v.endArray();
+}
+
+template <class T>
+void describe(FieldVisitor& v, const std::shared_ptr<T>& value) {
+  if (value) describe(v, *value);
+  else v.null();
+}
+
+/// A back-reference shows the identifier of the record it refers to.
+template <class T>
+void describe(FieldVisitor& v, const std::weak_ptr<T>& value) {
+  if (auto target = value.lock()) v.string(target->identifier().rawValue());
+  else v.null();
+}
+
+template <class K, class T, class C>
+void describe(FieldVisitor& v, const std::map<K, T, C>& values) {
+  v.beginObject();
+  for (const auto& [key, value] : values) {
+    v.key(key);
+    describe(v, value);
+  }
+  v.endObject();
+}
+
+template <class T>
+void FieldVisitor::field(std::string_view name, const T& value) {
+  key(name);
+  describe(*this, value);
+}
+
+}  // namespace orvane

@@ -1,0 +1,49 @@
+#include <orvane/coding/Geometry.hpp>
+
+namespace orvane {
+
+Rect Coding<Rect>::decode(const Decoder& d) {
+  auto c = d.container();
+  double x = c.decodeDouble("x");
+  double y = c.decodeDouble("y");
+  double width = c.decodeDouble("width");
+  double height = c.decodeDouble("height");
+  return Rect(x, y, width, height);
+}
+
+void EncodingOf<Rect>::encode(Encoder& e, const Rect& r) {
+  auto c = e.container();
+  Rect s = r.standardized();
+  c.encode("x", s.origin.x);
+  c.encode("y", s.origin.y);
+  c.encode("width", s.size.width);
+  c.encode("height", s.size.height);
+}
+
+Point Coding<Point>::decode(const Decoder& d) {
+  auto c = d.container();
+  double x = c.decodeDouble("x");
+  double y = c.decodeDouble("y");
+  return Point{x, y};
+}
+
+void EncodingOf<Point>::encode(Encoder& e, const Point& p) {
+  auto c = e.container();
+  c.encode("x", p.x);
+  c.encode("y", p.y);
+}
+
+Range Coding<Range>::decode(const Decoder& d) {
+  auto c = d.container();
+  std::int64_t location = c.decodeInt("location");
+  std::int64_t length = c.decodeInt("length");
+  return Range{location, length};
+}
+
+void EncodingOf<Range>::encode(Encoder& e, const Range& r) {
+  auto c = e.container();
+  c.encode("location", r.location);
+  c.encode("length", r.length);
+}
+
+}  // namespace orvane

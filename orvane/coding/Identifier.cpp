@@ -1,0 +1,77 @@
+#include <orvane/coding/Identifier.hpp>
+
+#include <cstdint>
+#include <cstdlib>
+#include <random>
+
+#include <utf8proc.h>
+
+namespace orvane {
+
+namespace {
+
+bool isAscii(std::string_view s) {
+  for (unsigned char c : s) {
+    if (c & 0x80) return false;
+  }
+  return true;
+}
+
+// NFC of a UTF-8 string; text that is not valid UTF-8 is compared as bytes.
+std::string nfc(const std::string& s) {
+  utf8proc_uint8_t* out = nullptr;
+  utf8proc_ssize_t n =
+      utf8proc_map(reinterpret_cast<const utf8proc_uint8_t*>(s.data()),
+                   static_cast<utf8proc_ssize_t>(s.size()), &out,
+                   static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_COMPOSE));
+  if (n < 0) return s;
+  std::string result(reinterpret_cast<char*>(out), static_cast<std::size_t>(n));
+  std::free(out);
+  return result;
+}
+
+}  // namespace
+
+Identifier::Identifier(std::string rawValue) : raw_(std::move(rawValue)) {
+  canonical_ = isAscii(raw_) || nfc(raw_) == raw_;
+}
+
+Identifier Identifier::local() {
+  // One engine per thread: local identifiers are made by the thousand when an imported document
+  // is decoded, and a system call for each would dominate.
+  thread_local std::mt19937_64 engine{[] {
+    std::random_device device;
+    std::seed_seq seq{device(), device(), device(), device()};
+    return std::mt19937_64(seq);
+  }()};
+  std::uint64_t hi = engine(), lo = engine();
+  hi = (hi & ~0xF000ull) | 0x4000ull;                    // version 4
+  lo = (lo & ~(0xC0ull << 56)) | (0x80ull << 56);        // RFC 4122 variant
+  static constexpr char hex[] = "0123456789ABCDEF";
+  std::string s = "MACOS-";
+  s.reserve(43);
+  auto put = [&](std::uint64_t v, int nibbles) {
+    for (int i = nibbles - 1; i >= 0; --i) s += hex[(v >> (4 * i)) & 0xF];
+  };
+  put(hi >> 32, 8);
+  s += '-';
+  put(hi >> 16, 4);
+  s += '-';
+  put(hi, 4);
+  s += '-';
+  put(lo >> 48, 4);
+  s += '-';
+  put(lo, 12);
+  return Identifier(std::move(s));
+}
+
+bool Identifier::operator==(const Identifier& other) const {
+  if (canonical_ && other.canonical_) return raw_ == other.raw_;
+  return nfc(raw_) == nfc(other.raw_);
+}
+
+std::size_t Identifier::hash() const {
+  return std::hash<std::string>{}(canonical_ ? raw_ : nfc(raw_));
+}
+
+}  // namespace orvane

@@ -1,0 +1,92 @@
+// Raw-value enumerations: cases coded as fixed strings. Each enumeration supplies one table;
+// every operation (raw value, lookup, coding, messages, allCases) is derived from it here.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <orvane/coding/Decoder.hpp>
+#include <orvane/coding/Encoder.hpp>
+
+namespace orvane {
+
+template <class E>
+struct EnumCase {
+  E value;
+  std::string_view rawValue;  // as coded
+  std::string_view name;      // the case's name in the model
+};
+
+/// Specialised once per enumeration, with:
+///   static constexpr std::string_view typeName;            // short name, for messages
+///   static constexpr std::array<EnumCase<E>, N> cases;     // in declaration order
+///   static constexpr bool hasAllCases;                      // whether the model lists them
+template <class E>
+struct EnumTraits;
+
+template <class E>
+concept RawEnum = requires { EnumTraits<E>::cases; };
+
+template <RawEnum E>
+constexpr std::string_view rawValue(E value) {
+  for (const auto& c : EnumTraits<E>::cases) {
+    if (c.value == value) return c.rawValue;
+  }
+  return {};
+}
+
+/// The case's name as the model writes it (`photoshop`, `_2x`).
+template <RawEnum E>
+constexpr std::string_view caseName(E value) {
+  for (const auto& c : EnumTraits<E>::cases) {
+    if (c.value == value) return c.name;
+  }
+  return {};
+}
+
+/// Exact, case-sensitive match of the whole string.
+template <RawEnum E>
+constexpr std::optional<E> fromRawValue(std::string_view raw) {
+  for (const auto& c : EnumTraits<E>::cases) {
+    if (c.rawValue == raw) return c.value;
+  }
+  return std::nullopt;
+}
+
+template <RawEnum E>
+  requires(EnumTraits<E>::hasAllCases)
+std::vector<E> allCases() {
+  std::vector<E> out;
+  for (const auto& c : EnumTraits<E>::cases) out.push_back(c.value);
+  return out;
+}
+
+/// "Cannot initialize <Type> from invalid String value <raw>".
+std::string invalidRawValueMessage(std::string_view typeName, std::string_view raw);
+
+template <RawEnum E>
+struct Coding<E> {
+  static E decode(const Decoder& d) {
+    auto c = d.singleValueContainer();
+    std::string_view raw = c.decodeStringView();
+    if (auto value = fromRawValue<E>(raw)) return *value;
+    throw DecodingError::dataCorrupted(c.pathLink(),
+                                       invalidRawValueMessage(EnumTraits<E>::typeName, raw));
+  }
+  /// For tolerant keys: no value for anything but a known string, without raising.
+  static std::optional<E> tryDecode(const SingleValueDecodingContainer& c) noexcept {
+    auto raw = c.tryStringView();
+    return raw ? fromRawValue<E>(*raw) : std::nullopt;
+  }
+};
+
+template <RawEnum E>
+struct EncodingOf<E> {
+  static void encode(Encoder& e, E value) { e.singleValueContainer().encode(rawValue(value)); }
+};
+
+}  // namespace orvane

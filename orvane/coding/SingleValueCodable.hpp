@@ -1,0 +1,44 @@
+// Types represented by one raw value and coded as that single value.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include <orvane/coding/Decoder.hpp>
+#include <orvane/coding/Encoder.hpp>
+
+namespace orvane {
+
+/// A type adopts single-value coding by providing
+///   static constexpr std::string_view typeName;        // short name, for messages
+///   static std::optional<T> fromRawValue(std::string);  // no value when it refuses the text
+///   const std::string& rawValue() const;
+template <class T>
+concept SingleValueCodable = requires(const T& t, std::string raw) {
+  { T::typeName } -> std::convertible_to<std::string_view>;
+  { T::fromRawValue(raw) } -> std::same_as<std::optional<T>>;
+  { t.rawValue() } -> std::convertible_to<std::string_view>;
+};
+
+/// "Decoding <Type> from “<raw>” failed."
+std::string refusedSingleValueMessage(std::string_view typeName, std::string_view raw);
+
+template <SingleValueCodable T>
+struct Coding<T> {
+  static T decode(const Decoder& d) {
+    auto c = d.singleValueContainer();
+    std::string raw = c.decodeString();
+    if (auto value = T::fromRawValue(raw)) return std::move(*value);
+    throw DecodingError::dataCorrupted(c.pathLink(), refusedSingleValueMessage(T::typeName, raw));
+  }
+};
+
+template <SingleValueCodable T>
+struct EncodingOf<T> {
+  static void encode(Encoder& e, const T& value) {
+    e.singleValueContainer().encode(std::string_view(value.rawValue()));
+  }
+};
+
+}  // namespace orvane

@@ -1,0 +1,98 @@
+#include "DateText.hpp"
+
+#include <cmath>
+#include <cstdio>
+
+namespace orvane {
+
+using namespace std::chrono;
+
+std::string formatIso8601(Date date) {
+  auto us = date.time_since_epoch();
+  auto days = floor<std::chrono::days>(us);
+  year_month_day ymd{sys_days{days}};
+  auto rest = us - days;
+  auto h = duration_cast<hours>(rest);
+  auto m = duration_cast<minutes>(rest - h);
+  auto s = duration_cast<seconds>(rest - h - m);
+  auto frac = (rest - h - m - s).count();  // microseconds
+  char buf[80];
+  int n = std::snprintf(buf, sizeof buf, "%04d-%02u-%02uT%02d:%02d:%02d", int(ymd.year()),
+                        unsigned(ymd.month()), unsigned(ymd.day()), int(h.count()),
+                        int(m.count()), int(s.count()));
+  std::string out(buf, static_cast<std::size_t>(n));
+  if (frac != 0) {
+    if (frac % 1000 == 0) std::snprintf(buf, sizeof buf, ".%03lld", (long long)(frac / 1000));
+    else std::snprintf(buf, sizeof buf, ".%06lld", (long long)frac);
+    out += buf;
+  }
+  out += 'Z';
+  return out;
+}
+
+namespace {
+
+bool digits(std::string_view t, std::size_t pos, std::size_t count, int& out) {
+  if (pos + count > t.size()) return false;
+  int v = 0;
+  for (std::size_t i = 0; i < count; ++i) {
+    char c = t[pos + i];
+    if (c < '0' || c > '9') return false;
+    v = v * 10 + (c - '0');
+  }
+  out = v;
+  return true;
+}
+
+}  // namespace
+
+std::optional<Date> parseIso8601(std::string_view t) {
+  int Y, M, D, h, m, s;
+  if (!digits(t, 0, 4, Y) || t.size() < 19 || t[4] != '-' || !digits(t, 5, 2, M) || t[7] != '-' ||
+      !digits(t, 8, 2, D) || (t[10] != 'T' && t[10] != 't') || !digits(t, 11, 2, h) ||
+      t[13] != ':' || !digits(t, 14, 2, m) || t[16] != ':' || !digits(t, 17, 2, s)) {
+    return std::nullopt;
+  }
+  year_month_day ymd{year{Y}, month{unsigned(M)}, day{unsigned(D)}};
+  if (!ymd.ok() || h > 23 || m > 59 || s > 60) return std::nullopt;
+  std::size_t pos = 19;
+  std::int64_t micros = 0;
+  if (pos < t.size() && t[pos] == '.') {
+    ++pos;
+    std::size_t start = pos;
+    std::int64_t scale = 100000;
+    while (pos < t.size() && t[pos] >= '0' && t[pos] <= '9') {
+      micros += (t[pos] - '0') * scale;  // digits past microseconds are dropped
+      scale /= 10;
+      ++pos;
+    }
+    if (pos == start) return std::nullopt;
+  }
+  if (pos >= t.size()) return std::nullopt;
+  int offsetMinutes = 0;
+  if (t[pos] == 'Z' || t[pos] == 'z') {
+    ++pos;
+  } else if (t[pos] == '+' || t[pos] == '-') {
+    int oh, om;
+    if (!digits(t, pos + 1, 2, oh) || pos + 3 >= t.size() || t[pos + 3] != ':' ||
+        !digits(t, pos + 4, 2, om) || oh > 23 || om > 59) {
+      return std::nullopt;
+    }
+    offsetMinutes = (oh * 60 + om) * (t[pos] == '-' ? -1 : 1);
+    pos += 6;
+  } else {
+    return std::nullopt;
+  }
+  if (pos != t.size()) return std::nullopt;
+  auto tp = sys_days{ymd} + hours{h} + minutes{m} + seconds{s} - minutes{offsetMinutes};
+  return Date(duration_cast<microseconds>(tp.time_since_epoch()) + microseconds{micros});
+}
+
+std::optional<Date> dateFromSeconds(double secondsValue) {
+  double micros = std::round(secondsValue * 1e6);
+  // Stay well inside what 64-bit microseconds and the calendar functions handle.
+  if (!(std::fabs(micros) < 9.0e18)) return std::nullopt;
+  return Date(microseconds{static_cast<std::int64_t>(micros)});
+}
+
+}  // namespace orvane

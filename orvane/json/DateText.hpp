@@ -1,0 +1,24 @@
+// Date text of the JSON coder (internal).
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include <orvane/coding/Values.hpp>
+
+namespace orvane {
+
+/// Seconds from 1970-01-01 to 2001-01-01, the reference date of the deferred strategy.
+inline constexpr double kReferenceDateOffset = 978307200.0;
+
+/// RFC 3339 in UTC with "Z"; fractional seconds only when they are not zero.
+std::string formatIso8601(Date date);
+
+/// RFC 3339: a full date, "T", a full time with optional fraction, and "Z" or an offset.
+std::optional<Date> parseIso8601(std::string_view text);
+
+/// A number of seconds since 1970 as a Date, when it is within range.
+std::optional<Date> dateFromSeconds(double seconds);
+
+}  // namespace orvane

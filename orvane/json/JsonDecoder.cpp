@@ -1,0 +1,306 @@
+#include <orvane/json/JsonDecoder.hpp>
+
+#include <charconv>
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <stdexcept>
+
+#include <simdjson.h>
+#include <uriparser/Uri.h>
+
+#include "DateText.hpp"
+#include <orvane/json/JsonWriter.hpp>
+
+namespace orvane {
+
+static_assert(JsonDecoder::kPadding >= simdjson::SIMDJSON_PADDING);
+
+namespace {
+
+// The decoder reads simdjson's DOM tape directly: a node is a tape index, so handles are one
+// word and walking an object needs no intermediate element objects.
+class TapeBackend final : public DecoderBackend {
+ public:
+  TapeBackend(const simdjson::dom::document& doc, DateStrategy dates)
+      : tape_(doc.tape.get()), strings_(doc.string_buf.get()), dates_(dates) {}
+
+  Node root() const { return 1; }
+
+  bool isNull(Node n) const noexcept override { return type(n) == 'n'; }
+  bool isObject(Node n) const noexcept override { return type(n) == '{'; }
+  bool isArray(Node n) const noexcept override { return type(n) == '['; }
+
+  bool findMember(Node object, std::string_view key, Node& value,
+                  LookupState& state) const noexcept override;
+
+  std::size_t arrayCount(Node array) const noexcept override {
+    std::size_t count = (tape_[array] >> 32) & simdjson::internal::JSON_COUNT_MASK;
+    if (count < simdjson::internal::JSON_COUNT_MASK) return count;
+    // The count saturates; walk the array for the exact number.
+    count = 0;
+    for (Node i = array + 1, end = afterIndex(array) - 1; i < end; i = afterIndex(i)) ++count;
+    return count;
+  }
+  Node firstElement(Node array) const noexcept override { return array + 1; }
+  Node nextElement(Node element) const noexcept override { return afterIndex(element); }
+
+  ReadStatus readString(Node n, std::string_view& out) const noexcept override {
+    char t = type(n);
+    if (t != '"') return t == 'n' ? ReadStatus::null : ReadStatus::mismatch;
+    out = stringAt(n);
+    return ReadStatus::ok;
+  }
+
+  ReadStatus readDouble(Node n, double& out) const noexcept override {
+    switch (type(n)) {
+      case 'd': out = payload<double>(n); return ReadStatus::ok;
+      case 'l': out = static_cast<double>(payload<std::int64_t>(n)); return ReadStatus::ok;
+      case 'u': out = static_cast<double>(payload<std::uint64_t>(n)); return ReadStatus::ok;
+      case 'n': return ReadStatus::null;
+      default: return ReadStatus::mismatch;
+    }
+  }
+
+  ReadStatus readInt(Node n, std::int64_t& out) const noexcept override {
+    switch (type(n)) {
+      case 'l': out = payload<std::int64_t>(n); return ReadStatus::ok;
+      case 'u': return ReadStatus::corrupted;  // only used beyond the signed range
+      case 'd': {
+        double d = payload<double>(n);
+        // An integral double within 64 bits is accepted, as 1.0 or 1e3 are numbers like 1.
+        if (d == std::trunc(d) && d >= -9223372036854775808.0 && d < 9223372036854775808.0) {
+          out = static_cast<std::int64_t>(d);
+          return ReadStatus::ok;
+        }
+        return ReadStatus::corrupted;
+      }
+      case 'n': return ReadStatus::null;
+      default: return ReadStatus::mismatch;
+    }
+  }
+
+  ReadStatus readBool(Node n, bool& out) const noexcept override {
+    switch (type(n)) {
+      case 't': out = true; return ReadStatus::ok;
+      case 'f': out = false; return ReadStatus::ok;
+      case 'n': return ReadStatus::null;
+      default: return ReadStatus::mismatch;
+    }
+  }
+
+  ReadStatus readDate(Node n, Date& out) const noexcept override {
+    if (dates_ == DateStrategy::iso8601) {
+      std::string_view text;
+      ReadStatus s = readString(n, text);
+      if (s != ReadStatus::ok) return s;
+      auto date = parseIso8601(text);
+      if (!date) return ReadStatus::corrupted;
+      out = *date;
+      return ReadStatus::ok;
+    }
+    double number;
+    ReadStatus s = readDouble(n, number);
+    if (s != ReadStatus::ok) return s;
+    double seconds = dates_ == DateStrategy::milliseconds ? number / 1e3
+                     : dates_ == DateStrategy::deferred   ? number + kReferenceDateOffset
+                                                          : number;
+    auto date = dateFromSeconds(seconds);
+    if (!date) return ReadStatus::corrupted;
+    out = *date;
+    return ReadStatus::ok;
+  }
+
+  ReadStatus readUrl(Node n, std::string_view& out) const noexcept override {
+    ReadStatus s = readString(n, out);
+    if (s != ReadStatus::ok) return s;
+    return isUriReference(out) ? ReadStatus::ok : ReadStatus::corrupted;
+  }
+
+  std::string describe(Node n) const override {
+    switch (type(n)) {
+      case '"': return "a string";
+      case 'l':
+      case 'u':
+      case 'd': return "a number";
+      case 't':
+      case 'f': return "a boolean";
+      case 'n': return "null";
+      case '{': return "an object";
+      case '[': return "an array";
+      default: return "a value";
+    }
+  }
+
+  std::string corruptionReason(Node n, std::string_view type) const override {
+    if (type == "Int") return "Parsed JSON number <" + numberText(n) + "> does not fit in Int.";
+    if (type == "URL") return "Invalid URL string.";
+    if (type == "Date") {
+      return dates_ == DateStrategy::iso8601 ? "Expected date string to be ISO8601-formatted."
+                                             : "Date value out of range.";
+    }
+    return "The value is not a valid " + std::string(type) + ".";
+  }
+
+ private:
+  char type(Node n) const noexcept { return static_cast<char>(tape_[n] >> 56); }
+
+  template <class T>
+  T payload(Node n) const noexcept {
+    T v;
+    std::memcpy(&v, &tape_[n + 1], sizeof v);
+    return v;
+  }
+
+  // The tape index just past the value at `n`.
+  Node afterIndex(Node n) const noexcept {
+    switch (type(n)) {
+      case '{':
+      case '[': return static_cast<std::uint32_t>(tape_[n]);
+      case 'l':
+      case 'u':
+      case 'd': return n + 2;
+      default: return n + 1;
+    }
+  }
+
+  std::string_view stringAt(Node n) const noexcept {
+    std::size_t offset = tape_[n] & simdjson::internal::JSON_VALUE_MASK;
+    std::uint32_t length;
+    std::memcpy(&length, strings_ + offset, sizeof length);
+    return {reinterpret_cast<const char*>(strings_ + offset + sizeof length), length};
+  }
+
+  std::string numberText(Node n) const {
+    std::string out;
+    switch (type(n)) {
+      case 'l': out = std::to_string(payload<std::int64_t>(n)); break;
+      case 'u': out = std::to_string(payload<std::uint64_t>(n)); break;
+      case 'd': appendJsonNumber(out, payload<double>(n)); break;
+      default: break;
+    }
+    return out;
+  }
+
+  static bool isUriReference(std::string_view text) noexcept {
+    if (text.empty()) return false;
+    UriUriA uri;
+    const char* error = nullptr;
+    int result = uriParseSingleUriExA(&uri, text.data(), text.data() + text.size(), &error);
+    if (result == URI_SUCCESS) uriFreeUriMembersA(&uri);
+    return result == URI_SUCCESS;
+  }
+
+  // Lookups keep a filter of the keys an object holds (one bit per key hash) so that absent
+  // keys, which records ask for often, are usually refused without a scan; two flag bits say
+  // whether the filter was built and whether the object repeats a key.
+  static constexpr std::uint64_t kBuilt = 1ull << 63;
+  static constexpr std::uint64_t kDuplicates = 1ull << 62;
+  static std::uint64_t keyBit(std::string_view key) noexcept {
+    std::uint32_t h = static_cast<std::uint32_t>(key.size()) * 0x9E3779B1u;
+    if (!key.empty()) {
+      h ^= static_cast<unsigned char>(key.front()) * 0x85EBCA6Bu;
+      h ^= static_cast<unsigned char>(key.back()) * 0xC2B2AE35u;
+      h ^= static_cast<unsigned char>(key[key.size() / 2]) * 0x27D4EB2Fu;
+    }
+    h ^= h >> 15;
+    return 1ull << (h % 62);
+  }
+
+  void buildFilter(Node object, LookupState& state) const noexcept {
+    std::uint64_t filter = kBuilt;
+    Node end = afterIndex(object) - 1;
+    for (Node i = object + 1; i < end; i = afterIndex(i + 1)) {
+      std::string_view key = stringAt(i);
+      std::uint64_t bit = keyBit(key);
+      if ((filter & bit) && !(filter & kDuplicates)) {
+        for (Node j = object + 1; j < i; j = afterIndex(j + 1)) {
+          if (stringAt(j) == key) {
+            filter |= kDuplicates;
+            break;
+          }
+        }
+      }
+      filter |= bit;
+    }
+    state.filter = filter;
+    state.position = object + 1;
+  }
+
+  const std::uint64_t* tape_;
+  const std::uint8_t* strings_;
+  DateStrategy dates_;
+};
+
+bool TapeBackend::findMember(Node object, std::string_view key, Node& value,
+                             LookupState& state) const noexcept {
+  if (!(state.filter & kBuilt)) buildFilter(object, state);
+  if (!(state.filter & keyBit(key))) return false;
+  Node begin = object + 1;
+  Node end = afterIndex(object) - 1;
+  if (state.filter & kDuplicates) {
+    bool found = false;
+    for (Node i = begin; i < end; i = afterIndex(i + 1)) {
+      if (stringAt(i) == key) {
+        value = i + 1;
+        found = true;
+      }
+    }
+    return found;
+  }
+  Node start = state.position;
+  for (int pass = 0; pass < 2; ++pass) {
+    Node from = pass == 0 ? start : begin;
+    Node to = pass == 0 ? end : start;
+    for (Node i = from; i < to; i = afterIndex(i + 1)) {
+      if (stringAt(i) == key) {
+        value = i + 1;
+        Node next = afterIndex(i + 1);
+        state.position = next < end ? next : begin;
+        return true;
+      }
+    }
+  }
+  return false;
+}
+
+class ParseError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+}  // namespace
+
+struct JsonDecoder::Parser {
+  simdjson::dom::parser parser;
+  std::size_t depth = 0;
+};
+
+JsonDecoder::JsonDecoder(JsonDecoderOptions options)
+    : options_(std::move(options)), parser_(std::make_unique<Parser>()) {}
+JsonDecoder::~JsonDecoder() = default;
+JsonDecoder::JsonDecoder(JsonDecoder&&) noexcept = default;
+JsonDecoder& JsonDecoder::operator=(JsonDecoder&&) noexcept = default;
+
+void JsonDecoder::run(std::string_view json, bool padded, void (*fn)(const Decoder&, void*),
+                      void* out) {
+  auto& p = *parser_;
+  simdjson::error_code error = simdjson::SUCCESS;
+  std::size_t depth = options_.maxDepth == 0 ? 1 : options_.maxDepth;
+  if (p.depth != depth || p.parser.capacity() < json.size()) {
+    error = p.parser.allocate(std::max<std::size_t>(json.size(), p.parser.capacity()), depth);
+    p.depth = error ? 0 : depth;
+  }
+  if (!error) error = p.parser.parse(json.data(), json.size(), !padded).error();
+  if (error) {
+    throw DecodingError(DecodingError::Kind::dataCorrupted, {}, "The given data was not valid JSON.",
+                        std::nullopt,
+                        std::make_exception_ptr(ParseError(simdjson::error_message(error))));
+  }
+  TapeBackend backend(p.parser.doc, options_.dates);
+  DecodingContext context{&backend, &options_.userInfo, isFromImportSource(options_.userInfo)};
+  Decoder root(context, backend.root(), nullptr);
+  fn(root, out);
+}
+
+}  // namespace orvane

@@ -1,0 +1,69 @@
+// Reads any decodable type from JSON text.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string_view>
+
+#include <orvane/coding/Decoder.hpp>
+#include <orvane/coding/UserInfo.hpp>
+#include <orvane/json/DateStrategy.hpp>
+
+namespace orvane {
+
+struct JsonDecoderOptions {
+  DateStrategy dates = DateStrategy::iso8601;
+  /// Handed to every record's decoding, e.g. the `fromImportSource` flag.
+  UserInfo userInfo;
+  /// Documents nested deeper than this many arrays and objects are refused as invalid.
+  std::size_t maxDepth = 512;
+};
+
+/// Parses a document and decodes a value of the requested type from it. Invalid JSON, invalid
+/// UTF-8 and nesting beyond the limit fail with dataCorrupted at the root. A JsonDecoder keeps
+/// its parser's buffers between calls; use one per thread.
+class JsonDecoder {
+ public:
+  explicit JsonDecoder(JsonDecoderOptions options = {});
+  ~JsonDecoder();
+  JsonDecoder(JsonDecoder&&) noexcept;
+  JsonDecoder& operator=(JsonDecoder&&) noexcept;
+
+  const JsonDecoderOptions& options() const { return options_; }
+
+  /// Decodes `T` from `json`, which is copied into a padded buffer first.
+  template <class T>
+  T decode(std::string_view json) {
+    return decodeImpl<T>(json, false);
+  }
+
+  /// Decodes `T` from `json` without copying it: at least `kPadding` readable bytes must
+  /// follow the end of `json` in memory (their contents do not matter).
+  template <class T>
+  T decodePadded(std::string_view json) {
+    return decodeImpl<T>(json, true);
+  }
+
+  static constexpr std::size_t kPadding = 64;
+
+ private:
+  template <class T>
+  T decodeImpl(std::string_view json, bool padded) {
+    std::optional<T> result;
+    run(json, padded,
+        [](const Decoder& d, void* out) {
+          static_cast<std::optional<T>*>(out)->emplace(Coding<T>::decode(d));
+        },
+        &result);
+    return std::move(*result);
+  }
+
+  void run(std::string_view json, bool padded, void (*fn)(const Decoder&, void*), void* out);
+
+  struct Parser;
+  JsonDecoderOptions options_;
+  std::unique_ptr<Parser> parser_;
+};
+
+}  // namespace orvane

@@ -1,0 +1,80 @@
+#include <orvane/json/JsonEncoder.hpp>
+
+#include <cmath>
+
+#include "DateText.hpp"
+#include <orvane/json/JsonWriter.hpp>
+
+namespace orvane {
+
+namespace {
+
+class JsonEncoderBackend final : public EncoderBackend {
+ public:
+  JsonEncoderBackend(std::string& out, const JsonEncoderOptions& options)
+      : writer_(out, options.pretty), dates_(options.dates) {}
+
+  void member(int level, std::string_view key) override {
+    closeAbove(level);
+    writer_.key(key);
+  }
+  void element(int level) override { closeAbove(level); }
+  int openObject() override {
+    writer_.beginObject();
+    kinds_.push_back(true);
+    return writer_.depth();
+  }
+  int openArray() override {
+    writer_.beginArray();
+    kinds_.push_back(false);
+    return writer_.depth();
+  }
+  void closeAbove(int level) override {
+    while (writer_.depth() > level) {
+      if (kinds_.back()) writer_.endObject();
+      else writer_.endArray();
+      kinds_.pop_back();
+    }
+  }
+
+  void writeNull() override { writer_.null(); }
+  void writeString(std::string_view value) override { writer_.string(value); }
+  void writeBool(bool value) override { writer_.boolean(value); }
+  void writeInt(std::int64_t value) override { writer_.integer(value); }
+  void writeDouble(double value, const CodingPathLink* path) override {
+    if (!std::isfinite(value)) {
+      throw EncodingError(CodingPathLink::materialize(path),
+                          "Unable to encode Double." + std::string(std::isnan(value) ? "nan" : "inf") +
+                              " directly in JSON.");
+    }
+    writer_.number(value);
+  }
+  void writeDate(Date value, const CodingPathLink* path) override {
+    using namespace std::chrono;
+    double micros = static_cast<double>(value.time_since_epoch().count());
+    switch (dates_) {
+      case DateStrategy::iso8601: writer_.string(formatIso8601(value)); return;
+      case DateStrategy::seconds: writeDouble(micros / 1e6, path); return;
+      case DateStrategy::milliseconds: writeDouble(micros / 1e3, path); return;
+      case DateStrategy::deferred: writeDouble(micros / 1e6 - kReferenceDateOffset, path); return;
+    }
+  }
+  void writeUrl(const Url& value) override { writer_.string(value.text()); }
+
+ private:
+  JsonWriter writer_;
+  DateStrategy dates_;
+  std::vector<bool> kinds_;  // per open container: object or array
+};
+
+}  // namespace
+
+void JsonEncoder::run(std::string& out, void (*fn)(Encoder&, const void*),
+                      const void* value) const {
+  JsonEncoderBackend backend(out, options_);
+  Encoder root(backend, 0, nullptr);
+  fn(root, value);
+  root.finish();
+}
+
+}  // namespace orvane

@@ -1,0 +1,42 @@
+// Writes any encodable value as JSON text.
+#pragma once
+
+#include <string>
+
+#include <orvane/coding/Encoder.hpp>
+#include <orvane/json/DateStrategy.hpp>
+
+namespace orvane {
+
+struct JsonEncoderOptions {
+  DateStrategy dates = DateStrategy::iso8601;
+  /// Indent by two spaces instead of writing compact text.
+  bool pretty = false;
+};
+
+/// Streams a value's members straight into a string, in the order its encoding writes them.
+/// Raises EncodingError for a non-finite number.
+class JsonEncoder {
+ public:
+  explicit JsonEncoder(JsonEncoderOptions options = {}) : options_(options) {}
+
+  template <class T>
+  std::string encode(const T& value) const {
+    std::string out;
+    encodeInto(out, value);
+    return out;
+  }
+
+  /// Appends the JSON text of `value` to `out`.
+  template <class T>
+  void encodeInto(std::string& out, const T& value) const {
+    run(out, [](Encoder& e, const void* v) { EncodingOf<T>::encode(e, *static_cast<const T*>(v)); },
+        &value);
+  }
+
+ private:
+  void run(std::string& out, void (*fn)(Encoder&, const void*), const void* value) const;
+  JsonEncoderOptions options_;
+};
+
+}  // namespace orvane

@@ -1,0 +1,26 @@
+#include "Types.hpp"
+
+#include <orvane/orvane.hpp>
+
+namespace orvane::tool {
+
+namespace {
+
+// Every TYPE the tool decodes, in the order `orvane types` lists them.
+constexpr TypeEntry kTypes[] = {
+    entry<Identifier>("Identifier"),
+    entry<Density>("Density"),
+};
+
+}  // namespace
+
+std::span<const TypeEntry> registeredTypes() { return kTypes; }
+
+const TypeEntry* findType(std::string_view name) {
+  for (const auto& type : kTypes) {
+    if (type.name == name) return &type;
+  }
+  return nullptr;
+}
+
+}  // namespace orvane::tool
