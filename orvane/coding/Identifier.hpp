@@ -25,7 +25,7 @@ class Identifier {
     return Identifier(std::move(rawValue));
   }
 
-  /// A fresh local identifier: "MACOS-" and a random UUID's upper-case text (43 characters).
+  /// A fresh local identifier: "MACOS-" and a random UUID's upper-case text (42 characters).
   static Identifier local();
 
   const std::string& rawValue() const { return raw_; }

@@ -286,7 +286,8 @@ void JsonDecoder::run(std::string_view json, bool padded, void (*fn)(const Decod
                       void* out) {
   auto& p = *parser_;
   simdjson::error_code error = simdjson::SUCCESS;
-  std::size_t depth = options_.maxDepth == 0 ? 1 : options_.maxDepth;
+  // simdjson counts the document root as a level of its own.
+  std::size_t depth = options_.maxDepth + 1;
   if (p.depth != depth || p.parser.capacity() < json.size()) {
     error = p.parser.allocate(std::max<std::size_t>(json.size(), p.parser.capacity()), depth);
     p.depth = error ? 0 : depth;

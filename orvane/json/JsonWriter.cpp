@@ -39,7 +39,10 @@ void appendJsonNumber(std::string& out, double value) {
     return;
   }
   char buf[32];
-  auto result = std::to_chars(buf, buf + sizeof buf, value);
+  // Integral text beyond 64 bits would read back as an integer too large for the parser.
+  auto result = std::fabs(value) >= 1e18
+                    ? std::to_chars(buf, buf + sizeof buf, value, std::chars_format::scientific)
+                    : std::to_chars(buf, buf + sizeof buf, value);
   out.append(buf, result.ptr);
 }
 

@@ -1,0 +1,20 @@
+#!/usr/bin/env bash
+# Installs what building and testing need on Debian 12, skipping what is already there.
+set -euo pipefail
+
+packages=(g++ cmake ninja-build pkg-config ccache
+          libsimdjson-dev libutf8proc-dev liburiparser-dev libcli11-dev
+          libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev rapidjson-dev)
+[ "${ORVANE_WITH_CLANG:-0}" = 1 ] && packages+=(clang libclang-rt-14-dev)
+
+missing=()
+for p in "${packages[@]}"; do
+  dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
+done
+if [ ${#missing[@]} -gt 0 ]; then
+  echo "Installing: ${missing[*]}"
+  sudo=""
+  [ "$(id -u)" = 0 ] || sudo="sudo"
+  $sudo apt-get update -qq
+  DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq --no-install-recommends "${missing[@]}"
+fi

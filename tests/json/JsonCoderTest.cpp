@@ -1,0 +1,180 @@
+#include <cmath>
+#include <cstring>
+#include <limits>
+
+#include <gtest/gtest.h>
+
+#include <orvane/json/JsonDecoder.hpp>
+#include <orvane/json/JsonEncoder.hpp>
+#include <orvane/orvane.hpp>
+
+#include "support/TestRecords.hpp"
+
+using namespace orvane;
+using Kind = DecodingError::Kind;
+
+namespace {
+
+template <class T>
+T decode(std::string_view json, DateStrategy dates = DateStrategy::iso8601) {
+  JsonDecoderOptions options;
+  options.dates = dates;
+  return JsonDecoder(options).decode<T>(json);
+}
+
+template <class T>
+DecodingError failure(std::string_view json, DateStrategy dates = DateStrategy::iso8601) {
+  try {
+    decode<T>(json, dates);
+  } catch (const DecodingError& e) {
+    return e;
+  }
+  ADD_FAILURE() << "decoded: " << json;
+  return DecodingError(Kind::keyNotFound, {}, "none");
+}
+
+template <class T>
+std::string encode(const T& value, DateStrategy dates = DateStrategy::iso8601) {
+  JsonEncoderOptions options;
+  options.dates = dates;
+  return JsonEncoder(options).encode(value);
+}
+
+}  // namespace
+
+TEST(JsonNumbers, IntsMustBeIntegralAndFit) {
+  EXPECT_EQ(decode<std::int64_t>("-9223372036854775808"), std::numeric_limits<std::int64_t>::min());
+  EXPECT_EQ(decode<std::int64_t>("1.0"), 1);
+  EXPECT_EQ(decode<std::int64_t>("1e3"), 1000);
+  const std::pair<const char*, const char*> refused[] = {
+      {"1.5", "Parsed JSON number <1.5> does not fit in Int."},
+      {"9223372036854775808", "Parsed JSON number <9223372036854775808> does not fit in Int."},
+      {"1e19", "Parsed JSON number <1e+19> does not fit in Int."},
+  };
+  for (auto [json, message] : refused) {
+    auto e = failure<std::int64_t>(json);
+    EXPECT_EQ(e.kind(), Kind::dataCorrupted) << json;
+    EXPECT_EQ(e.description(), message);
+  }
+  EXPECT_EQ(failure<bool>("1").kind(), Kind::typeMismatch);
+  EXPECT_EQ(failure<double>("\"1\"").kind(), Kind::typeMismatch);
+}
+
+TEST(JsonNumbers, DoublesRoundTripInShortestForm) {
+  const std::pair<double, const char*> cases[] = {
+      {1.0, "1"},         {0.1, "0.1"},     {-2.5, "-2.5"},   {1e21, "1e+21"},
+      {123456.75, "123456.75"}, {-0.0, "-0.0"}, {18446744073709551616.0, "1.8446744073709552e+19"},
+      {5e-324, "5e-324"},
+  };
+  for (auto [value, text] : cases) {
+    std::string json = encode(value);
+    EXPECT_EQ(json, text);
+    double back = decode<double>(json);
+    EXPECT_EQ(std::memcmp(&back, &value, sizeof value), 0) << json;
+  }
+  EXPECT_THROW(encode(std::numeric_limits<double>::infinity()), EncodingError);
+  EXPECT_THROW(encode(std::nan("")), EncodingError);
+}
+
+TEST(JsonStrings, OnlyQuotesBackslashesAndControlsAreEscaped) {
+  std::string raw = "a\"b\\c/d\n\t\x01\x7F \u00E9\U0001F600";
+  std::string json = encode(raw);
+  EXPECT_EQ(json, "\"a\\\"b\\\\c/d\\n\\t\\u0001\x7F \u00E9\U0001F600\"");
+  EXPECT_EQ(decode<std::string>(json), raw);
+  EXPECT_EQ(decode<std::string>(R"("\u00e9\ud83d\ude00\/")"), "\u00E9\U0001F600/");
+}
+
+TEST(JsonDates, EveryStrategyReadsAndWrites) {
+  using namespace std::chrono;
+  Date noonish = Date(sys_days{2024y / 5 / 1} + 12h + 30min);
+  EXPECT_EQ(encode(noonish), R"("2024-05-01T12:30:00Z")");
+  EXPECT_EQ(encode(noonish + 250ms), R"("2024-05-01T12:30:00.250Z")");
+  EXPECT_EQ(decode<Date>(R"("2024-05-01T14:30:00.25+02:00")"), noonish + 250ms);
+  EXPECT_EQ(decode<Date>(R"("2024-05-01t12:30:00z")"), noonish);
+  double unix = duration<double>(noonish.time_since_epoch()).count();
+  EXPECT_EQ(encode(noonish, DateStrategy::seconds), std::to_string(std::int64_t(unix)));
+  EXPECT_EQ(encode(noonish, DateStrategy::milliseconds),
+            std::to_string(std::int64_t(unix)) + "000");
+  EXPECT_EQ(encode(noonish, DateStrategy::deferred),
+            std::to_string(std::int64_t(unix) - 978307200));
+  EXPECT_EQ(decode<Date>("0", DateStrategy::deferred),
+            Date(sys_days{2001y / 1 / 1}.time_since_epoch()));
+  EXPECT_EQ(decode<Date>("1500", DateStrategy::milliseconds), Date(1500ms));
+  EXPECT_EQ(decode<Date>("-1.5", DateStrategy::seconds), Date(-1500ms));
+  for (const char* bad : {R"("2024-13-01T00:00:00Z")", R"("2024-02-30T00:00:00Z")",
+                          R"("2024-05-01 12:30:00Z")", R"("2024-05-01T12:30:00")",
+                          R"("2024-05-01T12:30:00.Z")", R"("yesterday")"}) {
+    auto e = failure<Date>(bad);
+    EXPECT_EQ(e.kind(), Kind::dataCorrupted) << bad;
+    EXPECT_EQ(e.description(), "Expected date string to be ISO8601-formatted.");
+  }
+  EXPECT_EQ(failure<Date>("12").kind(), Kind::typeMismatch);
+  EXPECT_EQ(failure<Date>(R"("12")", DateStrategy::seconds).kind(), Kind::typeMismatch);
+  EXPECT_EQ(failure<Date>("1e300", DateStrategy::seconds).kind(), Kind::dataCorrupted);
+}
+
+TEST(JsonUrls, UriReferencesOnlyAndTextKept) {
+  for (const char* ok : {"https://cdn.example.com/a%20b.png?x=1#f", "relative/path.png", "/abs",
+                         "mailto:someone@example.com"}) {
+    std::string json = encode(std::string(ok));
+    EXPECT_EQ(decode<Url>(json).text(), ok);
+    EXPECT_EQ(encode(decode<Url>(json)), json);
+  }
+  for (const char* bad : {R"("")", R"("http://exa mple.com")", R"("a b")", R"("http://[::1")"}) {
+    auto e = failure<Url>(bad);
+    EXPECT_EQ(e.kind(), Kind::dataCorrupted) << bad;
+    EXPECT_EQ(e.description(), "Invalid URL string.");
+  }
+}
+
+TEST(JsonDocuments, InvalidInputFailsAtTheRoot) {
+  std::string deep(600, '[');
+  deep += std::string(600, ']');
+  for (std::string bad : {std::string("{"), std::string(""), std::string("\"\xFF\""),
+                          std::string("[1,]"), std::string("{\"a\":1} x"), deep}) {
+    auto e = failure<std::vector<std::int64_t>>(bad);
+    EXPECT_EQ(e.kind(), Kind::dataCorrupted);
+    EXPECT_TRUE(e.codingPath().empty());
+    EXPECT_EQ(e.description(), "The given data was not valid JSON.");
+    EXPECT_TRUE(e.underlyingError());
+  }
+}
+
+TEST(JsonDocuments, DepthLimitIsAnOption) {
+  JsonDecoderOptions options;
+  options.maxDepth = 3;
+  JsonDecoder decoder(options);
+  EXPECT_NO_THROW(decoder.decode<std::vector<std::vector<std::vector<std::int64_t>>>>("[[[1]]]"));
+  EXPECT_THROW(decoder.decode<std::vector<std::vector<std::vector<std::vector<std::int64_t>>>>>(
+                   "[[[[1]]]]"),
+               DecodingError);
+}
+
+TEST(JsonDocuments, TheLastDuplicateMemberCounts) {
+  auto p = decode<fixtures::Probe>(R"({"tone":"light","name":"a","weight":1,"name":"b","tone":"dark"})");
+  EXPECT_EQ(p.name, "b");
+  EXPECT_EQ(p.weight, 1.0);
+  EXPECT_EQ(p.tone, fixtures::Tone::dark);
+}
+
+TEST(JsonDocuments, MembersCanBeReadInAnyOrder) {
+  auto p = decode<fixtures::Probe>(R"({"tone":"dark","count":4,"weight":2,"name":"x"})");
+  EXPECT_EQ(p.name, "x");
+  EXPECT_EQ(p.weight, 2.0);
+  EXPECT_EQ(p.tone, fixtures::Tone::dark);
+  EXPECT_EQ(p.count, 4);
+  // Many members, most of them looked up absent.
+  std::string json = "{";
+  for (int i = 0; i < 200; ++i) json += "\"k" + std::to_string(i) + "\":" + std::to_string(i) + ",";
+  json += "\"name\":\"n\"}";
+  EXPECT_EQ(decode<fixtures::Probe>(json).name, "n");
+}
+
+TEST(JsonEncoderOutput, PrettyIndentsByTwoSpaces) {
+  fixtures::Probe p{"a", 1.5, fixtures::Tone::dark, std::nullopt};
+  JsonEncoderOptions options;
+  options.pretty = true;
+  EXPECT_EQ(JsonEncoder(options).encode(p),
+            "{\n  \"name\": \"a\",\n  \"weight\": 1.5,\n  \"tone\": \"dark\"\n}");
+  EXPECT_EQ(JsonEncoder(options).encode(std::vector<std::int64_t>{}), "[]");
+}
