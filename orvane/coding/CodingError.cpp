@@ -32,10 +32,14 @@ CodingPath CodingPathLink::materialize(const CodingPathLink* link) {
 
 std::string_view kindName(DecodingError::Kind kind) {
   switch (kind) {
-    case DecodingError::Kind::keyNotFound: return "keyNotFound";
-    case DecodingError::Kind::valueNotFound: return "valueNotFound";
-    case DecodingError::Kind::typeMismatch: return "typeMismatch";
-    case DecodingError::Kind::dataCorrupted: return "dataCorrupted";
+    case DecodingError::Kind::keyNotFound:
+      return "keyNotFound";
+    case DecodingError::Kind::valueNotFound:
+      return "valueNotFound";
+    case DecodingError::Kind::typeMismatch:
+      return "typeMismatch";
+    case DecodingError::Kind::dataCorrupted:
+      return "dataCorrupted";
   }
   return "dataCorrupted";
 }
@@ -47,8 +51,8 @@ DecodingError::DecodingError(Kind kind, CodingPath codingPath, std::string descr
       key_(std::move(key)),
       description_(std::move(description)),
       underlying_(std::move(underlying)) {
-  what_ = std::string(kindName(kind_)) + " at " + formatCodingPath(codingPath_) + ": " +
-          description_;
+  what_ =
+      std::string(kindName(kind_)) + " at " + formatCodingPath(codingPath_) + ": " + description_;
 }
 
 EncodingError::EncodingError(CodingPath codingPath, std::string description)

@@ -83,8 +83,12 @@ T readValue(const DecodingContext& ctx, Node node, const CodingPathLink* path) {
   return value;
 }
 
-std::string own(std::string_view v) { return std::string(v); }
-Url own(UrlView v) { return Url(std::string(v.text)); }
+std::string own(std::string_view v) {
+  return std::string(v);
+}
+Url own(UrlView v) {
+  return Url(std::string(v.text));
+}
 template <class T>
 T own(T v) {
   return v;
@@ -101,9 +105,9 @@ KeyedDecodingContainer Decoder::container() const {
       throw DecodingError(DecodingError::Kind::valueNotFound, codingPath(),
                           "Expected a keyed object but found null instead.");
     }
-    throw DecodingError(DecodingError::Kind::typeMismatch, codingPath(),
-                        "Expected to decode a keyed object but found " + b.describe(node_) +
-                            " instead.");
+    throw DecodingError(
+        DecodingError::Kind::typeMismatch, codingPath(),
+        "Expected to decode a keyed object but found " + b.describe(node_) + " instead.");
   }
   return KeyedDecodingContainer(*context_, node_, path_);
 }
@@ -116,8 +120,7 @@ UnkeyedDecodingContainer Decoder::unkeyedContainer() const {
                           "Expected an array but found null instead.");
     }
     throw DecodingError(DecodingError::Kind::typeMismatch, codingPath(),
-                        "Expected to decode an array but found " + b.describe(node_) +
-                            " instead.");
+                        "Expected to decode an array but found " + b.describe(node_) + " instead.");
   }
   return UnkeyedDecodingContainer(*context_, node_, path_);
 }
@@ -223,15 +226,14 @@ std::optional<T> tolerantRead(const DecodingContext& ctx, Node value) noexcept {
 }
 }  // namespace
 
-#define ORVANE_KEYED_SCALAR(T, View, Name)                                                     \
-  T KeyedDecodingContainer::decode##Name(std::string_view key) const {                          \
-    return requiredScalar<View, T>(*context_, pathLink(), key, require(key));                        \
-  }                                                                                             \
-  std::optional<T> KeyedDecodingContainer::decode##Name##IfPresent(std::string_view key)       \
-      const {                                                                                   \
-    Node value;                                                                                 \
-    if (!lookupPresent(key, value)) return std::nullopt;                                        \
-    return requiredScalar<View, T>(*context_, pathLink(), key, value);                               \
+#define ORVANE_KEYED_SCALAR(T, View, Name)                                                       \
+  T KeyedDecodingContainer::decode##Name(std::string_view key) const {                           \
+    return requiredScalar<View, T>(*context_, pathLink(), key, require(key));                    \
+  }                                                                                              \
+  std::optional<T> KeyedDecodingContainer::decode##Name##IfPresent(std::string_view key) const { \
+    Node value;                                                                                  \
+    if (!lookupPresent(key, value)) return std::nullopt;                                         \
+    return requiredScalar<View, T>(*context_, pathLink(), key, value);                           \
   }
 ORVANE_KEYED_SCALAR(std::string, std::string_view, String)
 ORVANE_KEYED_SCALAR(double, double, Double)
@@ -241,11 +243,11 @@ ORVANE_KEYED_SCALAR(Date, Date, Date)
 ORVANE_KEYED_SCALAR(Url, UrlView, Url)
 #undef ORVANE_KEYED_SCALAR
 
-#define ORVANE_TOLERANT_SCALAR(T, View, Name)                                                  \
+#define ORVANE_TOLERANT_SCALAR(T, View, Name)                                                    \
   std::optional<T> KeyedDecodingContainer::tolerant##Name(std::string_view key) const noexcept { \
-    Node value;                                                                                 \
-    if (!find(key, value)) return std::nullopt;                                                 \
-    return tolerantRead<View, T>(*context_, value);                                             \
+    Node value;                                                                                  \
+    if (!find(key, value)) return std::nullopt;                                                  \
+    return tolerantRead<View, T>(*context_, value);                                              \
   }
 ORVANE_TOLERANT_SCALAR(std::string_view, std::string_view, StringView)
 ORVANE_TOLERANT_SCALAR(double, double, Double)

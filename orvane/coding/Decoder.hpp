@@ -219,10 +219,9 @@ class KeyedDecodingContainer {
   [[noreturn]] void throwKeyNotFound(std::string_view key) const;
 
   template <class T>
-  static constexpr bool isScalar =
-      std::is_same_v<T, std::string> || std::is_same_v<T, double> ||
-      std::is_same_v<T, std::int64_t> || std::is_same_v<T, bool> || std::is_same_v<T, Date> ||
-      std::is_same_v<T, Url>;
+  static constexpr bool isScalar = std::is_same_v<T, std::string> || std::is_same_v<T, double> ||
+                                   std::is_same_v<T, std::int64_t> || std::is_same_v<T, bool> ||
+                                   std::is_same_v<T, Date> || std::is_same_v<T, Url>;
 
   template <class T>
   T decodeScalar(std::string_view key) const;
@@ -304,10 +303,10 @@ struct Coding<std::vector<T>> {
   }
 };
 
-#define ORVANE_SCALAR_CODING(Type, method)                                                  \
-  template <>                                                                               \
-  struct Coding<Type> {                                                                     \
-    static Type decode(const Decoder& d) { return d.singleValueContainer().method(); }      \
+#define ORVANE_SCALAR_CODING(Type, method)                                             \
+  template <>                                                                          \
+  struct Coding<Type> {                                                                \
+    static Type decode(const Decoder& d) { return d.singleValueContainer().method(); } \
   };
 ORVANE_SCALAR_CODING(std::string, decodeString)
 ORVANE_SCALAR_CODING(double, decodeDouble)
@@ -373,22 +372,34 @@ Optional<T> KeyedDecodingContainer::decodeTolerant(std::string_view key) const {
 
 template <class T>
 T KeyedDecodingContainer::decodeScalar(std::string_view key) const {
-  if constexpr (std::is_same_v<T, std::string>) return decodeString(key);
-  else if constexpr (std::is_same_v<T, double>) return decodeDouble(key);
-  else if constexpr (std::is_same_v<T, std::int64_t>) return decodeInt(key);
-  else if constexpr (std::is_same_v<T, bool>) return decodeBool(key);
-  else if constexpr (std::is_same_v<T, Date>) return decodeDate(key);
-  else return decodeUrl(key);
+  if constexpr (std::is_same_v<T, std::string>)
+    return decodeString(key);
+  else if constexpr (std::is_same_v<T, double>)
+    return decodeDouble(key);
+  else if constexpr (std::is_same_v<T, std::int64_t>)
+    return decodeInt(key);
+  else if constexpr (std::is_same_v<T, bool>)
+    return decodeBool(key);
+  else if constexpr (std::is_same_v<T, Date>)
+    return decodeDate(key);
+  else
+    return decodeUrl(key);
 }
 
 template <class T>
 std::optional<T> KeyedDecodingContainer::decodeScalarIfPresent(std::string_view key) const {
-  if constexpr (std::is_same_v<T, std::string>) return decodeStringIfPresent(key);
-  else if constexpr (std::is_same_v<T, double>) return decodeDoubleIfPresent(key);
-  else if constexpr (std::is_same_v<T, std::int64_t>) return decodeIntIfPresent(key);
-  else if constexpr (std::is_same_v<T, bool>) return decodeBoolIfPresent(key);
-  else if constexpr (std::is_same_v<T, Date>) return decodeDateIfPresent(key);
-  else return decodeUrlIfPresent(key);
+  if constexpr (std::is_same_v<T, std::string>)
+    return decodeStringIfPresent(key);
+  else if constexpr (std::is_same_v<T, double>)
+    return decodeDoubleIfPresent(key);
+  else if constexpr (std::is_same_v<T, std::int64_t>)
+    return decodeIntIfPresent(key);
+  else if constexpr (std::is_same_v<T, bool>)
+    return decodeBoolIfPresent(key);
+  else if constexpr (std::is_same_v<T, Date>)
+    return decodeDateIfPresent(key);
+  else
+    return decodeUrlIfPresent(key);
 }
 
 template <class T>
@@ -396,11 +407,16 @@ std::optional<T> KeyedDecodingContainer::tolerantScalar(std::string_view key) co
   if constexpr (std::is_same_v<T, std::string>) {
     auto v = tolerantStringView(key);
     return v ? std::optional<std::string>(std::string(*v)) : std::nullopt;
-  } else if constexpr (std::is_same_v<T, double>) return tolerantDouble(key);
-  else if constexpr (std::is_same_v<T, std::int64_t>) return tolerantInt(key);
-  else if constexpr (std::is_same_v<T, bool>) return tolerantBool(key);
-  else if constexpr (std::is_same_v<T, Date>) return tolerantDate(key);
-  else return tolerantUrl(key);
+  } else if constexpr (std::is_same_v<T, double>)
+    return tolerantDouble(key);
+  else if constexpr (std::is_same_v<T, std::int64_t>)
+    return tolerantInt(key);
+  else if constexpr (std::is_same_v<T, bool>)
+    return tolerantBool(key);
+  else if constexpr (std::is_same_v<T, Date>)
+    return tolerantDate(key);
+  else
+    return tolerantUrl(key);
 }
 
 }  // namespace orvane

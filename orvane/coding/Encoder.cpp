@@ -25,7 +25,9 @@ void Encoder::finish() {
   backend_->closeAbove(level_);
 }
 
-void SingleValueEncodingContainer::begin() { encoder_->wroteScalar_ = true; }
+void SingleValueEncodingContainer::begin() {
+  encoder_->wroteScalar_ = true;
+}
 
 void SingleValueEncodingContainer::encodeNil() {
   begin();

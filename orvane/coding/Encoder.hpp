@@ -179,8 +179,10 @@ struct EncodingOf {
 template <class R>
 struct EncodingOf<std::shared_ptr<R>> {
   static void encode(Encoder& e, const std::shared_ptr<R>& value) {
-    if (value) value->encode(e);
-    else e.singleValueContainer().encodeNil();
+    if (value)
+      value->encode(e);
+    else
+      e.singleValueContainer().encodeNil();
   }
 };
 
@@ -192,10 +194,10 @@ struct EncodingOf<std::vector<T>> {
   }
 };
 
-#define ORVANE_SCALAR_ENCODING(Type)                                                         \
-  template <>                                                                                \
-  struct EncodingOf<Type> {                                                                  \
-    static void encode(Encoder& e, const Type& v) { e.singleValueContainer().encode(v); }    \
+#define ORVANE_SCALAR_ENCODING(Type)                                                      \
+  template <>                                                                             \
+  struct EncodingOf<Type> {                                                               \
+    static void encode(Encoder& e, const Type& v) { e.singleValueContainer().encode(v); } \
   };
 ORVANE_SCALAR_ENCODING(std::string)
 ORVANE_SCALAR_ENCODING(double)

@@ -4,13 +4,27 @@ namespace orvane {
 
 FieldVisitor::~FieldVisitor() = default;
 
-void describe(FieldVisitor& v, const std::string& value) { v.string(value); }
-void describe(FieldVisitor& v, double value) { v.number(value); }
-void describe(FieldVisitor& v, std::int64_t value) { v.integer(value); }
-void describe(FieldVisitor& v, bool value) { v.boolean(value); }
-void describe(FieldVisitor& v, const Identifier& value) { v.string(value.rawValue()); }
-void describe(FieldVisitor& v, Date value) { v.string(formatDateMillis(value)); }
-void describe(FieldVisitor& v, const Url& value) { v.string(value.text()); }
+void describe(FieldVisitor& v, const std::string& value) {
+  v.string(value);
+}
+void describe(FieldVisitor& v, double value) {
+  v.number(value);
+}
+void describe(FieldVisitor& v, std::int64_t value) {
+  v.integer(value);
+}
+void describe(FieldVisitor& v, bool value) {
+  v.boolean(value);
+}
+void describe(FieldVisitor& v, const Identifier& value) {
+  v.string(value.rawValue());
+}
+void describe(FieldVisitor& v, Date value) {
+  v.string(formatDateMillis(value));
+}
+void describe(FieldVisitor& v, const Url& value) {
+  v.string(value.text());
+}
 
 void describe(FieldVisitor& v, const Rect& value) {
   v.beginObject();

@@ -63,8 +63,10 @@ void describe(FieldVisitor& v, const T& value) {
 
 template <class T>
 void describe(FieldVisitor& v, const std::optional<T>& value) {
-  if (value) describe(v, *value);
-  else v.null();
+  if (value)
+    describe(v, *value);
+  else
+    v.null();
 }
 
 template <class T>
@@ -76,15 +78,19 @@ void describe(FieldVisitor& v, const std::vector<T>& values) {
 
 template <class T>
 void describe(FieldVisitor& v, const std::shared_ptr<T>& value) {
-  if (value) describe(v, *value);
-  else v.null();
+  if (value)
+    describe(v, *value);
+  else
+    v.null();
 }
 
 /// A back-reference shows the identifier of the record it refers to.
 template <class T>
 void describe(FieldVisitor& v, const std::weak_ptr<T>& value) {
-  if (auto target = value.lock()) v.string(target->identifier().rawValue());
-  else v.null();
+  if (auto target = value.lock())
+    v.string(target->identifier().rawValue());
+  else
+    v.null();
 }
 
 template <class K, class T, class C>

@@ -20,10 +20,9 @@ bool isAscii(std::string_view s) {
 // NFC of a UTF-8 string; text that is not valid UTF-8 is compared as bytes.
 std::string nfc(const std::string& s) {
   utf8proc_uint8_t* out = nullptr;
-  utf8proc_ssize_t n =
-      utf8proc_map(reinterpret_cast<const utf8proc_uint8_t*>(s.data()),
-                   static_cast<utf8proc_ssize_t>(s.size()), &out,
-                   static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_COMPOSE));
+  utf8proc_ssize_t n = utf8proc_map(
+      reinterpret_cast<const utf8proc_uint8_t*>(s.data()), static_cast<utf8proc_ssize_t>(s.size()),
+      &out, static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_COMPOSE));
   if (n < 0) return s;
   std::string result(reinterpret_cast<char*>(out), static_cast<std::size_t>(n));
   std::free(out);
@@ -45,8 +44,8 @@ Identifier Identifier::local() {
     return std::mt19937_64(seq);
   }()};
   std::uint64_t hi = engine(), lo = engine();
-  hi = (hi & ~0xF000ull) | 0x4000ull;                    // version 4
-  lo = (lo & ~(0xC0ull << 56)) | (0x80ull << 56);        // RFC 4122 variant
+  hi = (hi & ~0xF000ull) | 0x4000ull;              // version 4
+  lo = (lo & ~(0xC0ull << 56)) | (0x80ull << 56);  // RFC 4122 variant
   static constexpr char hex[] = "0123456789ABCDEF";
   std::string s = "MACOS-";
   s.reserve(43);

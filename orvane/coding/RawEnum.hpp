@@ -29,7 +29,9 @@ template <class E>
 struct EnumTraits;
 
 template <class E>
-concept RawEnum = requires { EnumTraits<E>::cases; };
+concept RawEnum = requires {
+  EnumTraits<E>::cases;
+};
 
 template <RawEnum E>
 constexpr std::string_view rawValue(E value) {
@@ -58,8 +60,7 @@ constexpr std::optional<E> fromRawValue(std::string_view raw) {
 }
 
 template <RawEnum E>
-  requires(EnumTraits<E>::hasAllCases)
-std::vector<E> allCases() {
+requires(EnumTraits<E>::hasAllCases) std::vector<E> allCases() {
   std::vector<E> out;
   for (const auto& c : EnumTraits<E>::cases) out.push_back(c.value);
   return out;

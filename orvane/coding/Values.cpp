@@ -39,7 +39,9 @@ Rect Rect::standardized() const {
   return r;
 }
 
-bool Rect::isNull() const { return std::isinf(origin.x) || std::isinf(origin.y); }
+bool Rect::isNull() const {
+  return std::isinf(origin.x) || std::isinf(origin.y);
+}
 
 Rect Rect::offsetBy(double dx, double dy) const {
   if (isNull()) return *this;

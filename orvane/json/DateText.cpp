@@ -18,12 +18,14 @@ std::string formatIso8601(Date date) {
   auto frac = (rest - h - m - s).count();  // microseconds
   char buf[80];
   int n = std::snprintf(buf, sizeof buf, "%04d-%02u-%02uT%02d:%02d:%02d", int(ymd.year()),
-                        unsigned(ymd.month()), unsigned(ymd.day()), int(h.count()),
-                        int(m.count()), int(s.count()));
+                        unsigned(ymd.month()), unsigned(ymd.day()), int(h.count()), int(m.count()),
+                        int(s.count()));
   std::string out(buf, static_cast<std::size_t>(n));
   if (frac != 0) {
-    if (frac % 1000 == 0) std::snprintf(buf, sizeof buf, ".%03lld", (long long)(frac / 1000));
-    else std::snprintf(buf, sizeof buf, ".%06lld", (long long)frac);
+    if (frac % 1000 == 0)
+      std::snprintf(buf, sizeof buf, ".%03lld", (long long)(frac / 1000));
+    else
+      std::snprintf(buf, sizeof buf, ".%06lld", (long long)frac);
     out += buf;
   }
   out += 'Z';

@@ -9,8 +9,8 @@
 #include <simdjson.h>
 #include <uriparser/Uri.h>
 
-#include "DateText.hpp"
 #include <orvane/json/JsonWriter.hpp>
+#include "DateText.hpp"
 
 namespace orvane {
 
@@ -54,18 +54,29 @@ class TapeBackend final : public DecoderBackend {
 
   ReadStatus readDouble(Node n, double& out) const noexcept override {
     switch (type(n)) {
-      case 'd': out = payload<double>(n); return ReadStatus::ok;
-      case 'l': out = static_cast<double>(payload<std::int64_t>(n)); return ReadStatus::ok;
-      case 'u': out = static_cast<double>(payload<std::uint64_t>(n)); return ReadStatus::ok;
-      case 'n': return ReadStatus::null;
-      default: return ReadStatus::mismatch;
+      case 'd':
+        out = payload<double>(n);
+        return ReadStatus::ok;
+      case 'l':
+        out = static_cast<double>(payload<std::int64_t>(n));
+        return ReadStatus::ok;
+      case 'u':
+        out = static_cast<double>(payload<std::uint64_t>(n));
+        return ReadStatus::ok;
+      case 'n':
+        return ReadStatus::null;
+      default:
+        return ReadStatus::mismatch;
     }
   }
 
   ReadStatus readInt(Node n, std::int64_t& out) const noexcept override {
     switch (type(n)) {
-      case 'l': out = payload<std::int64_t>(n); return ReadStatus::ok;
-      case 'u': return ReadStatus::corrupted;  // only used beyond the signed range
+      case 'l':
+        out = payload<std::int64_t>(n);
+        return ReadStatus::ok;
+      case 'u':
+        return ReadStatus::corrupted;  // only used beyond the signed range
       case 'd': {
         double d = payload<double>(n);
         // An integral double within 64 bits is accepted, as 1.0 or 1e3 are numbers like 1.
@@ -75,17 +86,25 @@ class TapeBackend final : public DecoderBackend {
         }
         return ReadStatus::corrupted;
       }
-      case 'n': return ReadStatus::null;
-      default: return ReadStatus::mismatch;
+      case 'n':
+        return ReadStatus::null;
+      default:
+        return ReadStatus::mismatch;
     }
   }
 
   ReadStatus readBool(Node n, bool& out) const noexcept override {
     switch (type(n)) {
-      case 't': out = true; return ReadStatus::ok;
-      case 'f': out = false; return ReadStatus::ok;
-      case 'n': return ReadStatus::null;
-      default: return ReadStatus::mismatch;
+      case 't':
+        out = true;
+        return ReadStatus::ok;
+      case 'f':
+        out = false;
+        return ReadStatus::ok;
+      case 'n':
+        return ReadStatus::null;
+      default:
+        return ReadStatus::mismatch;
     }
   }
 
@@ -119,16 +138,23 @@ class TapeBackend final : public DecoderBackend {
 
   std::string describe(Node n) const override {
     switch (type(n)) {
-      case '"': return "a string";
+      case '"':
+        return "a string";
       case 'l':
       case 'u':
-      case 'd': return "a number";
+      case 'd':
+        return "a number";
       case 't':
-      case 'f': return "a boolean";
-      case 'n': return "null";
-      case '{': return "an object";
-      case '[': return "an array";
-      default: return "a value";
+      case 'f':
+        return "a boolean";
+      case 'n':
+        return "null";
+      case '{':
+        return "an object";
+      case '[':
+        return "an array";
+      default:
+        return "a value";
     }
   }
 
@@ -156,11 +182,14 @@ class TapeBackend final : public DecoderBackend {
   Node afterIndex(Node n) const noexcept {
     switch (type(n)) {
       case '{':
-      case '[': return static_cast<std::uint32_t>(tape_[n]);
+      case '[':
+        return static_cast<std::uint32_t>(tape_[n]);
       case 'l':
       case 'u':
-      case 'd': return n + 2;
-      default: return n + 1;
+      case 'd':
+        return n + 2;
+      default:
+        return n + 1;
     }
   }
 
@@ -174,10 +203,17 @@ class TapeBackend final : public DecoderBackend {
   std::string numberText(Node n) const {
     std::string out;
     switch (type(n)) {
-      case 'l': out = std::to_string(payload<std::int64_t>(n)); break;
-      case 'u': out = std::to_string(payload<std::uint64_t>(n)); break;
-      case 'd': appendJsonNumber(out, payload<double>(n)); break;
-      default: break;
+      case 'l':
+        out = std::to_string(payload<std::int64_t>(n));
+        break;
+      case 'u':
+        out = std::to_string(payload<std::uint64_t>(n));
+        break;
+      case 'd':
+        appendJsonNumber(out, payload<double>(n));
+        break;
+      default:
+        break;
     }
     return out;
   }
@@ -294,8 +330,8 @@ void JsonDecoder::run(std::string_view json, bool padded, void (*fn)(const Decod
   }
   if (!error) error = p.parser.parse(json.data(), json.size(), !padded).error();
   if (error) {
-    throw DecodingError(DecodingError::Kind::dataCorrupted, {}, "The given data was not valid JSON.",
-                        std::nullopt,
+    throw DecodingError(DecodingError::Kind::dataCorrupted, {},
+                        "The given data was not valid JSON.", std::nullopt,
                         std::make_exception_ptr(ParseError(simdjson::error_message(error))));
   }
   TapeBackend backend(p.parser.doc, options_.dates);

@@ -51,7 +51,8 @@ class JsonDecoder {
   template <class T>
   T decodeImpl(std::string_view json, bool padded) {
     std::optional<T> result;
-    run(json, padded,
+    run(
+        json, padded,
         [](const Decoder& d, void* out) {
           static_cast<std::optional<T>*>(out)->emplace(Coding<T>::decode(d));
         },

@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "DateText.hpp"
 #include <orvane/json/JsonWriter.hpp>
+#include "DateText.hpp"
 
 namespace orvane {
 
@@ -31,8 +31,10 @@ class JsonEncoderBackend final : public EncoderBackend {
   }
   void closeAbove(int level) override {
     while (writer_.depth() > level) {
-      if (kinds_.back()) writer_.endObject();
-      else writer_.endArray();
+      if (kinds_.back())
+        writer_.endObject();
+      else
+        writer_.endArray();
       kinds_.pop_back();
     }
   }
@@ -44,7 +46,8 @@ class JsonEncoderBackend final : public EncoderBackend {
   void writeDouble(double value, const CodingPathLink* path) override {
     if (!std::isfinite(value)) {
       throw EncodingError(CodingPathLink::materialize(path),
-                          "Unable to encode Double." + std::string(std::isnan(value) ? "nan" : "inf") +
+                          "Unable to encode Double." +
+                              std::string(std::isnan(value) ? "nan" : "inf") +
                               " directly in JSON.");
     }
     writer_.number(value);
@@ -53,10 +56,18 @@ class JsonEncoderBackend final : public EncoderBackend {
     using namespace std::chrono;
     double micros = static_cast<double>(value.time_since_epoch().count());
     switch (dates_) {
-      case DateStrategy::iso8601: writer_.string(formatIso8601(value)); return;
-      case DateStrategy::seconds: writeDouble(micros / 1e6, path); return;
-      case DateStrategy::milliseconds: writeDouble(micros / 1e3, path); return;
-      case DateStrategy::deferred: writeDouble(micros / 1e6 - kReferenceDateOffset, path); return;
+      case DateStrategy::iso8601:
+        writer_.string(formatIso8601(value));
+        return;
+      case DateStrategy::seconds:
+        writeDouble(micros / 1e6, path);
+        return;
+      case DateStrategy::milliseconds:
+        writeDouble(micros / 1e3, path);
+        return;
+      case DateStrategy::deferred:
+        writeDouble(micros / 1e6 - kReferenceDateOffset, path);
+        return;
     }
   }
   void writeUrl(const Url& value) override { writer_.string(value.text()); }

@@ -30,7 +30,8 @@ class JsonEncoder {
   /// Appends the JSON text of `value` to `out`.
   template <class T>
   void encodeInto(std::string& out, const T& value) const {
-    run(out, [](Encoder& e, const void* v) { EncodingOf<T>::encode(e, *static_cast<const T*>(v)); },
+    run(
+        out, [](Encoder& e, const void* v) { EncodingOf<T>::encode(e, *static_cast<const T*>(v)); },
         &value);
   }
 

@@ -15,13 +15,27 @@ void appendJsonString(std::string& out, std::string_view value) {
     out.append(value.data() + run, i - run);
     run = i + 1;
     switch (c) {
-      case '"': out += "\\\""; break;
-      case '\\': out += "\\\\"; break;
-      case '\n': out += "\\n"; break;
-      case '\r': out += "\\r"; break;
-      case '\t': out += "\\t"; break;
-      case '\b': out += "\\b"; break;
-      case '\f': out += "\\f"; break;
+      case '"':
+        out += "\\\"";
+        break;
+      case '\\':
+        out += "\\\\";
+        break;
+      case '\n':
+        out += "\\n";
+        break;
+      case '\r':
+        out += "\\r";
+        break;
+      case '\t':
+        out += "\\t";
+        break;
+      case '\b':
+        out += "\\b";
+        break;
+      case '\f':
+        out += "\\f";
+        break;
       default:
         out += "\\u00";
         out += hex[c >> 4];
@@ -128,9 +142,12 @@ void JsonWriter::string(std::string_view value) {
 
 void JsonFieldWriter::number(double value) {
   // A debug view must show every value it is given; JSON has no literal for these.
-  if (std::isnan(value)) writer_->string("nan");
-  else if (std::isinf(value)) writer_->string(value > 0 ? "inf" : "-inf");
-  else writer_->number(value);
+  if (std::isnan(value))
+    writer_->string("nan");
+  else if (std::isinf(value))
+    writer_->string(value > 0 ? "inf" : "-inf");
+  else
+    writer_->number(value);
 }
 
 }  // namespace orvane

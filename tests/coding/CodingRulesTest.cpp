@@ -29,7 +29,9 @@ DecodingError decodeError(std::string_view json) {
   return DecodingError(Kind::dataCorrupted, {}, "none");
 }
 
-std::string pathOf(const DecodingError& e) { return formatCodingPath(e.codingPath()); }
+std::string pathOf(const DecodingError& e) {
+  return formatCodingPath(e.codingPath());
+}
 
 }  // namespace
 
@@ -91,8 +93,9 @@ TEST(CodingTerms, KeyNotFoundCarriesKeyAndContainerPath) {
   EXPECT_EQ(e.key(), "height");
   EXPECT_EQ(pathOf(e), "children[1].children[0].rect");
   EXPECT_EQ(e.codingPath()[1].intValue(), 1u);
-  EXPECT_STREQ(e.what(),
-               R"(keyNotFound at children[1].children[0].rect: No value associated with key "height".)");
+  EXPECT_STREQ(
+      e.what(),
+      R"(keyNotFound at children[1].children[0].rect: No value associated with key "height".)");
 }
 
 TEST(CodingTerms, FailuresInsideValuesPropagateWithTheirPath) {
@@ -124,8 +127,9 @@ TEST(CodingTerms, SeveralContainersShareOneObject) {
 TEST(CodingTerms, NestedContainersCloseBeforeTheNextMember) {
   auto n = decodeJson<Ref<TreeNode>>(
       R"({"title":"r","rect":{"x":1,"y":2,"width":3,"height":4},"tone":"light","children":[]})");
-  EXPECT_EQ(JsonEncoder().encode(n),
-            R"({"title":"r","rect":{"x":1,"y":2,"width":3,"height":4},"tone":"light","children":[]})");
+  EXPECT_EQ(
+      JsonEncoder().encode(n),
+      R"({"title":"r","rect":{"x":1,"y":2,"width":3,"height":4},"tone":"light","children":[]})");
   n->children.reset();
   EXPECT_EQ(JsonEncoder().encode(n),
             R"({"title":"r","rect":{"x":1,"y":2,"width":3,"height":4},"tone":"light"})");
@@ -181,10 +185,10 @@ TEST(CodingTerms, TolerantReadsDoNotThrow) {
   }
   ASSERT_EQ(throwCount, 1) << "the throw counter is not hooked in";
   throwCount = 0;
-  for (const char* json : {R"({"name":"a"})", R"({"name":"a","tone":null,"count":null})",
-                           R"({"name":"a","tone":"DARK","count":"x"})",
-                           R"({"name":"a","tone":3,"count":1.5})",
-                           R"({"name":"a","tone":[],"count":{}})"}) {
+  for (const char* json :
+       {R"({"name":"a"})", R"({"name":"a","tone":null,"count":null})",
+        R"({"name":"a","tone":"DARK","count":"x"})", R"({"name":"a","tone":3,"count":1.5})",
+        R"({"name":"a","tone":[],"count":{}})"}) {
     Probe p = decodeJson<Probe>(json);
     EXPECT_FALSE(p.tone);
     EXPECT_FALSE(p.count);

@@ -17,9 +17,14 @@ bool hasLocalForm(const std::string& s) {
     char c = s[i];
     bool hex = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F');
     switch (pattern[i]) {
-      case 'H': if (!hex) return false; break;
-      case 'V': if (c != '8' && c != '9' && c != 'A' && c != 'B') return false; break;
-      default: if (c != pattern[i]) return false;
+      case 'H':
+        if (!hex) return false;
+        break;
+      case 'V':
+        if (c != '8' && c != '9' && c != 'A' && c != 'B') return false;
+        break;
+      default:
+        if (c != pattern[i]) return false;
     }
   }
   return true;
@@ -39,8 +44,8 @@ TEST(Identifier, LocalIdentifiersAreFreshUpperCaseUuids) {
 
 TEST(Identifier, IsLocalIsACaseSensitivePrefixTest) {
   const std::pair<const char*, bool> cases[] = {
-      {"MACOS-ABC", true}, {"MACOSX", true}, {"MACOS", true},
-      {"macos-ABC", false}, {"", false},     {"xMACOS", false},
+      {"MACOS-ABC", true},  {"MACOSX", true}, {"MACOS", true},
+      {"macos-ABC", false}, {"", false},      {"xMACOS", false},
   };
   for (auto [raw, local] : cases) EXPECT_EQ(Identifier(raw).isLocal(), local) << raw;
 }
@@ -69,5 +74,6 @@ TEST(Identifier, CodedAsOneString) {
   } catch (const DecodingError& e) {
     EXPECT_EQ(e.kind(), DecodingError::Kind::typeMismatch);
   }
-  EXPECT_EQ(refusedSingleValueMessage("Identifier", "x"), "Decoding Identifier from \u201Cx\u201D failed.");
+  EXPECT_EQ(refusedSingleValueMessage("Identifier", "x"),
+            "Decoding Identifier from \u201Cx\u201D failed.");
 }

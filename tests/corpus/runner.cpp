@@ -44,9 +44,12 @@ bool parseCase(const std::string& text, Case& c, std::string& error) {
   while (std::getline(in, line)) {
     if (line.rfind("--- ", 0) == 0) {
       std::string name = line.substr(4);
-      if (name == "stdin") section = &c.stdinText;
-      else if (name == "stdout") section = &out.emplace();
-      else if (name == "stderr") section = &err.emplace();
+      if (name == "stdin")
+        section = &c.stdinText;
+      else if (name == "stdout")
+        section = &out.emplace();
+      else if (name == "stderr")
+        section = &err.emplace();
       else {
         error = "unknown section " + name;
         return false;
@@ -80,8 +83,10 @@ int run(const std::string& tool, const Case& c, std::string& out, std::string& e
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
   posix_spawn_file_actions_addopen(&actions, 0, inPath.c_str(), O_RDONLY, 0);
-  posix_spawn_file_actions_addopen(&actions, 1, outPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-  posix_spawn_file_actions_addopen(&actions, 2, errPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+  posix_spawn_file_actions_addopen(&actions, 1, outPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC,
+                                   0644);
+  posix_spawn_file_actions_addopen(&actions, 2, errPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC,
+                                   0644);
   std::vector<char*> argv{const_cast<char*>(tool.c_str())};
   for (const auto& a : c.args) argv.push_back(const_cast<char*>(a.c_str()));
   argv.push_back(nullptr);
@@ -130,9 +135,11 @@ int main(int argc, char** argv) {
                          std::to_string(c.exit));
     }
     std::string expectedOut = c.stdoutText.value_or("");
-    if (out != expectedOut) problems.push_back("stdout:\n  got:      " + out + "  expected: " + expectedOut);
+    if (out != expectedOut)
+      problems.push_back("stdout:\n  got:      " + out + "  expected: " + expectedOut);
     if (c.stderrText ? err != *c.stderrText : (c.exit == 0 && !err.empty())) {
-      problems.push_back("stderr:\n  got:      " + err + "  expected: " + c.stderrText.value_or("(nothing)\n"));
+      problems.push_back("stderr:\n  got:      " + err +
+                         "  expected: " + c.stderrText.value_or("(nothing)\n"));
     }
     if (problems.empty()) {
       ++passed;

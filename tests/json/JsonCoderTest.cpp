@@ -62,8 +62,13 @@ TEST(JsonNumbers, IntsMustBeIntegralAndFit) {
 
 TEST(JsonNumbers, DoublesRoundTripInShortestForm) {
   const std::pair<double, const char*> cases[] = {
-      {1.0, "1"},         {0.1, "0.1"},     {-2.5, "-2.5"},   {1e21, "1e+21"},
-      {123456.75, "123456.75"}, {-0.0, "-0.0"}, {18446744073709551616.0, "1.8446744073709552e+19"},
+      {1.0, "1"},
+      {0.1, "0.1"},
+      {-2.5, "-2.5"},
+      {1e21, "1e+21"},
+      {123456.75, "123456.75"},
+      {-0.0, "-0.0"},
+      {18446744073709551616.0, "1.8446744073709552e+19"},
       {5e-324, "5e-324"},
   };
   for (auto [value, text] : cases) {
@@ -101,9 +106,9 @@ TEST(JsonDates, EveryStrategyReadsAndWrites) {
             Date(sys_days{2001y / 1 / 1}.time_since_epoch()));
   EXPECT_EQ(decode<Date>("1500", DateStrategy::milliseconds), Date(1500ms));
   EXPECT_EQ(decode<Date>("-1.5", DateStrategy::seconds), Date(-1500ms));
-  for (const char* bad : {R"("2024-13-01T00:00:00Z")", R"("2024-02-30T00:00:00Z")",
-                          R"("2024-05-01 12:30:00Z")", R"("2024-05-01T12:30:00")",
-                          R"("2024-05-01T12:30:00.Z")", R"("yesterday")"}) {
+  for (const char* bad :
+       {R"("2024-13-01T00:00:00Z")", R"("2024-02-30T00:00:00Z")", R"("2024-05-01 12:30:00Z")",
+        R"("2024-05-01T12:30:00")", R"("2024-05-01T12:30:00.Z")", R"("yesterday")"}) {
     auto e = failure<Date>(bad);
     EXPECT_EQ(e.kind(), Kind::dataCorrupted) << bad;
     EXPECT_EQ(e.description(), "Expected date string to be ISO8601-formatted.");
@@ -145,13 +150,14 @@ TEST(JsonDocuments, DepthLimitIsAnOption) {
   options.maxDepth = 3;
   JsonDecoder decoder(options);
   EXPECT_NO_THROW(decoder.decode<std::vector<std::vector<std::vector<std::int64_t>>>>("[[[1]]]"));
-  EXPECT_THROW(decoder.decode<std::vector<std::vector<std::vector<std::vector<std::int64_t>>>>>(
-                   "[[[[1]]]]"),
-               DecodingError);
+  EXPECT_THROW(
+      decoder.decode<std::vector<std::vector<std::vector<std::vector<std::int64_t>>>>>("[[[[1]]]]"),
+      DecodingError);
 }
 
 TEST(JsonDocuments, TheLastDuplicateMemberCounts) {
-  auto p = decode<fixtures::Probe>(R"({"tone":"light","name":"a","weight":1,"name":"b","tone":"dark"})");
+  auto p =
+      decode<fixtures::Probe>(R"({"tone":"light","name":"a","weight":1,"name":"b","tone":"dark"})");
   EXPECT_EQ(p.name, "b");
   EXPECT_EQ(p.weight, 1.0);
   EXPECT_EQ(p.tone, fixtures::Tone::dark);

@@ -27,9 +27,9 @@ namespace orvane::fixtures {
 
 /// One field per coding term.
 struct Probe {
-  std::string name;                // required
-  std::optional<double> weight;    // optional
-  std::optional<Tone> tone;        // tolerant
+  std::string name;                   // required
+  std::optional<double> weight;       // optional
+  std::optional<Tone> tone;           // tolerant
   std::optional<std::int64_t> count;  // tolerant scalar
 
   static Probe decode(const Decoder& d) {

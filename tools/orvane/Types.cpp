@@ -14,7 +14,9 @@ constexpr TypeEntry kTypes[] = {
 
 }  // namespace
 
-std::span<const TypeEntry> registeredTypes() { return kTypes; }
+std::span<const TypeEntry> registeredTypes() {
+  return kTypes;
+}
 
 const TypeEntry* findType(std::string_view name) {
   for (const auto& type : kTypes) {

@@ -53,8 +53,12 @@ using Decoded = typename decltype(decodedType<T>())::type;
 
 template <class T>
 constexpr bool isEncodable() {
-  if constexpr (RawEnum<T> || SingleValueCodable<T>) return true;
-  else return requires(const T& value, Encoder& e) { value.encode(e); };
+  if constexpr (RawEnum<T> || SingleValueCodable<T>)
+    return true;
+  else
+    return requires(const T& value, Encoder& e) {
+      value.encode(e);
+    };
 }
 
 template <class V>

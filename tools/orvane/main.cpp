@@ -38,7 +38,8 @@ bool readInput(const std::string& file, std::vector<char>& buffer, std::size_t& 
   buffer.resize(1 << 16);
   for (;;) {
     if (buffer.size() - size < JsonDecoder::kPadding + 4096) buffer.resize(buffer.size() * 2);
-    std::size_t n = std::fread(buffer.data() + size, 1, buffer.size() - size - JsonDecoder::kPadding, in);
+    std::size_t n =
+        std::fread(buffer.data() + size, 1, buffer.size() - size - JsonDecoder::kPadding, in);
     size += n;
     if (n == 0) break;
   }
@@ -62,13 +63,17 @@ std::string errorJson(const DecodingError& e) {
   w.key("codingPath");
   w.beginArray();
   for (const auto& entry : e.codingPath()) {
-    if (entry.isIndex()) w.integer(static_cast<std::int64_t>(*entry.intValue()));
-    else w.string(entry.stringValue());
+    if (entry.isIndex())
+      w.integer(static_cast<std::int64_t>(*entry.intValue()));
+    else
+      w.string(entry.stringValue());
   }
   w.endArray();
   w.key("key");
-  if (e.key()) w.string(*e.key());
-  else w.null();
+  if (e.key())
+    w.string(*e.key());
+  else
+    w.null();
   w.key("description");
   w.string(e.description());
   w.endObject();
@@ -149,9 +154,11 @@ int main(int argc, char** argv) {
   app.require_subcommand(1);
 
   Request decodeRequest, dumpRequest;
-  auto* decode = app.add_subcommand("decode", "Decode a document as TYPE and print what it writes back");
+  auto* decode =
+      app.add_subcommand("decode", "Decode a document as TYPE and print what it writes back");
   addDocumentOptions(*decode, decodeRequest);
-  auto* dump = app.add_subcommand("dump", "Decode a document as TYPE and print every field it holds");
+  auto* dump =
+      app.add_subcommand("dump", "Decode a document as TYPE and print every field it holds");
   addDocumentOptions(*dump, dumpRequest);
   auto* types = app.add_subcommand("types", "List every TYPE name, one a line");
 
