@@ -261,7 +261,7 @@ ORVANE_TOLERANT_SCALAR(Url, UrlView, Url)
 
 UnkeyedDecodingContainer::UnkeyedDecodingContainer(const DecodingContext& context, Node array,
                                                    const CodingPathLink* path)
-    : context_(&context), array_(array), path_(path) {
+    : context_(&context), path_(path) {
   count_ = context.backend->arrayCount(array);
   if (count_ > 0) current_ = context.backend->firstElement(array);
 }

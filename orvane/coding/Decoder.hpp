@@ -268,7 +268,6 @@ class UnkeyedDecodingContainer {
   void advance();
 
   const DecodingContext* context_;
-  Node array_;
   const CodingPathLink* path_;
   CodingPathLink self_;
   bool nested_ = false;

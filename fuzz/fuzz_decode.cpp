@@ -1,0 +1,62 @@
+// Decodes arbitrary bytes as every registered type. The first byte picks the type; the rest is
+// the document. Whatever decodes must dump, and what it writes must decode again (as an imported
+// document, since many records leave their identifier out) and write the same bytes.
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "../tools/orvane/Types.hpp"
+
+using namespace orvane;
+using namespace orvane::tool;
+
+namespace {
+
+std::string_view padded(std::vector<char>& buffer, std::string_view text) {
+  buffer.assign(text.size() + JsonDecoder::kPadding, '\0');
+  std::memcpy(buffer.data(), text.data(), text.size());
+  return {buffer.data(), text.size()};
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  if (size == 0) return 0;
+  auto types = registeredTypes();
+  const TypeEntry& type = types[data[0] % types.size()];
+  std::vector<char> buffer;
+  std::string_view json = padded(buffer, {reinterpret_cast<const char*>(data + 1), size - 1});
+
+  Settings plain;
+  std::string written;
+  try {
+    (void)type.dump(json, plain);
+    if (!type.decode) return 0;
+    written = type.decode(json, plain);
+  } catch (const DecodingError&) {
+    return 0;
+  }
+
+  Settings imported;
+  imported.decoding.userInfo[CodingUserInfoKey::fromImportSource()] = true;
+  std::string again;
+  try {
+    again = type.decode(padded(buffer, written), imported);
+  } catch (const DecodingError& e) {
+    // A member the record never writes is the only acceptable reason to refuse its own output.
+    if (e.kind() == DecodingError::Kind::keyNotFound) return 0;
+    std::fprintf(stderr, "%.*s refused its own output %s: %s\n", int(type.name.size()),
+                 type.name.data(), written.c_str(), e.what());
+    std::abort();
+  }
+  if (again != written) {
+    std::fprintf(stderr, "%.*s round trip changed\n  %s\n  %s\n", int(type.name.size()),
+                 type.name.data(), written.c_str(), again.c_str());
+    std::abort();
+  }
+  return 0;
+}
