@@ -13,3 +13,5 @@
 #include <orvane/coding/SingleValueCodable.hpp>
 #include <orvane/coding/UserInfo.hpp>
 #include <orvane/coding/Values.hpp>
+#include <orvane/people/User+Partial.hpp>
+#include <orvane/people/User.hpp>

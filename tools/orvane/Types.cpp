@@ -10,6 +10,12 @@ namespace {
 constexpr TypeEntry kTypes[] = {
     entry<Identifier>("Identifier"),
     entry<Density>("Density"),
+    // People and accounts.
+    entry<User>("User"),
+    entry<User::Partial>("User.Partial"),
+    entry<User::Status>("User.Status"),
+    entry<User::SubscriptionStatus>("User.SubscriptionStatus"),
+    entry<User::Emotar>("User.Emotar"),
 };
 
 }  // namespace
