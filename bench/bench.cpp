@@ -1,0 +1,156 @@
+// Decoding and encoding speed and memory, measured in one run on the same bytes against the
+// parser's own DOM parse and against two other JSON libraries' parse alone.
+//   bench [SIZE_MB ...]        default: 1 10 100
+#include <malloc.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <new>
+#include <string>
+#include <vector>
+
+#include <benchmark/benchmark.h>
+#include <nlohmann/json.hpp>
+#include <rapidjson/document.h>
+#include <simdjson.h>
+
+#include <orvane/json/JsonDecoder.hpp>
+#include <orvane/json/JsonEncoder.hpp>
+#include <orvane/snapshot/Snapshot.hpp>
+
+#include "generate.hpp"
+
+// Live heap bytes, counted by the allocator's own notion of block sizes.
+static std::atomic<long long> liveBytes{0};
+
+void* operator new(std::size_t size) {
+  void* p = std::malloc(size ? size : 1);
+  if (!p) throw std::bad_alloc();
+  liveBytes += static_cast<long long>(malloc_usable_size(p));
+  return p;
+}
+void operator delete(void* p) noexcept {
+  if (!p) return;
+  liveBytes -= static_cast<long long>(malloc_usable_size(p));
+  std::free(p);
+}
+void operator delete(void* p, std::size_t) noexcept { operator delete(p); }
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using Snapshots = std::vector<orvane::Ref<orvane::Snapshot>>;
+
+// The best of several runs: at least three, and as many as fit in about two seconds.
+double bestSeconds(const std::function<void()>& run) {
+  double best = 1e100, total = 0;
+  for (int i = 0; i < 3 || (total < 2.0 && i < 50); ++i) {
+    auto start = Clock::now();
+    run();
+    double s = std::chrono::duration<double>(Clock::now() - start).count();
+    best = std::min(best, s);
+    total += s;
+  }
+  return best;
+}
+
+// Peak resident memory of `run` in a child process, in bytes.
+long peakResident(const std::function<void()>& run) {
+  pid_t pid = fork();
+  if (pid == 0) {
+    run();
+    _exit(0);
+  }
+  int status = 0;
+  rusage usage{};
+  wait4(pid, &status, 0, &usage);
+  return usage.ru_maxrss * 1024L;
+}
+
+void row(const char* name, double bytes, double seconds, double floor) {
+  std::printf("| %-34s | %9.1f | %9.2f | %7.2fx |\n", name, bytes / seconds / 1e6, seconds * 1e3,
+              seconds / floor);
+}
+
+void measure(std::size_t megabytes) {
+  std::string json = orvane::bench::generateSnapshots(megabytes * 1000 * 1000);
+  double bytes = double(json.size());
+  simdjson::padded_string padded(json);
+  std::string_view view(padded.data(), padded.size());
+  std::printf("\n### %zu MB document (%.1f MB, snapshots with ~120 layers each)\n\n", megabytes,
+              bytes / 1e6);
+  std::printf("| %-34s | %9s | %9s | %8s |\n", "run", "MB/s", "ms", "vs simdjson");
+  std::printf("|%s|%s|%s|%s|\n", std::string(36, '-').c_str(), std::string(11, '-').c_str(),
+              std::string(11, '-').c_str(), std::string(10, '-').c_str());
+
+  simdjson::dom::parser parser;
+  double floor = bestSeconds([&] { benchmark::DoNotOptimize(parser.parse(padded).error()); });
+  row("simdjson DOM parse", bytes, floor, floor);
+  double rapid = bestSeconds([&] {
+    rapidjson::Document d;
+    d.Parse(json.data(), json.size());
+    benchmark::DoNotOptimize(d.HasParseError());
+  });
+  row("RapidJSON parse", bytes, rapid, floor);
+  double nlohmannTime = bestSeconds([&] {
+    auto j = nlohmann::json::parse(json);
+    benchmark::DoNotOptimize(j.size());
+  });
+  row("nlohmann::json parse", bytes, nlohmannTime, floor);
+
+  orvane::JsonDecoder decoder;
+  double decode = bestSeconds([&] {
+    auto graph = decoder.decodePadded<Snapshots>(view);
+    benchmark::DoNotOptimize(graph.size());
+  });
+  row("Orvane decode (wired graph)", bytes, decode, floor);
+
+  auto graph = decoder.decodePadded<Snapshots>(view);
+  std::string out;
+  double encode = bestSeconds([&] {
+    out.clear();
+    orvane::JsonEncoder().encodeInto(out, graph);
+  });
+  std::printf("| %-34s | %9.1f | %9.2f | %7.2fx |  (%.1f MB written)\n", "Orvane encode",
+              double(out.size()) / encode / 1e6, encode * 1e3, encode / floor,
+              double(out.size()) / 1e6);
+  graph.clear();
+
+  std::printf("\nOrvane decode vs nlohmann::json parse alone: %.1fx faster\n", nlohmannTime / decode);
+
+  // Memory: what the graph keeps, with the decoder and its parser buffers gone.
+  long long before = liveBytes;
+  Snapshots kept;
+  {
+    orvane::JsonDecoder fresh;
+    kept = fresh.decodePadded<Snapshots>(view);
+  }
+  long long retained = liveBytes - before;
+  std::printf("Retained by the decoded graph: %.1f MB (%.2fx the document)\n", retained / 1e6,
+              retained / bytes);
+  kept.clear();
+  long baseline = peakResident([] {});
+  long peak = peakResident([&] {
+    orvane::JsonDecoder fresh;
+    auto g = fresh.decodePadded<Snapshots>(view);
+    benchmark::DoNotOptimize(g.size());
+  });
+  std::printf("Peak resident memory of a decode: %.1f MB (process before: %.1f MB)\n", peak / 1e6,
+              baseline / 1e6);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::vector<std::size_t> sizes;
+  for (int i = 1; i < argc; ++i) sizes.push_back(std::strtoul(argv[i], nullptr, 10));
+  if (sizes.empty()) sizes = {1, 10, 100};
+  for (auto mb : sizes) measure(mb);
+}

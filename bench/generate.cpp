@@ -1,0 +1,392 @@
+#include "generate.hpp"
+
+#include <random>
+
+#include <orvane/json/JsonWriter.hpp>
+
+namespace orvane::bench {
+
+namespace {
+
+class Generator {
+ public:
+  Generator(std::string& out, std::uint64_t seed) : out_(out), w_(out), rng_(seed) {}
+
+  void snapshot() {
+    w_.beginObject();
+    w_.key("_id");
+    id("snap");
+    w_.key("width");
+    w_.number(pick({375, 390, 414, 1440, 1920}));
+    w_.key("height");
+    w_.number(between(600, 3000));
+    w_.key("url");
+    w_.string("https://cdn.example.com/snapshots/" + hex(24) + ".png");
+    w_.key("density");
+    w_.string(pick<std::string>({"1x", "2x", "3x", "xhdpi"}));
+    w_.key("source");
+    w_.string(pick<std::string>({"sketch", "figma", "psd", "xd"}));
+    w_.key("componentNames");
+    w_.beginArray();
+    for (int i = 0; i < 3; ++i) w_.string("Component " + std::to_string(i));
+    w_.endArray();
+    w_.key("backgroundColor");
+    color();
+    w_.key("grid");
+    grid();
+    w_.key("assets");
+    w_.beginArray();
+    for (int i = 0, n = int(between(2, 8)); i < n; ++i) asset();
+    w_.endArray();
+    w_.key("layers");
+    budget_ = 120;
+    layers(0);
+    w_.key("links");
+    w_.beginArray();
+    for (int i = 0, n = int(between(1, 6)); i < n; ++i) link();
+    w_.endArray();
+    w_.endObject();
+  }
+
+  void beginArray() { w_.beginArray(); }
+  void endArray() { w_.endArray(); }
+
+ private:
+  double between(double lo, double hi) {
+    return std::uniform_real_distribution<double>(lo, hi)(rng_);
+  }
+  std::int64_t intBetween(std::int64_t lo, std::int64_t hi) {
+    return std::uniform_int_distribution<std::int64_t>(lo, hi)(rng_);
+  }
+  bool chance(double p) { return between(0, 1) < p; }
+  template <class T>
+  T pick(std::initializer_list<T> items) {
+    return *(items.begin() + intBetween(0, std::int64_t(items.size()) - 1));
+  }
+  double pick(std::initializer_list<double> items) { return pick<double>(items); }
+  std::string hex(int n) {
+    static constexpr char digits[] = "0123456789abcdef";
+    std::string s;
+    for (int i = 0; i < n; ++i) s += digits[intBetween(0, 15)];
+    return s;
+  }
+  void id(const char*) { w_.string(hex(24)); }
+  double rounded(double v) { return double(std::int64_t(v * 100)) / 100; }
+
+  void color() {
+    w_.beginObject();
+    w_.key("r");
+    w_.number(rounded(between(0, 1)));
+    w_.key("g");
+    w_.number(rounded(between(0, 1)));
+    w_.key("b");
+    w_.number(rounded(between(0, 1)));
+    w_.key("a");
+    w_.number(chance(0.8) ? 1 : rounded(between(0, 1)));
+    w_.endObject();
+  }
+
+  void rect(double maxX, double maxY) {
+    w_.beginObject();
+    w_.key("x");
+    w_.number(rounded(between(0, maxX)));
+    w_.key("y");
+    w_.number(rounded(between(0, maxY)));
+    w_.key("width");
+    w_.number(rounded(between(4, 400)));
+    w_.key("height");
+    w_.number(rounded(between(4, 300)));
+    w_.endObject();
+  }
+
+  void grid() {
+    w_.beginObject();
+    w_.key("horizontalOffset");
+    w_.number(16);
+    w_.key("vertical");
+    w_.beginObject();
+    w_.key("columnWidth");
+    w_.number(rounded(between(40, 90)));
+    w_.key("numberOfCols");
+    w_.integer(12);
+    w_.key("gutterWidth");
+    w_.number(16);
+    w_.key("guttersOnOutside");
+    w_.boolean(true);
+    w_.endObject();
+    w_.key("horizontal");
+    w_.beginObject();
+    w_.key("rowHeight");
+    w_.number(8);
+    w_.key("gutterHeight");
+    w_.number(0);
+    w_.endObject();
+    w_.endObject();
+  }
+
+  void asset() {
+    w_.beginObject();
+    w_.key("_id");
+    id("asset");
+    w_.key("displayName");
+    w_.string("icon-" + hex(6));
+    w_.key("layerName");
+    w_.string("Icon / " + hex(4));
+    w_.key("layerId");
+    w_.string(hex(24));
+    w_.key("isBitmap");
+    w_.boolean(chance(0.3));
+    w_.key("contents");
+    w_.beginArray();
+    for (const char* density : {"1x", "2x", "3x"}) {
+      w_.beginObject();
+      w_.key("url");
+      w_.string("https://cdn.example.com/assets/" + hex(20) + "@" + density + ".png");
+      w_.key("density");
+      w_.string(density);
+      w_.key("format");
+      w_.string(pick<std::string>({"png", "svg", "pdf"}));
+      w_.endObject();
+    }
+    w_.endArray();
+    w_.endObject();
+  }
+
+  void link() {
+    w_.beginObject();
+    w_.key("sourceId");
+    w_.string(hex(24));
+    w_.key("rect");
+    rect(1000, 2000);
+    w_.key("destination");
+    w_.beginObject();
+    w_.key("type");
+    if (chance(0.8)) {
+      w_.string("screen");
+      w_.key("name");
+      w_.string("Screen " + hex(4));
+    } else {
+      w_.string("previous");
+    }
+    w_.endObject();
+    w_.endObject();
+  }
+
+  // The members of a fill; a border writes them into its own object.
+  void fillMembers() {
+    if (chance(0.8)) {
+      w_.key("fillType");
+      w_.string("color");
+      w_.key("color");
+      color();
+    } else {
+      w_.key("fillType");
+      w_.string("gradient");
+      w_.key("gradient");
+      w_.beginObject();
+      w_.key("type");
+      w_.string(pick<std::string>({"linear", "radial", "angular"}));
+      w_.key("from");
+      w_.beginObject();
+      w_.key("x");
+      w_.number(0.5);
+      w_.key("y");
+      w_.number(0);
+      w_.endObject();
+      w_.key("to");
+      w_.beginObject();
+      w_.key("x");
+      w_.number(0.5);
+      w_.key("y");
+      w_.number(1);
+      w_.endObject();
+      w_.key("colorStops");
+      w_.beginArray();
+      for (double position : {0.0, 1.0}) {
+        w_.beginObject();
+        w_.key("position");
+        w_.number(position);
+        w_.key("color");
+        color();
+        w_.endObject();
+      }
+      w_.endArray();
+      w_.endObject();
+    }
+    w_.key("opacity");
+    w_.number(1);
+    if (chance(0.2)) {
+      w_.key("blendMode");
+      w_.string(pick<std::string>({"multiply", "screen", "overlay", "color-burn"}));
+    }
+  }
+
+  void textStyle() {
+    w_.beginObject();
+    w_.key("fontFace");
+    w_.string(pick<std::string>({"Inter-Regular", "Inter-Bold", "SFProText-Medium"}));
+    w_.key("fontSize");
+    w_.number(pick({12, 14, 16, 20, 32}));
+    w_.key("lineHeight");
+    w_.number(pick({16, 20, 24, 40}));
+    w_.key("letterSpacing");
+    w_.number(rounded(between(-0.5, 0.5)));
+    w_.key("color");
+    color();
+    w_.key("textAlign");
+    w_.string(pick<std::string>({"left", "center", "right"}));
+    w_.endObject();
+  }
+
+  void layer(int depth) {
+    --budget_;
+    w_.beginObject();
+    w_.key("_id");
+    id("layer");
+    w_.key("name");
+    w_.string("Layer " + hex(6));
+    w_.key("sourceId");
+    w_.string(hex(8) + "-" + hex(4) + "-" + hex(4) + "-" + hex(12));
+    double roll = between(0, 1);
+    bool group = depth < 5 && budget_ > 4 && roll < 0.22;
+    bool text = !group && roll < 0.55;
+    w_.key("type");
+    if (group) {
+      w_.string("group");
+      w_.key("layers");
+      layers(depth + 1);
+      if (chance(0.3)) {
+        w_.key("componentName");
+        w_.string("Component " + std::to_string(intBetween(0, 20)));
+      }
+      if (chance(0.7)) {
+        w_.key("interactionLevel");
+        w_.string(pick<std::string>({"top", "bottom"}));
+      }
+    } else if (text) {
+      w_.string("text");
+      std::string content = "Lorem ipsum dolor sit amet " + hex(int(intBetween(4, 40)));
+      w_.key("content");
+      w_.string(content);
+      w_.key("textStyles");
+      w_.beginArray();
+      std::int64_t at = 0;
+      for (int i = 0, n = int(intBetween(1, 3)); i < n; ++i) {
+        std::int64_t length = intBetween(1, 12);
+        w_.beginObject();
+        w_.key("range");
+        w_.beginObject();
+        w_.key("location");
+        w_.integer(at);
+        w_.key("length");
+        w_.integer(length);
+        w_.endObject();
+        w_.key("style");
+        textStyle();
+        w_.endObject();
+        at += length;
+      }
+      w_.endArray();
+    } else {
+      w_.string("shape");
+    }
+    w_.key("rect");
+    rect(1200, 2400);
+    if (chance(0.1)) {
+      w_.key("rotation");
+      w_.number(pick({90, 180, 45}));
+    }
+    w_.key("borderRadius");
+    w_.number(pick({0, 0, 4, 8}));
+    w_.key("opacity");
+    w_.number(chance(0.9) ? 1 : 0.5);
+    if (chance(0.1)) {
+      w_.key("blendMode");
+      w_.string("multiply");
+    }
+    if (chance(0.05)) {
+      w_.key("blur");
+      w_.beginObject();
+      w_.key("type");
+      w_.string("gaussian");
+      w_.key("radius");
+      w_.number(4);
+      w_.endObject();
+    }
+    w_.key("exportable");
+    w_.boolean(chance(0.1));
+    if (!group) {
+      w_.key("fills");
+      w_.beginArray();
+      for (int i = 0, n = int(intBetween(1, 2)); i < n; ++i) {
+        w_.beginObject();
+        fillMembers();
+        w_.endObject();
+      }
+      w_.endArray();
+      if (chance(0.4)) {
+        w_.key("borders");
+        w_.beginArray();
+        w_.beginObject();
+        w_.key("position");
+        w_.string(pick<std::string>({"inside", "center", "outside"}));
+        w_.key("thickness");
+        w_.number(1);
+        fillMembers();
+        w_.endObject();
+        w_.endArray();
+      }
+      if (chance(0.3)) {
+        w_.key("shadows");
+        w_.beginArray();
+        w_.beginObject();
+        w_.key("type");
+        w_.string("outer");
+        w_.key("offsetX");
+        w_.number(0);
+        w_.key("offsetY");
+        w_.number(2);
+        w_.key("blurRadius");
+        w_.number(8);
+        w_.key("spread");
+        w_.number(0);
+        w_.key("color");
+        color();
+        w_.endObject();
+        w_.endArray();
+      }
+    }
+    w_.endObject();
+  }
+
+  void layers(int depth) {
+    w_.beginArray();
+    int n = depth == 0 ? 8 : int(intBetween(2, 7));
+    for (int i = 0; i < n && (budget_ > 0 || i == 0); ++i) layer(depth);
+    if (depth == 0) {
+      while (budget_ > 0) layer(0);
+    }
+    w_.endArray();
+  }
+
+  std::string& out_;
+  JsonWriter w_;
+  std::mt19937_64 rng_;
+  int budget_ = 0;
+};
+
+}  // namespace
+
+std::string generateSnapshots(std::size_t targetBytes, std::uint64_t seed) {
+  std::string out;
+  out.reserve(targetBytes + (1 << 20));
+  Generator g(out, seed);
+  g.beginArray();
+  do {
+    g.snapshot();
+  } while (out.size() < targetBytes);
+  g.endArray();
+  return out;
+}
+
+}  // namespace orvane::bench
