@@ -15,3 +15,5 @@
 #include <orvane/coding/Values.hpp>
 #include <orvane/people/User+Partial.hpp>
 #include <orvane/people/User.hpp>
+#include <orvane/snapshot/Destination.hpp>
+#include <orvane/snapshot/Link.hpp>

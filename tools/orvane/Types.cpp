@@ -16,6 +16,10 @@ constexpr TypeEntry kTypes[] = {
     entry<User::Status>("User.Status"),
     entry<User::SubscriptionStatus>("User.SubscriptionStatus"),
     entry<User::Emotar>("User.Emotar"),
+    // Snapshot content.
+    entry<Link>("Link"),
+    entry<Destination>("Destination"),
+    entry<Destination::Kind::Key>("Destination.Kind.Key"),
 };
 
 }  // namespace
