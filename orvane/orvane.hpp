@@ -15,5 +15,8 @@
 #include <orvane/coding/Values.hpp>
 #include <orvane/people/User+Partial.hpp>
 #include <orvane/people/User.hpp>
+#include <orvane/snapshot/Asset+Content.hpp>
+#include <orvane/snapshot/Asset.hpp>
 #include <orvane/snapshot/Destination.hpp>
+#include <orvane/snapshot/Grid.hpp>
 #include <orvane/snapshot/Link.hpp>

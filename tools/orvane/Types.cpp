@@ -17,6 +17,12 @@ constexpr TypeEntry kTypes[] = {
     entry<User::SubscriptionStatus>("User.SubscriptionStatus"),
     entry<User::Emotar>("User.Emotar"),
     // Snapshot content.
+    entry<Grid>("Grid"),
+    entry<Grid::Vertical>("Grid.Vertical"),
+    entry<Grid::Horizontal>("Grid.Horizontal"),
+    entry<Asset>("Asset"),
+    entry<Asset::Content>("Asset.Content"),
+    entry<Asset::Content::Format>("Asset.Content.Format"),
     entry<Link>("Link"),
     entry<Destination>("Destination"),
     entry<Destination::Kind::Key>("Destination.Kind.Key"),

@@ -1,0 +1,91 @@
+#include <orvane/snapshot/Asset.hpp>
+
+#include "snapshot/Support.hpp"
+
+using namespace orvane;
+using namespace orvane::testing;
+using ErrorKind = DecodingError::Kind;
+
+namespace {
+
+constexpr const char* kImported = R"({"displayName":"Logo","layerName":"logo"})";
+
+}  // namespace
+
+TEST(Asset, ImportSourceMakesIdentifierLocalAndContentsOptional) {
+  auto asset = decodeJson<Ref<Asset>>(kImported, importOptions());
+  EXPECT_TRUE(asset->identifier().isLocal());
+  EXPECT_TRUE(asset->contents().empty());
+  EXPECT_FALSE(asset->isBitmap());
+
+  // The document's own identifier is ignored, not merely defaulted.
+  asset = decodeJson<Ref<Asset>>(
+      R"({"_id":"a1","displayName":"d","layerName":"l","contents":null})", importOptions());
+  EXPECT_TRUE(asset->identifier().isLocal());
+  EXPECT_TRUE(asset->contents().empty());
+
+  // Only a Boolean true counts.
+  auto e = decodeError<Ref<Asset>>(kImported, importOptions(false));
+  EXPECT_EQ(e.kind(), ErrorKind::keyNotFound);
+  EXPECT_EQ(e.key(), "_id");
+  e = decodeError<Ref<Asset>>(R"({"_id":"a1","displayName":"d","layerName":"l"})");
+  EXPECT_EQ(e.key(), "contents");
+}
+
+TEST(Asset, WrittenFormLosesIdentifierAndBitmapFlag) {
+  auto asset = decodeJson<Ref<Asset>>(
+      R"({"_id":"a1","displayName":"d","layerName":"l","layerId":"L1","isBitmap":true,)"
+      R"("contents":[{"url":"https://x/a.png","density":"2x","format":"png"},{"format":"webp"}]})");
+  EXPECT_EQ(asset->identifier(), Identifier("a1"));
+  EXPECT_TRUE(asset->isBitmap());
+  ASSERT_EQ(asset->contents().size(), 2u);
+  EXPECT_EQ(asset->contents()[0]->density(), Density::_2x);
+  EXPECT_FALSE(asset->contents()[1]->format());
+  auto written = encodeJson(asset);
+  EXPECT_EQ(written,
+            R"({"displayName":"d","layerName":"l","layerId":"L1","contents":)"
+            R"([{"url":"https://x/a.png","density":"2x","format":"png"},{}]})");
+  EXPECT_EQ(decodeError<Ref<Asset>>(written).key(), "_id");
+  auto again = decodeJson<Ref<Asset>>(written, importOptions());
+  EXPECT_FALSE(again->isBitmap());
+  EXPECT_TRUE(again->identifier().isLocal());
+}
+
+TEST(AssetContent, BadUrlFailsTheAsset) {
+  auto e = decodeError<Ref<Asset>>(
+      R"({"_id":"a","displayName":"d","layerName":"l","contents":[{"density":"9x"},{"url":""}]})");
+  EXPECT_EQ(e.kind(), ErrorKind::dataCorrupted);
+  EXPECT_EQ(pathOf(e), "contents[1].url");
+}
+
+TEST(AssetContent, FormatsInOrder) {
+  using F = Asset::Content::Format;
+  EXPECT_EQ(allCases<F>(), (std::vector{F::png, F::jpg, F::svg, F::pdf}));
+}
+
+TEST(Asset, ContentsPointBackAfterDecodeMakeAndAssignment) {
+  auto asset = decodeJson<Ref<Asset>>(
+      R"({"_id":"a","displayName":"d","layerName":"l","contents":[{},{}]})");
+  for (const auto& content : asset->contents()) EXPECT_EQ(content->asset(), asset);
+
+  auto first = Asset::Content::make(std::nullopt, std::nullopt, std::nullopt);
+  auto made = Asset::make("d", "l", false, {first});
+  EXPECT_EQ(first->asset(), made);
+
+  // Assignment wires the new list and leaves the replaced one alone.
+  auto second = Asset::Content::make(std::nullopt, Density::hdpi, std::nullopt);
+  auto other = Asset::make("o", "l", false, {});
+  other->setContents({first, second});
+  EXPECT_EQ(first->asset(), other);
+  EXPECT_EQ(second->asset(), other);
+  auto third = Asset::Content::make(std::nullopt, std::nullopt, std::nullopt);
+  made->editContents([&](auto& contents) { contents.push_back(third); });
+  // An in-place edit rewires the whole list, so the shared content comes back to `made`.
+  EXPECT_EQ(third->asset(), made);
+  EXPECT_EQ(first->asset(), made);
+  EXPECT_EQ(second->asset(), other);
+
+  // A back-reference never keeps its owner alive.
+  made.reset();
+  EXPECT_EQ(third->asset(), nullptr);
+}
