@@ -1,13 +1,16 @@
 // Everything the library offers, in one include.
 #pragma once
 
+#include <orvane/coding/BlendMode.hpp>
 #include <orvane/coding/CodingError.hpp>
+#include <orvane/coding/Color.hpp>
 #include <orvane/coding/Decoder.hpp>
 #include <orvane/coding/Density.hpp>
 #include <orvane/coding/Encoder.hpp>
 #include <orvane/coding/FieldVisitor.hpp>
 #include <orvane/coding/Geometry.hpp>
 #include <orvane/coding/Identifier.hpp>
+#include <orvane/coding/ProjectColor.hpp>
 #include <orvane/coding/RawEnum.hpp>
 #include <orvane/coding/Ref.hpp>
 #include <orvane/coding/SingleValueCodable.hpp>
@@ -20,3 +23,12 @@
 #include <orvane/snapshot/Destination.hpp>
 #include <orvane/snapshot/Grid.hpp>
 #include <orvane/snapshot/Link.hpp>
+#include <orvane/styles/Blur.hpp>
+#include <orvane/styles/Border.hpp>
+#include <orvane/styles/Fill.hpp>
+#include <orvane/styles/Gradient+Stop.hpp>
+#include <orvane/styles/Gradient.hpp>
+#include <orvane/styles/ProjectTextStyle.hpp>
+#include <orvane/styles/RangedTextStyle.hpp>
+#include <orvane/styles/Shadow.hpp>
+#include <orvane/styles/TextStyle.hpp>

@@ -1,0 +1,58 @@
+#include <orvane/coding/ProjectColor.hpp>
+
+namespace orvane {
+
+Ref<ProjectColor> ProjectColor::make(std::string name, double red, double green, double blue,
+                                     double alpha, Identifier identifier) {
+  return std::make_shared<ProjectColor>(Passkey<ProjectColor>{}, std::move(identifier),
+                                        std::move(name), red, green, blue, alpha);
+}
+
+Ref<ProjectColor> ProjectColor::decode(const Decoder& decoder) {
+  using K = ProjectColorCodingKeys;
+  auto c = decoder.container();
+  auto identifier = c.decode<Identifier>(K::identifier);
+  auto name = c.decodeString(K::name);
+  auto color = std::make_shared<ProjectColor>(Passkey<ProjectColor>{}, std::move(identifier),
+                                              std::move(name), 0, 0, 0, 0);
+  color->decodeComponents(decoder);
+  return color;
+}
+
+void ProjectColor::encode(Encoder& encoder) const {
+  // The identifier stays out: the service assigns it.
+  encoder.container().encode(ProjectColorCodingKeys::name, name_);
+  Color::encode(encoder);
+}
+
+void ProjectColor::visitFields(FieldVisitor& v) const {
+  Color::visitFields(v);
+  v.field("identifier", identifier_);
+  v.field("name", name_);
+}
+
+ProjectColor::Partial ProjectColor::Partial::decode(const Decoder& decoder) {
+  using P = ProjectColorCodingKeys;
+  using K = Color::CodingKeys;
+  Partial p;
+  auto own = decoder.container();
+  p.identifier = own.decodeIfPresent<Identifier>(P::identifier);
+  p.name = own.decodeStringIfPresent(P::name);
+  auto color = decoder.container();
+  p.red = color.decodeDoubleIfPresent(K::red);
+  p.green = color.decodeDoubleIfPresent(K::green);
+  p.blue = color.decodeDoubleIfPresent(K::blue);
+  p.alpha = color.decodeDoubleIfPresent(K::alpha);
+  return p;
+}
+
+void ProjectColor::Partial::visitFields(FieldVisitor& v) const {
+  v.field("identifier", identifier);
+  v.field("name", name);
+  v.field("red", red);
+  v.field("green", green);
+  v.field("blue", blue);
+  v.field("alpha", alpha);
+}
+
+}  // namespace orvane

@@ -1,0 +1,89 @@
+#include "styles/Support.hpp"
+
+using namespace orvane;
+using namespace orvane::styles_test;
+using ErrorKind = DecodingError::Kind;
+
+TEST(BlendMode, EveryCaseRoundTripsThroughItsHyphenatedString) {
+  const auto& cases = EnumTraits<BlendMode>::cases;
+  ASSERT_EQ(cases.size(), 34u);
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    std::string json = "\"" + std::string(c.rawValue) + "\"";
+    EXPECT_EQ(decodeJson<BlendMode>(json), c.value);
+    EXPECT_EQ(encodeJson(c.value), json);
+    // Raw strings are lower case and hyphenated, never the case name in camel case.
+    EXPECT_EQ(std::string(c.rawValue).find_first_of("ABCDEFGHIJKLMNOPQRSTUVWXYZ"),
+              std::string::npos);
+  }
+  EXPECT_EQ(rawValue(BlendMode::colorBurn), "color-burn");
+  EXPECT_EQ(rawValue(BlendMode::destinationAtop), "destination-atop");
+  EXPECT_EQ(rawValue(BlendMode::substract), "substract");
+  EXPECT_EQ(fromRawValue<BlendMode>("color"), BlendMode::color);
+  EXPECT_EQ(fromRawValue<BlendMode>("hue"), BlendMode::hue);
+}
+
+TEST(BlendMode, NearMissesAreUnknown) {
+  for (const char* raw : {"colorBurn", "Color-Burn", "subtract", "color burn", ""}) {
+    SCOPED_TRACE(raw);
+    auto e = decodeError<BlendMode>("\"" + std::string(raw) + "\"");
+    EXPECT_EQ(e.kind(), ErrorKind::dataCorrupted);
+    EXPECT_EQ(e.description(), "Cannot initialize BlendMode from invalid String value " +
+                                   std::string(raw));
+  }
+}
+
+TEST(Color, ComponentsUseSingleLetterKeysAndKeepAnyValue) {
+  EXPECT_EQ(roundTrip<Ref<Color>>(R"({"a":1,"b":-3,"g":0.5,"r":255})"),
+            R"({"r":255,"g":0.5,"b":-3,"a":1})");
+  auto e = decodeError<Ref<Color>>(R"({"red":1,"green":0.5,"blue":0,"alpha":1})");
+  EXPECT_EQ(e.kind(), ErrorKind::keyNotFound);
+  EXPECT_EQ(e.key(), "r");
+  e = decodeError<Ref<Color>>(R"({"r":1,"g":null,"b":0,"a":1})");
+  EXPECT_EQ(e.kind(), ErrorKind::valueNotFound);
+}
+
+TEST(ProjectColor, IsWrittenWithoutItsIdentifierSoOnlyAPlainColorReadsItBack) {
+  auto color = decodeJson<Ref<ProjectColor>>(
+      R"({"_id":"c1","name":"Blue","r":0,"g":0,"b":1,"a":1})");
+  EXPECT_EQ(color->identifier(), Identifier("c1"));
+  EXPECT_EQ(color->name(), "Blue");
+  EXPECT_EQ(color->blue(), 1);
+
+  // Held as a plain color, it still writes its own members.
+  Ref<Color> held = color;
+  auto written = encodeJson(held);
+  EXPECT_EQ(written, R"({"name":"Blue","r":0,"g":0,"b":1,"a":1})");
+
+  auto e = decodeError<Ref<ProjectColor>>(written);
+  EXPECT_EQ(e.kind(), ErrorKind::keyNotFound);
+  EXPECT_EQ(e.key(), "_id");
+  EXPECT_EQ(decodeJson<Ref<Color>>(written)->blue(), 1);
+
+  auto made = ProjectColor::make("Red", 1, 0, 0, 0.5);
+  EXPECT_TRUE(made->identifier().isLocal());
+  EXPECT_EQ(encodeJson(made), R"({"name":"Red","r":1,"g":0,"b":0,"a":0.5})");
+}
+
+TEST(ProjectColor, ReadsItsOwnMembersBeforeTheColors) {
+  // Both "_id" and "r" are missing: the identifier is asked for first.
+  auto e = decodeError<Ref<ProjectColor>>(R"({"name":"x","g":0,"b":0,"a":1})");
+  EXPECT_EQ(e.key(), "_id");
+  e = decodeError<Ref<ProjectColor>>(R"({"_id":"c","name":"x","g":0,"b":0,"a":1})");
+  EXPECT_EQ(e.kind(), ErrorKind::keyNotFound);
+  EXPECT_EQ(e.key(), "r");
+  EXPECT_EQ(pathOf(e), "<root>");
+}
+
+TEST(ProjectColorPartial, EveryMemberIsOptionalButStillTyped) {
+  auto empty = decodeJson<ProjectColor::Partial>("{}");
+  EXPECT_FALSE(empty.identifier || empty.name || empty.red || empty.green || empty.blue ||
+               empty.alpha);
+  auto some = decodeJson<ProjectColor::Partial>(R"({"_id":"c","name":null,"g":0.25})");
+  EXPECT_EQ(some.identifier, Identifier("c"));
+  EXPECT_FALSE(some.name);
+  EXPECT_EQ(some.green, 0.25);
+  EXPECT_FALSE(some.red);
+  EXPECT_EQ(decodeError<ProjectColor::Partial>(R"({"a":"opaque"})").kind(),
+            ErrorKind::typeMismatch);
+}
