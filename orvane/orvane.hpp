@@ -22,7 +22,9 @@
 #include <orvane/snapshot/Asset.hpp>
 #include <orvane/snapshot/Destination.hpp>
 #include <orvane/snapshot/Grid.hpp>
+#include <orvane/snapshot/Layer.hpp>
 #include <orvane/snapshot/Link.hpp>
+#include <orvane/snapshot/Snapshot.hpp>
 #include <orvane/styles/Blur.hpp>
 #include <orvane/styles/Border.hpp>
 #include <orvane/styles/Fill.hpp>

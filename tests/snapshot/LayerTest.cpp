@@ -1,0 +1,151 @@
+#include <orvane/snapshot/Layer.hpp>
+#include <orvane/snapshot/Snapshot.hpp>
+
+#include "snapshot/Support.hpp"
+
+using namespace orvane;
+using namespace orvane::testing;
+using Level = Layer::InteractionLevel;
+
+namespace {
+
+Ref<Layer> shape(const char* id, Rect frame = {}) {
+  return Layer::make(id, Identifier(id), Layer::Kind::shape(), frame, std::nullopt, 0, 1,
+                     std::nullopt, nullptr, false, std::nullopt, std::nullopt, std::nullopt,
+                     Identifier(id));
+}
+
+Ref<Layer> group(const char* id, std::vector<Ref<Layer>> children, std::optional<Level> level,
+                 Rect frame = {}, std::optional<std::string> componentName = std::nullopt) {
+  return Layer::make(id, Identifier(id),
+                     Layer::Kind::group(std::move(children), std::move(componentName), level),
+                     frame, std::nullopt, 0, 1, std::nullopt, nullptr, false, std::nullopt,
+                     std::nullopt, std::nullopt, Identifier(id));
+}
+
+std::string ids(const std::vector<Ref<Layer>>& layers) {
+  std::string out;
+  for (const auto& layer : layers) out += layer->identifier().rawValue();
+  return out;
+}
+
+Ref<Snapshot> emptySnapshot() {
+  return Snapshot::make({1, 1}, std::nullopt, std::nullopt, std::nullopt, nullptr, nullptr,
+                        std::nullopt, std::nullopt, std::nullopt, Identifier("S"));
+}
+
+}  // namespace
+
+TEST(LayerFlattening, InteractionLevelPlacesTheGroup) {
+  struct Case {
+    std::optional<Level> outer;
+    std::optional<Level> inner;
+    const char* order;
+  };
+  // [G(outer: [A, H(inner: [B])]), C]
+  const Case cases[] = {
+      {Level::top, Level::top, "ABHGC"},
+      {Level::bottom, Level::bottom, "GAHBC"},
+      {std::nullopt, std::nullopt, "ABC"},
+      {Level::top, std::nullopt, "ABGC"},
+      {std::nullopt, Level::bottom, "AHBC"},
+  };
+  for (const auto& c : cases) {
+    auto b = shape("B", {1, 2, 3, 4});
+    auto h = group("H", {b}, c.inner, {20, 30, 10, 10});
+    auto a = shape("A", {10, 10, 5, 5});
+    auto g = group("G", {a, h}, c.outer, {100, 200, 50, 50});
+    auto flat = Layer::flattenedLayers({g, shape("C", {7, 7, 7, 7})});
+    EXPECT_EQ(ids(flat), c.order);
+    // Every visited layer gets an absolute frame, groups left out of the list included.
+    EXPECT_EQ(a->absoluteFrame(), Rect(110, 210, 5, 5));
+    EXPECT_EQ(h->absoluteFrame(), Rect(120, 230, 10, 10));
+    EXPECT_EQ(b->absoluteFrame(), Rect(121, 232, 3, 4));
+  }
+}
+
+TEST(LayerFlattening, OriginAndComponentNamesFromAllDepths) {
+  auto inner = group("I", {shape("X", {1, 1, 1, 1})}, Level::top, {5, 5, 1, 1}, "Button");
+  auto outer = group("O", {inner, group("J", {}, std::nullopt, {}, "Button")}, std::nullopt,
+                     {10, 0, 1, 1}, "Card");
+  auto result = Layer::flattenedLayersAndComponentNames({outer}, {1000, 2000});
+  EXPECT_EQ(ids(result.flattenedLayers), "XI");
+  EXPECT_EQ(result.componentNames, (std::unordered_set<std::string>{"Button", "Card"}));
+  EXPECT_EQ(result.flattenedLayers[0]->absoluteFrame(), Rect(1016, 2006, 1, 1));
+}
+
+TEST(LayerAbsoluteFrame, ComputedThroughParentsThenKept) {
+  auto child = shape("A", {10, 10, 5, 5});
+  auto g = group("G", {child}, Level::top, {100, 200, 50, 50});
+  auto root = group("R", {g}, Level::top, {-1, -2, 0, 0});
+  EXPECT_EQ(child->parent(), g);
+  EXPECT_EQ(g->parent(), root);
+  EXPECT_EQ(root->parent(), nullptr);
+  EXPECT_EQ(child->absoluteFrame(), Rect(109, 208, 5, 5));
+  // Once read it is stored: moving an ancestor is not seen.
+  g->setFrame({0, 0, 1, 1});
+  EXPECT_EQ(child->absoluteFrame(), Rect(109, 208, 5, 5));
+  child->setAbsoluteFrame({});
+  EXPECT_EQ(child->absoluteFrame(), Rect());
+  Layer::flattenedLayers({g});
+  EXPECT_EQ(child->absoluteFrame(), Rect(10, 10, 5, 5));
+}
+
+TEST(LayerObservers, KindAssignmentWiresChildrenButInitializerOnlyParents) {
+  auto snapshot = emptySnapshot();
+  auto a = shape("A");
+  auto deep = shape("D");
+  auto h = group("H", {deep}, std::nullopt);
+  auto g = group("G", {a}, std::nullopt);
+  EXPECT_EQ(a->parent(), g);
+  EXPECT_EQ(a->snapshot(), nullptr);  // make does not touch the snapshot
+
+  snapshot->setLayers(std::vector{g});
+  EXPECT_EQ(a->snapshot(), snapshot);
+
+  // A new group kind wires the new children, depth first; the replaced child keeps its links.
+  g->setKind(Layer::Kind::group({h}, std::nullopt, Level::top));
+  EXPECT_EQ(h->parent(), g);
+  EXPECT_EQ(h->snapshot(), snapshot);
+  EXPECT_EQ(deep->snapshot(), snapshot);
+  EXPECT_EQ(deep->parent(), h);
+  EXPECT_EQ(a->parent(), g);
+  EXPECT_EQ(a->snapshot(), snapshot);
+  // Below the top level nothing flattens again.
+  EXPECT_EQ(ids(*snapshot->flattenedLayers()), "A");
+
+  // An in-place edit counts as an assignment.
+  auto late = shape("L");
+  g->editKind([&](auto& kind) { kind->asGroup()->layers.push_back(late); });
+  EXPECT_EQ(late->parent(), g);
+  EXPECT_EQ(late->snapshot(), snapshot);
+
+  // A non-group kind touches nothing.
+  auto orphan = shape("O");
+  g->setKind(Layer::Kind::shape());
+  EXPECT_EQ(orphan->parent(), nullptr);
+  EXPECT_EQ(h->parent(), g);
+}
+
+TEST(LayerCoding, DefaultsAndLeftOutMembers) {
+  auto layer = decodeJson<Ref<Layer>>(
+      R"({"_id":"l","name":"n","sourceId":"MACOS-1","type":"circle","content":"x",)"
+      R"("rect":{"x":0,"y":0,"width":1,"height":1},"opacity":0.5,"blendMode":"normal!"})");
+  EXPECT_FALSE(layer->kind());
+  EXPECT_FALSE(layer->blendMode());
+  EXPECT_EQ(layer->cornerRadius(), 0);
+  EXPECT_FALSE(layer->isExportable());
+  EXPECT_EQ(encodeJson(layer),
+            R"({"name":"n","rect":{"x":0,"y":0,"width":1,"height":1},)"
+            R"("borderRadius":0,"opacity":0.5,"exportable":false})");
+
+  // Payload keys of another kind are ignored; a tolerant interaction level may be anything.
+  layer = decodeJson<Ref<Layer>>(
+      R"({"_id":"g","name":"g","sourceId":"s","type":"group","layers":[],"content":7,)"
+      R"("interactionLevel":"middle","rect":{"x":0,"y":0,"width":1,"height":1},"opacity":1})");
+  ASSERT_TRUE(layer->kind() && layer->kind()->asGroup());
+  EXPECT_FALSE(layer->kind()->asGroup()->interactionLevel);
+  EXPECT_EQ(encodeJson(layer),
+            R"({"name":"g","sourceId":"s","type":"group","layers":[],)"
+            R"("rect":{"x":0,"y":0,"width":1,"height":1},"borderRadius":0,"opacity":1,"exportable":false})");
+}
