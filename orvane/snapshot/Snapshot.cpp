@@ -56,9 +56,8 @@ Ref<Snapshot> Snapshot::decode(const Decoder& decoder) {
   auto url = c.decodeUrlIfPresent(K::url);
   auto density = c.decodeTolerant<Density>(K::density);
   auto source = c.decodeTolerant<Source>(K::source);
-  auto componentNames =
-      c.decodeIfPresent<std::vector<std::string>>(K::componentNames).value_or(
-          std::vector<std::string>{});
+  auto componentNames = c.decodeIfPresent<std::vector<std::string>>(K::componentNames)
+                            .value_or(std::vector<std::string>{});
   auto backgroundColor = c.decodeIfPresent<Ref<Color>>(K::backgroundColor);
   auto grid = c.decodeIfPresent<Ref<Grid>>(K::grid);
   auto assets = c.decodeIfPresent<std::vector<Ref<Asset>>>(K::assets);

@@ -103,9 +103,7 @@ class Snapshot : public std::enable_shared_from_this<Snapshot> {
   void setLinks(std::optional<std::vector<Ref<Link>>> value) { links_ = std::move(value); }
 
   /// The tree in drawing order, as of the last assignment of `layers`.
-  const std::optional<std::vector<Ref<Layer>>>& flattenedLayers() const {
-    return flattenedLayers_;
-  }
+  const std::optional<std::vector<Ref<Layer>>>& flattenedLayers() const { return flattenedLayers_; }
   void setFlattenedLayers(std::optional<std::vector<Ref<Layer>>> value) {
     flattenedLayers_ = std::move(value);
   }

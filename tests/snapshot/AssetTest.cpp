@@ -42,9 +42,8 @@ TEST(Asset, WrittenFormLosesIdentifierAndBitmapFlag) {
   EXPECT_EQ(asset->contents()[0]->density(), Density::_2x);
   EXPECT_FALSE(asset->contents()[1]->format());
   auto written = encodeJson(asset);
-  EXPECT_EQ(written,
-            R"({"displayName":"d","layerName":"l","layerId":"L1","contents":)"
-            R"([{"url":"https://x/a.png","density":"2x","format":"png"},{}]})");
+  EXPECT_EQ(written, R"({"displayName":"d","layerName":"l","layerId":"L1","contents":)"
+                     R"([{"url":"https://x/a.png","density":"2x","format":"png"},{}]})");
   EXPECT_EQ(decodeError<Ref<Asset>>(written).key(), "_id");
   auto again = decodeJson<Ref<Asset>>(written, importOptions());
   EXPECT_FALSE(again->isBitmap());
@@ -64,8 +63,8 @@ TEST(AssetContent, FormatsInOrder) {
 }
 
 TEST(Asset, ContentsPointBackAfterDecodeMakeAndAssignment) {
-  auto asset = decodeJson<Ref<Asset>>(
-      R"({"_id":"a","displayName":"d","layerName":"l","contents":[{},{}]})");
+  auto asset =
+      decodeJson<Ref<Asset>>(R"({"_id":"a","displayName":"d","layerName":"l","contents":[{},{}]})");
   for (const auto& content : asset->contents()) EXPECT_EQ(content->asset(), asset);
 
   auto first = Asset::Content::make(std::nullopt, std::nullopt, std::nullopt);

@@ -9,10 +9,9 @@ using ErrorKind = DecodingError::Kind;
 TEST(Grid, ColumnAndRowKeysDifferFromFieldNames) {
   auto grid = Grid::make(4, Grid::Vertical::make(60, 12, 20, true), Grid::Horizontal::make(8, 2));
   auto written = encodeJson(grid);
-  EXPECT_EQ(written,
-            R"({"horizontalOffset":4,"vertical":{"columnWidth":60,"numberOfCols":12,)"
-            R"("gutterWidth":20,"guttersOnOutside":true},)"
-            R"("horizontal":{"rowHeight":8,"gutterHeight":2}})");
+  EXPECT_EQ(written, R"({"horizontalOffset":4,"vertical":{"columnWidth":60,"numberOfCols":12,)"
+                     R"("gutterWidth":20,"guttersOnOutside":true},)"
+                     R"("horizontal":{"rowHeight":8,"gutterHeight":2}})");
   auto back = decodeJson<Ref<Grid>>(written);
   EXPECT_EQ(back->vertical()->columnCount(), 12);
   EXPECT_TRUE(back->vertical()->hasOutsideGutters());

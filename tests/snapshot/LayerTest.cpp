@@ -44,10 +44,8 @@ TEST(LayerFlattening, InteractionLevelPlacesTheGroup) {
   };
   // [G(outer: [A, H(inner: [B])]), C]
   const Case cases[] = {
-      {Level::top, Level::top, "ABHGC"},
-      {Level::bottom, Level::bottom, "GAHBC"},
-      {std::nullopt, std::nullopt, "ABC"},
-      {Level::top, std::nullopt, "ABGC"},
+      {Level::top, Level::top, "ABHGC"},     {Level::bottom, Level::bottom, "GAHBC"},
+      {std::nullopt, std::nullopt, "ABC"},   {Level::top, std::nullopt, "ABGC"},
       {std::nullopt, Level::bottom, "AHBC"},
   };
   for (const auto& c : cases) {
@@ -135,9 +133,8 @@ TEST(LayerCoding, DefaultsAndLeftOutMembers) {
   EXPECT_FALSE(layer->blendMode());
   EXPECT_EQ(layer->cornerRadius(), 0);
   EXPECT_FALSE(layer->isExportable());
-  EXPECT_EQ(encodeJson(layer),
-            R"({"name":"n","rect":{"x":0,"y":0,"width":1,"height":1},)"
-            R"("borderRadius":0,"opacity":0.5,"exportable":false})");
+  EXPECT_EQ(encodeJson(layer), R"({"name":"n","rect":{"x":0,"y":0,"width":1,"height":1},)"
+                               R"("borderRadius":0,"opacity":0.5,"exportable":false})");
 
   // Payload keys of another kind are ignored; a tolerant interaction level may be anything.
   layer = decodeJson<Ref<Layer>>(
@@ -145,7 +142,8 @@ TEST(LayerCoding, DefaultsAndLeftOutMembers) {
       R"("interactionLevel":"middle","rect":{"x":0,"y":0,"width":1,"height":1},"opacity":1})");
   ASSERT_TRUE(layer->kind() && layer->kind()->asGroup());
   EXPECT_FALSE(layer->kind()->asGroup()->interactionLevel);
-  EXPECT_EQ(encodeJson(layer),
-            R"({"name":"g","sourceId":"s","type":"group","layers":[],)"
-            R"("rect":{"x":0,"y":0,"width":1,"height":1},"borderRadius":0,"opacity":1,"exportable":false})");
+  EXPECT_EQ(
+      encodeJson(layer),
+      R"({"name":"g","sourceId":"s","type":"group","layers":[],)"
+      R"("rect":{"x":0,"y":0,"width":1,"height":1},"borderRadius":0,"opacity":1,"exportable":false})");
 }

@@ -15,8 +15,8 @@ std::string layerJson(const std::string& id, const std::string& extra = "") {
 
 std::string groupJson(const std::string& id, const std::string& children,
                       const std::string& level = "top") {
-  return layerJson(id, R"(,"type":"group","interactionLevel":")" + level + R"(","layers":[)" +
-                           children + "]");
+  return layerJson(
+      id, R"(,"type":"group","interactionLevel":")" + level + R"(","layers":[)" + children + "]");
 }
 
 const std::string kDocument =
@@ -99,17 +99,17 @@ TEST(Snapshot, AssignmentRewiresAndKeepsReplacedBackReferences) {
 }
 
 TEST(Snapshot, MakeWiresLikeDecoding) {
-  auto child = Layer::make("c", Identifier("c"), Layer::Kind::shape(), {1, 1, 1, 1}, std::nullopt,
-                           0, 1, std::nullopt, nullptr, false, std::nullopt, std::nullopt,
-                           std::nullopt);
+  auto child =
+      Layer::make("c", Identifier("c"), Layer::Kind::shape(), {1, 1, 1, 1}, std::nullopt, 0, 1,
+                  std::nullopt, nullptr, false, std::nullopt, std::nullopt, std::nullopt);
   auto top = Layer::make("g", Identifier("g"),
                          Layer::Kind::group({child}, "Card", Layer::InteractionLevel::bottom),
                          {10, 10, 1, 1}, std::nullopt, 0, 1, std::nullopt, nullptr, false,
                          std::nullopt, std::nullopt, std::nullopt);
   auto grid = Grid::make(0, nullptr, nullptr);
-  auto snapshot = Snapshot::make({1, 1}, std::nullopt, std::nullopt, Snapshot::Source::figma,
-                                 nullptr, grid, std::vector<Ref<Asset>>{},
-                                 std::vector{top}, std::nullopt);
+  auto snapshot =
+      Snapshot::make({1, 1}, std::nullopt, std::nullopt, Snapshot::Source::figma, nullptr, grid,
+                     std::vector<Ref<Asset>>{}, std::vector{top}, std::nullopt);
   EXPECT_TRUE(snapshot->identifier().isLocal());
   EXPECT_EQ(grid->snapshot(), snapshot);
   expectTreeWiredTo({top}, snapshot);
@@ -154,8 +154,8 @@ TEST(Snapshot, ErrorsDeepInTheTreeCarryTheirPath) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.layers);
-    auto e = decodeError<Ref<Snapshot>>(R"({"_id":"S","width":1,"height":1,"layers":[)" +
-                                        c.layers + "]}");
+    auto e = decodeError<Ref<Snapshot>>(R"({"_id":"S","width":1,"height":1,"layers":[)" + c.layers +
+                                        "]}");
     EXPECT_EQ(e.kind(), c.kind);
     EXPECT_EQ(pathOf(e), c.path);
   }
@@ -187,8 +187,8 @@ TEST(Snapshot, MinimalDocumentAndSourceStrings) {
       R"({"_id":"S","width":2,"height":3,"source":"photoshop","density":"3x"})");
   EXPECT_FALSE(snapshot->source());
   EXPECT_EQ(snapshot->density(), Density::_3x);
-  EXPECT_FALSE(snapshot->grid() || snapshot->assets() || snapshot->layers() ||
-               snapshot->links() || snapshot->flattenedLayers());
+  EXPECT_FALSE(snapshot->grid() || snapshot->assets() || snapshot->layers() || snapshot->links() ||
+               snapshot->flattenedLayers());
   snapshot->setSource(Snapshot::Source::photoshop);
   EXPECT_EQ(encodeJson(snapshot),
             R"({"width":2,"height":3,"density":"3x","source":"psd","componentNames":[]})");
