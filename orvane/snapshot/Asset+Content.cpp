@@ -1,15 +1,13 @@
 #include <orvane/snapshot/Asset+Content.hpp>
 
-#include <orvane/snapshot/Asset.hpp>
-
 namespace orvane {
 
-Ref<AssetContent> AssetContent::make(std::optional<Url> url, std::optional<Density> density,
-                                     std::optional<Format> format) {
-  return std::make_shared<AssetContent>(Passkey<AssetContent>{}, std::move(url), density, format);
+Ref<Asset::Content> Asset::Content::make(std::optional<Url> url, std::optional<Density> density,
+                                         std::optional<Format> format) {
+  return std::make_shared<Content>(Passkey<Content>{}, std::move(url), density, format);
 }
 
-Ref<AssetContent> AssetContent::decode(const Decoder& decoder) {
+Ref<Asset::Content> Asset::Content::decode(const Decoder& decoder) {
   using K = CodingKeys;
   auto c = decoder.container();
   auto url = c.decodeUrlIfPresent(K::url);
@@ -18,7 +16,7 @@ Ref<AssetContent> AssetContent::decode(const Decoder& decoder) {
   return make(std::move(url), density, format);
 }
 
-void AssetContent::encode(Encoder& encoder) const {
+void Asset::Content::encode(Encoder& encoder) const {
   using K = CodingKeys;
   auto c = encoder.container();
   c.encodeIfPresent(K::url, url_);
@@ -26,7 +24,7 @@ void AssetContent::encode(Encoder& encoder) const {
   c.encodeIfPresent(K::format, format_);
 }
 
-void AssetContent::visitFields(FieldVisitor& v) const {
+void Asset::Content::visitFields(FieldVisitor& v) const {
   v.field("url", url_);
   v.field("density", density_);
   v.field("format", format_);

@@ -12,12 +12,11 @@
 #include <orvane/coding/RawEnum.hpp>
 #include <orvane/coding/Ref.hpp>
 #include <orvane/coding/Values.hpp>
+#include <orvane/snapshot/Asset.hpp>
 
 namespace orvane {
 
-class Asset;
-
-class AssetContent {
+class Asset::Content {
  public:
   enum class Format { png, jpg, svg, pdf };
 
@@ -27,13 +26,13 @@ class AssetContent {
     static constexpr std::string_view format = "format";
   };
 
-  AssetContent(Passkey<AssetContent>, std::optional<Url> url, std::optional<Density> density,
-               std::optional<Format> format)
+  Content(Passkey<Content>, std::optional<Url> url, std::optional<Density> density,
+          std::optional<Format> format)
       : url_(std::move(url)), density_(density), format_(format) {}
 
-  static Ref<AssetContent> make(std::optional<Url> url, std::optional<Density> density,
-                                std::optional<Format> format);
-  static Ref<AssetContent> decode(const Decoder& decoder);
+  static Ref<Content> make(std::optional<Url> url, std::optional<Density> density,
+                           std::optional<Format> format);
+  static Ref<Content> decode(const Decoder& decoder);
   void encode(Encoder& encoder) const;
   void visitFields(FieldVisitor& v) const;
 
@@ -57,14 +56,14 @@ class AssetContent {
 };
 
 template <>
-struct EnumTraits<AssetContent::Format> {
+struct EnumTraits<Asset::Content::Format> {
   static constexpr std::string_view typeName = "Format";
   static constexpr bool hasAllCases = true;
-  static constexpr std::array<EnumCase<AssetContent::Format>, 4> cases{{
-      {AssetContent::Format::png, "png", "png"},
-      {AssetContent::Format::jpg, "jpg", "jpg"},
-      {AssetContent::Format::svg, "svg", "svg"},
-      {AssetContent::Format::pdf, "pdf", "pdf"},
+  static constexpr std::array<EnumCase<Asset::Content::Format>, 4> cases{{
+      {Asset::Content::Format::png, "png", "png"},
+      {Asset::Content::Format::jpg, "jpg", "jpg"},
+      {Asset::Content::Format::svg, "svg", "svg"},
+      {Asset::Content::Format::pdf, "pdf", "pdf"},
   }};
 };
 

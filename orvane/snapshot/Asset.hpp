@@ -12,7 +12,6 @@
 #include <orvane/coding/FieldVisitor.hpp>
 #include <orvane/coding/Identifier.hpp>
 #include <orvane/coding/Ref.hpp>
-#include <orvane/snapshot/Asset+Content.hpp>
 
 namespace orvane {
 
@@ -22,7 +21,8 @@ class Snapshot;
 /// itself into each of them.
 class Asset : public std::enable_shared_from_this<Asset> {
  public:
-  using Content = AssetContent;
+  /// One file of the asset.
+  class Content;
 
   struct CodingKeys {
     static constexpr std::string_view identifier = "_id";
@@ -86,3 +86,5 @@ class Asset : public std::enable_shared_from_this<Asset> {
 };
 
 }  // namespace orvane
+
+#include <orvane/snapshot/Asset+Content.hpp>

@@ -1,8 +1,4 @@
 #include <orvane/snapshot/Snapshot.hpp>
-
-#include <orvane/coding/Color.hpp>
-#include <orvane/snapshot/Layer.hpp>
-
 // The version record arrives with the project structure; until then a snapshot has no version
 // to show.
 #if __has_include(<orvane/project/Version.hpp>)

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include <orvane/coding/Color.hpp>
 #include <orvane/coding/Decoder.hpp>
 #include <orvane/coding/Density.hpp>
 #include <orvane/coding/Encoder.hpp>
@@ -17,12 +18,11 @@
 #include <orvane/coding/Values.hpp>
 #include <orvane/snapshot/Asset.hpp>
 #include <orvane/snapshot/Grid.hpp>
+#include <orvane/snapshot/Layer.hpp>
 #include <orvane/snapshot/Link.hpp>
 
 namespace orvane {
 
-class Color;
-class Layer;
 class Version;
 
 /// Owns its grid, assets, layer tree and links, and wires itself into the grid, every asset and
