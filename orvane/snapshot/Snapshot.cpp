@@ -1,4 +1,5 @@
 #include <orvane/snapshot/Snapshot.hpp>
+
 // The version record arrives with the project structure; until then a snapshot has no version
 // to show.
 #if __has_include(<orvane/project/Version.hpp>)
