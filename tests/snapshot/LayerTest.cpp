@@ -1,10 +1,10 @@
 #include <orvane/snapshot/Layer.hpp>
 #include <orvane/snapshot/Snapshot.hpp>
 
-#include "snapshot/Support.hpp"
+#include "support/Records.hpp"
 
 using namespace orvane;
-using namespace orvane::testing;
+using namespace orvane::test;
 using Level = Layer::InteractionLevel;
 
 namespace {

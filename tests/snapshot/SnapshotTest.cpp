@@ -1,9 +1,9 @@
 #include <orvane/snapshot/Snapshot.hpp>
 
-#include "snapshot/Support.hpp"
+#include "support/Records.hpp"
 
 using namespace orvane;
-using namespace orvane::testing;
+using namespace orvane::test;
 using ErrorKind = DecodingError::Kind;
 
 namespace {

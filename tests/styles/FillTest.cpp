@@ -1,7 +1,7 @@
-#include "styles/Support.hpp"
+#include "support/Records.hpp"
 
 using namespace orvane;
-using namespace orvane::styles_test;
+using namespace orvane::test;
 using ErrorKind = DecodingError::Kind;
 using Key = Fill::Kind::Key;
 

@@ -1,4 +1,4 @@
-// JSON round-trip helpers shared by the style tests.
+// Decoding and encoding helpers shared by the record tests.
 #pragma once
 
 #include <string>
@@ -10,11 +10,17 @@
 #include <orvane/json/JsonEncoder.hpp>
 #include <orvane/orvane.hpp>
 
-namespace orvane::styles_test {
+namespace orvane::test {
+
+inline JsonDecoderOptions importOptions(bool fromImportSource = true) {
+  JsonDecoderOptions options;
+  options.userInfo[CodingUserInfoKey::fromImportSource()] = fromImportSource;
+  return options;
+}
 
 template <class T>
-T decodeJson(std::string_view json) {
-  return JsonDecoder().decode<T>(json);
+T decodeJson(std::string_view json, JsonDecoderOptions options = {}) {
+  return JsonDecoder(std::move(options)).decode<T>(json);
 }
 
 template <class T>
@@ -24,15 +30,15 @@ std::string encodeJson(const T& value) {
 
 /// Decodes and writes back: what a record keeps of a document.
 template <class T>
-std::string roundTrip(std::string_view json) {
-  return encodeJson(decodeJson<T>(json));
+std::string roundTrip(std::string_view json, JsonDecoderOptions options = {}) {
+  return encodeJson(decodeJson<T>(json, std::move(options)));
 }
 
 /// The error a document fails with; a test failure when it decodes.
 template <class T>
-DecodingError decodeError(std::string_view json) {
+DecodingError decodeError(std::string_view json, JsonDecoderOptions options = {}) {
   try {
-    decodeJson<T>(json);
+    decodeJson<T>(json, std::move(options));
   } catch (const DecodingError& e) {
     return e;
   }
@@ -44,4 +50,4 @@ inline std::string pathOf(const DecodingError& e) {
   return formatCodingPath(e.codingPath());
 }
 
-}  // namespace orvane::styles_test
+}  // namespace orvane::test
