@@ -5,8 +5,8 @@ cd "$(dirname "$0")/.."
 scripts/setup.sh
 cmake --preset release >/dev/null
 cmake --build --preset release --target orvane_tool
-example=${1:-examples/border.json}
-type=${2:-Border}
+example=${1:-examples/snapshot.json}
+type=${2:-Snapshot}
 echo "== orvane decode $type $example"
 build/release/orvane decode "$type" "$example"
 echo "== orvane dump $type $example --pretty"
