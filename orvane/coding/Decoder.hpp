@@ -43,6 +43,7 @@ class DecoderBackend {
   struct LookupState {
     std::uint64_t position = 0;
     std::uint64_t filter = 0;
+    std::uint64_t collisions = 0;
   };
 
   /// Finds `key` in the object `object`. Records read their keys in a fixed order, so the

@@ -228,10 +228,10 @@ class TapeBackend final : public DecoderBackend {
   }
 
   // Lookups keep a filter of the keys an object holds (one bit per key hash) so that absent
-  // keys, which records ask for often, are usually refused without a scan; two flag bits say
-  // whether the filter was built and whether the object repeats a key.
+  // keys, which records ask for often, are usually refused without a scan. A second mask marks
+  // the bits that more than one key hashed to: only a key found under such a bit can have a
+  // later duplicate, which then wins.
   static constexpr std::uint64_t kBuilt = 1ull << 63;
-  static constexpr std::uint64_t kDuplicates = 1ull << 62;
   static std::uint64_t keyBit(std::string_view key) noexcept {
     std::uint32_t h = static_cast<std::uint32_t>(key.size()) * 0x9E3779B1u;
     if (!key.empty()) {
@@ -240,26 +240,19 @@ class TapeBackend final : public DecoderBackend {
       h ^= static_cast<unsigned char>(key[key.size() / 2]) * 0x27D4EB2Fu;
     }
     h ^= h >> 15;
-    return 1ull << (h % 62);
+    return 1ull << (h % 63);
   }
 
   void buildFilter(Node object, LookupState& state) const noexcept {
-    std::uint64_t filter = kBuilt;
+    std::uint64_t filter = 0, collisions = 0;
     Node end = afterIndex(object) - 1;
     for (Node i = object + 1; i < end; i = afterIndex(i + 1)) {
-      std::string_view key = stringAt(i);
-      std::uint64_t bit = keyBit(key);
-      if ((filter & bit) && !(filter & kDuplicates)) {
-        for (Node j = object + 1; j < i; j = afterIndex(j + 1)) {
-          if (stringAt(j) == key) {
-            filter |= kDuplicates;
-            break;
-          }
-        }
-      }
+      std::uint64_t bit = keyBit(stringAt(i));
+      collisions |= filter & bit;
       filter |= bit;
     }
-    state.filter = filter;
+    state.filter = filter | kBuilt;
+    state.collisions = collisions;
     state.position = object + 1;
   }
 
@@ -271,30 +264,28 @@ class TapeBackend final : public DecoderBackend {
 bool TapeBackend::findMember(Node object, std::string_view key, Node& value,
                              LookupState& state) const noexcept {
   if (!(state.filter & kBuilt)) buildFilter(object, state);
-  if (!(state.filter & keyBit(key))) return false;
+  std::uint64_t bit = keyBit(key);
+  if (!(state.filter & bit)) return false;
   Node begin = object + 1;
   Node end = afterIndex(object) - 1;
-  if (state.filter & kDuplicates) {
-    bool found = false;
-    for (Node i = begin; i < end; i = afterIndex(i + 1)) {
-      if (stringAt(i) == key) {
-        value = i + 1;
-        found = true;
-      }
-    }
-    return found;
-  }
   Node start = state.position;
   for (int pass = 0; pass < 2; ++pass) {
     Node from = pass == 0 ? start : begin;
     Node to = pass == 0 ? end : start;
     for (Node i = from; i < to; i = afterIndex(i + 1)) {
-      if (stringAt(i) == key) {
-        value = i + 1;
-        Node next = afterIndex(i + 1);
-        state.position = next < end ? next : begin;
-        return true;
+      if (stringAt(i) != key) continue;
+      Node found = i + 1;
+      Node next = afterIndex(found);
+      if (state.collisions & bit) {
+        // The key may repeat further on; the last one counts.
+        for (Node j = next; j < end; j = afterIndex(j + 1)) {
+          if (stringAt(j) == key) found = j + 1;
+        }
+        next = afterIndex(found);
       }
+      value = found;
+      state.position = next < end ? next : begin;
+      return true;
     }
   }
   return false;
