@@ -16,6 +16,8 @@
 #include <orvane/coding/SingleValueCodable.hpp>
 #include <orvane/coding/UserInfo.hpp>
 #include <orvane/coding/Values.hpp>
+#include <orvane/people/Organization.hpp>
+#include <orvane/people/Plan.hpp>
 #include <orvane/people/User+Partial.hpp>
 #include <orvane/people/User.hpp>
 #include <orvane/snapshot/Asset+Content.hpp>

@@ -37,6 +37,13 @@ constexpr TypeEntry kTypes[] = {
     entry<User::Status>("User.Status"),
     entry<User::SubscriptionStatus>("User.SubscriptionStatus"),
     entry<User::Emotar>("User.Emotar"),
+    entry<Organization>("Organization"),
+    entry<Organization::Partial>("Organization.Partial"),
+    entry<Organization::Status>("Organization.Status"),
+    entry<Organization::SubscriptionStatus>("Organization.SubscriptionStatus"),
+    entry<Plan>("Plan"),
+    entry<Plan::Status>("Plan.Status"),
+    entry<Plan::Period>("Plan.Period"),
     // Snapshot content.
     entry<Snapshot>("Snapshot"),
     entry<Snapshot::Source>("Snapshot.Source"),
