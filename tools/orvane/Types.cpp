@@ -59,6 +59,15 @@ constexpr TypeEntry kTypes[] = {
     entry<Link>("Link"),
     entry<Destination>("Destination"),
     entry<Destination::Kind::Key>("Destination.Kind.Key"),
+    // Integrations and extensions.
+    entry<Integration>("Integration"),
+    entry<Integration::Slack>("Integration.Slack"),
+    entry<Extension>("Extension"),
+    entry<Extension::Manifest>("Extension.Manifest"),
+    entry<Extension::Author>("Extension.Author"),
+    entry<Extension::Option>("Extension.Option"),
+    entry<Extension::Option::Kind::Key>("Extension.Option.Kind.Key"),
+    entry<Extension::Option::PickerOption>("Extension.Option.PickerOption"),
 };
 
 }  // namespace
