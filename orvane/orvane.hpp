@@ -26,6 +26,7 @@
 #include <orvane/people/User+Partial.hpp>
 #include <orvane/people/User.hpp>
 #include <orvane/snapshot/Asset+Content.hpp>
+#include <orvane/project/Project.hpp>
 #include <orvane/snapshot/Asset.hpp>
 #include <orvane/snapshot/Destination.hpp>
 #include <orvane/snapshot/Grid.hpp>

@@ -59,6 +59,11 @@ constexpr TypeEntry kTypes[] = {
     entry<Link>("Link"),
     entry<Destination>("Destination"),
     entry<Destination::Kind::Key>("Destination.Kind.Key"),
+    // The project.
+    entry<Project>("Project"),
+    entry<Project::Status>("Project.Status"),
+    entry<Project::Kind>("Project.Kind"),
+    entry<Project::Icon>("Project.Icon"),
     // Integrations and extensions.
     entry<Integration>("Integration"),
     entry<Integration::Slack>("Integration.Slack"),
