@@ -23,6 +23,7 @@
 #include <orvane/integrations/Integration.hpp>
 #include <orvane/people/Organization.hpp>
 #include <orvane/people/Plan.hpp>
+#include <orvane/people/ProjectUser.hpp>
 #include <orvane/people/User+Partial.hpp>
 #include <orvane/people/User.hpp>
 #include <orvane/snapshot/Asset+Content.hpp>
