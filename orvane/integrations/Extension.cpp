@@ -85,9 +85,8 @@ Ref<Extension::Manifest> Extension::Manifest::make(std::string name,
                                                    std::optional<std::vector<Ref<Option>>> options,
                                                    Url moduleURL) {
   return std::make_shared<Manifest>(Passkey<Manifest>{}, std::move(name), std::move(description),
-                                    std::move(version), std::move(author),
-                                    std::move(repositoryURL), std::move(options),
-                                    std::move(moduleURL));
+                                    std::move(version), std::move(author), std::move(repositoryURL),
+                                    std::move(options), std::move(moduleURL));
 }
 
 Ref<Extension::Manifest> Extension::Manifest::decode(const Decoder& decoder) {

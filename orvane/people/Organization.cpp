@@ -34,9 +34,8 @@ Ref<Organization> Organization::make(std::optional<Status> status, std::string n
                                      std::optional<SubscriptionStatus> subscriptionStatus,
                                      Identifier identifier) {
   return std::make_shared<Organization>(Passkey<Organization>{}, std::move(identifier), status,
-                                        std::move(name), std::move(logoURL),
-                                        transitionTimeInterval, std::move(planIdentifier),
-                                        subscriptionStatus);
+                                        std::move(name), std::move(logoURL), transitionTimeInterval,
+                                        std::move(planIdentifier), subscriptionStatus);
 }
 
 Ref<Organization> Organization::decode(const Decoder& decoder) {

@@ -23,7 +23,8 @@ TEST(Extension, WritesItsIdentifierOnlyWhenTheServiceAssignedIt) {
 
   auto made = Extension::make("Lint", std::nullopt, Url("https://x/m.json"), false);
   EXPECT_TRUE(made->identifier().isLocal());
-  EXPECT_EQ(encodeJson(made), R"({"name":"Lint","manifestURL":"https://x/m.json","default":false})");
+  EXPECT_EQ(encodeJson(made),
+            R"({"name":"Lint","manifestURL":"https://x/m.json","default":false})");
 }
 
 TEST(Extension, RequiredKeys) {
@@ -143,7 +144,8 @@ TEST(ExtensionOption, PickerWithoutMatchingValueIsCorrupted) {
   auto e = decodeError<Ref<Option>>(R"({"id":"p","name":"P","type":"picker","default":"b"})");
   EXPECT_EQ(e.kind(), ErrorKind::keyNotFound);
   EXPECT_EQ(e.key(), "options");
-  e = decodeError<Ref<Option>>(R"({"id":"p","name":"P","type":"picker","default":"b","options":{}})");
+  e = decodeError<Ref<Option>>(
+      R"({"id":"p","name":"P","type":"picker","default":"b","options":{}})");
   EXPECT_EQ(e.kind(), ErrorKind::typeMismatch);
   e = decodeError<Ref<Option>>(
       R"({"id":"p","name":"P","type":"picker","default":"b","options":[{"name":"b"}]})");

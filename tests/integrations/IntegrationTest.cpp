@@ -26,7 +26,8 @@ TEST(IntegrationSlack, WritesTheWebHookAndScopeButNeitherIdentifierNorExtraHookK
   slack = decodeJson<Ref<Integration::Slack>>(
       R"({"_id":"s","incomingWebHook":{"channel":"c","configurationURL":"https://x"},"scope":null})");
   EXPECT_FALSE(slack->scope());
-  EXPECT_EQ(encodeJson(slack), R"({"incomingWebHook":{"channel":"c","configurationURL":"https://x"}})");
+  EXPECT_EQ(encodeJson(slack),
+            R"({"incomingWebHook":{"channel":"c","configurationURL":"https://x"}})");
 }
 
 TEST(IntegrationSlack, MissingPiecesFailWhereTheyAreMissing) {
@@ -80,13 +81,15 @@ TEST(Integration, OneBadSlackFailsTheWholeIntegrationWithItsIndex) {
 
   auto integration = decodeJson<Ref<Integration>>(std::string(R"({"slacks":[)") + kSlack + "]}");
   ASSERT_EQ(integration->slacks()->size(), 1u);
-  EXPECT_EQ(encodeJson(integration),
-            R"({"slacks":[{"incomingWebHook":{"channel":"#design","configurationURL":"https://x/c"},)"
-            R"("scope":"incoming-webhook"}]})");
+  EXPECT_EQ(
+      encodeJson(integration),
+      R"({"slacks":[{"incomingWebHook":{"channel":"#design","configurationURL":"https://x/c"},)"
+      R"("scope":"incoming-webhook"}]})");
 }
 
 TEST(IntegrationEmoji, KeepsItsKindAsGiven) {
-  auto parent = Integration::Emoji::make("party", Integration::Emoji::Kind::parent(Url("https://e/p.png")));
+  auto parent =
+      Integration::Emoji::make("party", Integration::Emoji::Kind::parent(Url("https://e/p.png")));
   auto sibling = Integration::Emoji::make("tada", Integration::Emoji::Kind::sibling("nowhere"));
   EXPECT_EQ(parent->kind().key(), Integration::Emoji::Kind::Key::parent);
   EXPECT_EQ(parent->kind().asParent()->url, Url("https://e/p.png"));

@@ -25,8 +25,8 @@ TEST(Organization, TransitionIsHeldInSecondsAndWrittenInMilliseconds) {
   EXPECT_EQ(made->transitionTimeInterval(), 0.25);
   EXPECT_EQ(encodeJson(made), R"({"name":"n","transitionLeft":250,"paymentPlan":"team"})");
 
-  for (const char* json : {R"({"_id":"o","name":"n","transitionLeft":null})",
-                           R"({"_id":"o","name":"n"})"}) {
+  for (const char* json :
+       {R"({"_id":"o","name":"n","transitionLeft":null})", R"({"_id":"o","name":"n"})"}) {
     EXPECT_FALSE(decodeJson<Ref<Organization>>(json)->transitionTimeInterval()) << json;
   }
   EXPECT_EQ(decodeError<Ref<Organization>>(R"({"_id":"o","name":"n","transitionLeft":"1"})").kind(),
@@ -56,7 +56,8 @@ TEST(Organization, HeaderEnumerationsAreTolerantRequiredKeysAreNot) {
       R"({"_id":"o","name":"n","status":"Active","subscriptionStatus":"pastDue"})");
   EXPECT_FALSE(org->status());
   EXPECT_FALSE(org->subscriptionStatus());
-  org = decodeJson<Ref<Organization>>(R"({"_id":"o","name":"n","status":3,"subscriptionStatus":{}})");
+  org =
+      decodeJson<Ref<Organization>>(R"({"_id":"o","name":"n","status":3,"subscriptionStatus":{}})");
   EXPECT_FALSE(org->status());
 
   const std::pair<const char*, ErrorKind> failures[] = {
@@ -115,8 +116,8 @@ TEST(Plan, StatusAndPeriodAreTolerantTheRestRequired) {
 }
 
 TEST(Plan, OnlyThePlanNamedExactlyFreeIsFree) {
-  auto plan = Plan::make("free", "Free", Plan::Status::active, Plan::Period::eternal, 0, false, 1,
-                         10, 10);
+  auto plan =
+      Plan::make("free", "Free", Plan::Status::active, Plan::Period::eternal, 0, false, 1, 10, 10);
   EXPECT_TRUE(plan->isFree());
   for (const char* name : {"Free", "free ", "", "freedom"}) {
     plan->setIdentifier(name);

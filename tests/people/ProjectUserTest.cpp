@@ -89,8 +89,8 @@ TEST(ProjectUser, ProjectIsAWeakBackReferenceThatOnlyTheOwnerSets) {
 }
 
 TEST(ProjectUser, MadeMembersStoreTheirArgumentsAndHaveNoProject) {
-  auto user = User::make("e", std::nullopt, std::nullopt, std::nullopt, std::nullopt,
-                         std::nullopt, std::nullopt, std::nullopt, std::nullopt, Identifier("u"));
+  auto user = User::make("e", std::nullopt, std::nullopt, std::nullopt, std::nullopt, std::nullopt,
+                         std::nullopt, std::nullopt, std::nullopt, Identifier("u"));
   auto m = ProjectUser::make(user, Role::rook, std::vector<std::string>{"lead"});
   EXPECT_EQ(m->user(), user);
   EXPECT_FALSE(m->project());
