@@ -21,20 +21,26 @@ inline std::uint64_t needsEscape(std::uint64_t w) {
 }
 
 // The length of the prefix of `value` that needs no escaping, or a shorter length.
-std::size_t plainPrefix(std::string_view value) {
-  std::size_t i = 0;
+inline std::size_t plainPrefix(std::string_view value) {
+  const char* data = value.data();
+  std::size_t size = value.size();
   std::uint64_t w;
-  for (; i + 8 <= value.size(); i += 8) {
-    std::memcpy(&w, value.data() + i, 8);
+  if (size < 8) {
+    for (std::size_t i = 0; i < size; ++i) {
+      unsigned char c = static_cast<unsigned char>(data[i]);
+      if (c < 0x20 || c == '"' || c == '\\') return i;
+    }
+    return size;
+  }
+  std::size_t i = 0;
+  for (; i + 8 <= size; i += 8) {
+    std::memcpy(&w, data + i, 8);
     if (needsEscape(w)) return i;
   }
-  if (i == value.size()) return i;
-  // The last few bytes, in a word filled up with a byte that needs nothing.
-  unsigned char tail[8];
-  std::memset(tail, 'a', 8);
-  std::memcpy(tail, value.data() + i, value.size() - i);
-  std::memcpy(&w, tail, 8);
-  return needsEscape(w) ? i : value.size();
+  if (i == size) return i;
+  // The last bytes, in a word that overlaps the one before.
+  std::memcpy(&w, data + size - 8, 8);
+  return needsEscape(w) ? i : size;
 }
 
 }  // namespace
@@ -96,13 +102,15 @@ namespace {
 // division rounds as a parser does), with the point put back. Fixed notation is then never
 // longer than scientific, except for integers with many trailing zeros, which are left to
 // to_chars. Writes the same text as to_chars, several times faster.
-bool appendShortDecimal(std::string& out, double value) {
+// Writes the text at `p` (at most 32 bytes) and returns its end, or null when the value is not
+// such a number.
+char* writeShortDecimal(char* p, double value) {
   static constexpr double scales[] = {1, 10, 100, 1000};
-  if (!(std::fabs(value) < 0x1p50)) return false;
+  if (!(std::fabs(value) < 0x1p50)) return nullptr;
   for (int k = 0; k < 4; ++k) {
     double m = std::nearbyint(value * scales[k]);
     if (m / scales[k] != value) continue;
-    if (!(std::fabs(m) < 0x1p50)) return false;
+    if (!(std::fabs(m) < 0x1p50)) return nullptr;
     auto integer = static_cast<std::int64_t>(m);
     char digits[24];
     char* end = std::to_chars(digits, digits + sizeof digits, integer < 0 ? -integer : integer).ptr;
@@ -112,10 +120,8 @@ bool appendShortDecimal(std::string& out, double value) {
       while (zeros < count - 1 && digits[count - 1 - zeros] == '0') ++zeros;
       // Scientific text is "d" or "d.ddd" with "e+XX": shorter beyond these.
       bool fixed = count - zeros == 1 ? count <= 5 : zeros <= 5;
-      if (!fixed) return false;
+      if (!fixed) return nullptr;
     }
-    char buf[32];
-    char* p = buf;
     if (integer < 0) *p++ = '-';
     if (k == 0) {
       std::memcpy(p, digits, count);
@@ -133,27 +139,33 @@ bool appendShortDecimal(std::string& out, double value) {
       std::memcpy(p, digits, count);
       p += count;
     }
-    out.append(buf, p);
-    return true;
+    return p;
   }
-  return false;
+  return nullptr;
 }
+
+// Writes the JSON text of a finite double at `p` (at most 32 bytes) and returns its end.
+char* writeNumber(char* p, double value) {
+  if (value == 0 && std::signbit(value)) {
+    // "-0" would read back as the integer zero and lose its sign.
+    std::memcpy(p, "-0.0", 4);
+    return p + 4;
+  }
+  if (char* end = writeShortDecimal(p, value)) return end;
+  // Integral text beyond 64 bits would read back as an integer too large for the parser.
+  return std::fabs(value) >= 1e18
+             ? std::to_chars(p, p + 32, value, std::chars_format::scientific).ptr
+             : std::to_chars(p, p + 32, value).ptr;
+}
+
+// Strings up to this length go out in one piece with their separator and quotes.
+constexpr std::size_t kShortString = 96;
 
 }  // namespace
 
 void appendJsonNumber(std::string& out, double value) {
-  if (value == 0 && std::signbit(value)) {
-    // "-0" would read back as the integer zero and lose its sign.
-    out += "-0.0";
-    return;
-  }
-  if (appendShortDecimal(out, value)) return;
   char buf[32];
-  // Integral text beyond 64 bits would read back as an integer too large for the parser.
-  auto result = std::fabs(value) >= 1e18
-                    ? std::to_chars(buf, buf + sizeof buf, value, std::chars_format::scientific)
-                    : std::to_chars(buf, buf + sizeof buf, value);
-  out.append(buf, result.ptr);
+  out.append(buf, static_cast<std::size_t>(writeNumber(buf, value) - buf));
 }
 
 void JsonWriter::newline() {
@@ -161,36 +173,53 @@ void JsonWriter::newline() {
   out_->append(2 * stack_.size(), ' ');
 }
 
-void JsonWriter::beforeValue() {
+bool JsonWriter::beforeValue() {
   if (afterKey_) {
     afterKey_ = false;
-    return;
+    return false;
   }
-  if (stack_.empty()) return;
+  if (stack_.empty()) return false;
   Frame& top = stack_.back();
-  if (!top.empty) *out_ += ',';
+  bool comma = !top.empty;
   top.empty = false;
-  if (pretty_) newline();
+  if (!pretty_) return comma;
+  if (comma) *out_ += ',';
+  newline();
+  return false;
 }
 
 void JsonWriter::key(std::string_view name) {
   Frame& top = stack_.back();
-  if (!top.empty) *out_ += ',';
+  bool comma = !top.empty;
   top.empty = false;
+  afterKey_ = true;
+  if (!pretty_ && name.size() <= kShortString && plainPrefix(name) == name.size()) {
+    char buf[kShortString + 4];
+    char* p = buf;
+    *p = ',';
+    p += comma;
+    *p++ = '"';
+    std::memcpy(p, name.data(), name.size());
+    p += name.size();
+    *p++ = '"';
+    *p++ = ':';
+    out_->append(buf, static_cast<std::size_t>(p - buf));
+    return;
+  }
+  if (comma) *out_ += ',';
   if (pretty_) newline();
   appendJsonString(*out_, name);
   *out_ += pretty_ ? ": " : ":";
-  afterKey_ = true;
 }
 
 void JsonWriter::beginObject() {
-  beforeValue();
+  if (beforeValue()) *out_ += ',';
   *out_ += '{';
   stack_.push_back({true, true});
 }
 
 void JsonWriter::beginArray() {
-  beforeValue();
+  if (beforeValue()) *out_ += ',';
   *out_ += '[';
   stack_.push_back({false, true});
 }
@@ -210,29 +239,45 @@ void JsonWriter::endArray() {
 }
 
 void JsonWriter::null() {
-  beforeValue();
-  *out_ += "null";
+  out_->append(beforeValue() ? ",null" : "null");
 }
 
 void JsonWriter::boolean(bool value) {
-  beforeValue();
+  if (beforeValue()) *out_ += ',';
   *out_ += value ? "true" : "false";
 }
 
 void JsonWriter::integer(std::int64_t value) {
-  beforeValue();
   char buf[24];
-  auto result = std::to_chars(buf, buf + sizeof buf, value);
-  out_->append(buf, result.ptr);
+  char* p = buf;
+  *p = ',';
+  p += beforeValue();
+  out_->append(buf, static_cast<std::size_t>(std::to_chars(p, buf + sizeof buf, value).ptr - buf));
 }
 
 void JsonWriter::number(double value) {
-  beforeValue();
-  appendJsonNumber(*out_, value);
+  char buf[33];
+  char* p = buf;
+  *p = ',';
+  p += beforeValue();
+  out_->append(buf, static_cast<std::size_t>(writeNumber(p, value) - buf));
 }
 
 void JsonWriter::string(std::string_view value) {
-  beforeValue();
+  bool comma = beforeValue();
+  if (value.size() <= kShortString && plainPrefix(value) == value.size()) {
+    char buf[kShortString + 3];
+    char* p = buf;
+    *p = ',';
+    p += comma;
+    *p++ = '"';
+    std::memcpy(p, value.data(), value.size());
+    p += value.size();
+    *p++ = '"';
+    out_->append(buf, static_cast<std::size_t>(p - buf));
+    return;
+  }
+  if (comma) *out_ += ',';
   appendJsonString(*out_, value);
 }
 
