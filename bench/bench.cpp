@@ -2,6 +2,8 @@
 // parser's own DOM parse and against two other JSON libraries' parse alone.
 //   bench [SIZE_MB ...]        default: 1 10 100
 //   bench --large SIZE_MB      one decode of a large document: time and peak memory
+//   bench --only decode|encode SIZE_MB COUNT
+//                              only that operation, COUNT times, for a profiler
 #include <malloc.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -37,13 +39,15 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using Snapshots = std::vector<orvane::Ref<orvane::Snapshot>>;
 
-// The best of several runs: at least three, and as many as fit in about two seconds.
-double bestSeconds(const std::function<void()>& run) {
+// The best of several runs: at least three, and as many as fit in about two seconds. `after`
+// runs untimed after each run (to release what it made).
+double bestSeconds(const std::function<void()>& run, const std::function<void()>& after = {}) {
   double best = 1e100, total = 0;
   for (int i = 0; i < 3 || (total < 2.0 && i < 50); ++i) {
     auto start = Clock::now();
     run();
     double s = std::chrono::duration<double>(Clock::now() - start).count();
+    if (after) after();
     best = std::min(best, s);
     total += s;
   }
@@ -52,6 +56,7 @@ double bestSeconds(const std::function<void()>& run) {
 
 // Peak resident memory of `run` in a child process, in bytes.
 long peakResident(const std::function<void()>& run) {
+  std::fflush(stdout);  // or the child would print the parent's pending output again
   pid_t pid = fork();
   if (pid == 0) {
     run();
@@ -95,14 +100,18 @@ void measure(std::size_t megabytes) {
   });
   row("nlohmann::json parse", bytes, nlohmannTime, floor);
 
+  // Decoding ends with the graph built and wired; releasing it is timed on its own.
   orvane::JsonDecoder decoder;
-  double decode = bestSeconds([&] {
-    auto graph = decoder.decodePadded<Snapshots>(view);
-    benchmark::DoNotOptimize(graph.size());
-  });
+  Snapshots graph;
+  double decode = bestSeconds([&] { graph = decoder.decodePadded<Snapshots>(view); },
+                              [&] { graph.clear(); });
   row("Orvane decode (wired graph)", bytes, decode, floor);
+  graph = decoder.decodePadded<Snapshots>(view);
+  double release = bestSeconds([&] { graph.clear(); },
+                               [&] { graph = decoder.decodePadded<Snapshots>(view); });
+  std::printf("| %-34s | %9s | %9.2f | %7.2fx |\n", "Orvane release of the graph", "",
+              release * 1e3, release / floor);
 
-  auto graph = decoder.decodePadded<Snapshots>(view);
   std::string out;
   double encode = bestSeconds([&] {
     out.clear();
@@ -156,9 +165,35 @@ void large(std::size_t megabytes) {
   std::printf("Peak resident memory: %.1f MB\n", double(peak) / 1e6);
 }
 
+// One operation repeated, so that a profiler sees little else.
+void only(const std::string& what, std::size_t megabytes, int count) {
+  std::string json = orvane::bench::generateSnapshots(megabytes * 1000 * 1000);
+  simdjson::padded_string padded(json);
+  std::string_view view(padded.data(), padded.size());
+  orvane::JsonDecoder decoder;
+  if (what == "decode") {
+    for (int i = 0; i < count; ++i) {
+      auto graph = decoder.decodePadded<Snapshots>(view);
+      benchmark::DoNotOptimize(graph.size());
+    }
+    return;
+  }
+  auto graph = decoder.decodePadded<Snapshots>(view);
+  std::string out;
+  for (int i = 0; i < count; ++i) {
+    out.clear();
+    orvane::JsonEncoder().encodeInto(out, graph);
+    benchmark::DoNotOptimize(out.data());
+  }
+}
+
 int main(int argc, char** argv) {
   if (argc == 3 && std::string(argv[1]) == "--large") {
     large(std::strtoul(argv[2], nullptr, 10));
+    return 0;
+  }
+  if (argc == 5 && std::string(argv[1]) == "--only") {
+    only(argv[2], std::strtoul(argv[3], nullptr, 10), std::atoi(argv[4]));
     return 0;
   }
   std::vector<std::size_t> sizes;

@@ -31,9 +31,9 @@ std::string nfc(const std::string& s) {
 
 }  // namespace
 
-Identifier::Identifier(std::string rawValue) : raw_(std::move(rawValue)) {
-  canonical_ = isAscii(raw_) || nfc(raw_) == raw_;
-}
+// Nothing is worked out up front: identifiers are decoded by the thousand and nearly all are
+// ASCII, which compares and hashes as bytes.
+Identifier::Identifier(std::string rawValue) : raw_(std::move(rawValue)) {}
 
 Identifier Identifier::local() {
   // One engine per thread: local identifiers are made by the thousand when an imported document
@@ -65,12 +65,13 @@ Identifier Identifier::local() {
 }
 
 bool Identifier::operator==(const Identifier& other) const {
-  if (canonical_ && other.canonical_) return raw_ == other.raw_;
+  if (raw_ == other.raw_) return true;
+  if (isAscii(raw_) && isAscii(other.raw_)) return false;
   return nfc(raw_) == nfc(other.raw_);
 }
 
 std::size_t Identifier::hash() const {
-  return std::hash<std::string>{}(canonical_ ? raw_ : nfc(raw_));
+  return std::hash<std::string>{}(isAscii(raw_) ? raw_ : nfc(raw_));
 }
 
 }  // namespace orvane

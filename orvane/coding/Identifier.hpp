@@ -38,7 +38,6 @@ class Identifier {
 
  private:
   std::string raw_;
-  bool canonical_;  // raw_ is already in normalization form C, so bytes can be compared
 };
 
 }  // namespace orvane

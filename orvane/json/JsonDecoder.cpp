@@ -1,5 +1,8 @@
 #include <orvane/json/JsonDecoder.hpp>
 
+#include <algorithm>
+#include <array>
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstring>
@@ -230,28 +233,67 @@ class TapeBackend final : public DecoderBackend {
   // Lookups keep a filter of the keys an object holds (one bit per key hash) so that absent
   // keys, which records ask for often, are usually refused without a scan. A second mask marks
   // the bits that more than one key hashed to: only a key found under such a bit can have a
-  // later duplicate, which then wins.
-  static constexpr std::uint64_t kBuilt = 1ull << 63;
-  static std::uint64_t keyBit(std::string_view key) noexcept {
-    std::uint32_t h = static_cast<std::uint32_t>(key.size()) * 0x9E3779B1u;
-    if (!key.empty()) {
-      h ^= static_cast<unsigned char>(key.front()) * 0x85EBCA6Bu;
-      h ^= static_cast<unsigned char>(key.back()) * 0xC2B2AE35u;
-      h ^= static_cast<unsigned char>(key[key.size() / 2]) * 0x27D4EB2Fu;
-    }
-    h ^= h >> 15;
-    return 1ull << (h % 63);
+  // later duplicate, which then wins. A built filter has a nonzero position.
+  //
+  // Keys are compared by a word holding their length and first four bytes, which one load
+  // reads from the string buffer (a length prefix, then the bytes); only longer keys need a
+  // comparison of the rest. The buffer always has room for that load past a short key.
+  static std::uint64_t keyWord(std::string_view key) noexcept {
+    unsigned char bytes[8] = {};
+    auto length = static_cast<std::uint32_t>(key.size());
+    std::memcpy(bytes, &length, 4);
+    if (key.size() >= 4)
+      std::memcpy(bytes + 4, key.data(), 4);
+    else
+      for (std::size_t i = 0; i < key.size(); ++i) bytes[4 + i] = static_cast<unsigned char>(key[i]);
+    std::uint64_t word;
+    std::memcpy(&word, bytes, 8);
+    return word;
+  }
+
+  // Keeps the length and as many of the first four bytes as the key has.
+  static std::uint64_t headMask(std::uint32_t length) noexcept {
+    static constexpr auto masks = [] {
+      std::array<std::uint64_t, 5> out{};
+      for (std::size_t n = 0; n < out.size(); ++n) {
+        unsigned char bytes[8] = {};
+        for (std::size_t i = 0; i < 4 + n; ++i) bytes[i] = 0xFF;
+        out[n] = std::bit_cast<std::uint64_t>(bytes);
+      }
+      return out;
+    }();
+    return masks[std::min<std::uint32_t>(length, 4)];
+  }
+
+  std::uint64_t keyWordAt(Node n) const noexcept {
+    const std::uint8_t* p = strings_ + (tape_[n] & simdjson::internal::JSON_VALUE_MASK);
+    std::uint64_t word;
+    std::memcpy(&word, p, 8);
+    std::uint32_t length;
+    std::memcpy(&length, p, 4);
+    return word & headMask(length);
+  }
+
+  // Whether the key at `n`, whose word equals `key`'s, is `key`.
+  bool restEquals(Node n, std::string_view key) const noexcept {
+    if (key.size() <= 4) return true;
+    const std::uint8_t* p = strings_ + (tape_[n] & simdjson::internal::JSON_VALUE_MASK);
+    return std::memcmp(p + 8, key.data() + 4, key.size() - 4) == 0;
+  }
+
+  static std::uint64_t keyBit(std::uint64_t word) noexcept {
+    return 1ull << ((word * 0x9E3779B97F4A7C15ull) >> 58);
   }
 
   void buildFilter(Node object, LookupState& state) const noexcept {
     std::uint64_t filter = 0, collisions = 0;
     Node end = afterIndex(object) - 1;
     for (Node i = object + 1; i < end; i = afterIndex(i + 1)) {
-      std::uint64_t bit = keyBit(stringAt(i));
+      std::uint64_t bit = keyBit(keyWordAt(i));
       collisions |= filter & bit;
       filter |= bit;
     }
-    state.filter = filter | kBuilt;
+    state.filter = filter;
     state.collisions = collisions;
     state.position = object + 1;
   }
@@ -263,8 +305,10 @@ class TapeBackend final : public DecoderBackend {
 
 bool TapeBackend::findMember(Node object, std::string_view key, Node& value,
                              LookupState& state) const noexcept {
-  if (!(state.filter & kBuilt)) buildFilter(object, state);
-  std::uint64_t bit = keyBit(key);
+  if (key.size() > UINT32_MAX) return false;  // longer than any string the parser stores
+  if (state.position == 0) buildFilter(object, state);
+  std::uint64_t word = keyWord(key);
+  std::uint64_t bit = keyBit(word);
   if (!(state.filter & bit)) return false;
   Node begin = object + 1;
   Node end = afterIndex(object) - 1;
@@ -273,13 +317,13 @@ bool TapeBackend::findMember(Node object, std::string_view key, Node& value,
     Node from = pass == 0 ? start : begin;
     Node to = pass == 0 ? end : start;
     for (Node i = from; i < to; i = afterIndex(i + 1)) {
-      if (stringAt(i) != key) continue;
+      if (keyWordAt(i) != word || !restEquals(i, key)) continue;
       Node found = i + 1;
       Node next = afterIndex(found);
       if (state.collisions & bit) {
         // The key may repeat further on; the last one counts.
         for (Node j = next; j < end; j = afterIndex(j + 1)) {
-          if (stringAt(j) == key) found = j + 1;
+          if (keyWordAt(j) == word && restEquals(j, key)) found = j + 1;
         }
         next = afterIndex(found);
       }

@@ -38,7 +38,8 @@ class JsonWriter {
     bool isObject;
     bool empty;
   };
-  void beforeValue();
+  /// Marks a value as written; true when a comma must precede it (written already when pretty).
+  bool beforeValue();
   void newline();
 
   std::string* out_;

@@ -216,9 +216,22 @@ void Layer::flatten(const std::vector<Ref<Layer>>& layers, Point origin, Flatten
   }
 }
 
+namespace {
+// An upper bound of what a flattening of `layers` yields: each layer at most once.
+std::size_t countLayers(const std::vector<Ref<Layer>>& layers) {
+  std::size_t count = layers.size();
+  for (const auto& layer : layers) {
+    const auto& kind = layer->kind();
+    if (const auto* group = kind ? kind->asGroup() : nullptr) count += countLayers(group->layers);
+  }
+  return count;
+}
+}  // namespace
+
 std::vector<Ref<Layer>> Layer::flattenedLayers(const std::vector<Ref<Layer>>& layers,
                                                Point origin) {
   Flattened out;
+  out.flattenedLayers.reserve(countLayers(layers));  // snapshots keep it; no spare room
   flatten(layers, origin, out, false);
   return std::move(out.flattenedLayers);
 }
