@@ -18,6 +18,16 @@
 #include <orvane/coding/Values.hpp>
 #include <orvane/people/User+Partial.hpp>
 #include <orvane/people/User.hpp>
+#include <orvane/project/Comment.hpp>
+#include <orvane/project/Commit.hpp>
+#include <orvane/project/Component.hpp>
+#include <orvane/project/ComponentSection.hpp>
+#include <orvane/project/Dot+Partial.hpp>
+#include <orvane/project/Dot.hpp>
+#include <orvane/project/Screen.hpp>
+#include <orvane/project/Section.hpp>
+#include <orvane/project/Version.hpp>
+#include <orvane/project/VersionCollection.hpp>
 #include <orvane/snapshot/Asset+Content.hpp>
 #include <orvane/snapshot/Asset.hpp>
 #include <orvane/snapshot/Destination.hpp>

@@ -52,6 +52,23 @@ constexpr TypeEntry kTypes[] = {
     entry<Link>("Link"),
     entry<Destination>("Destination"),
     entry<Destination::Kind::Key>("Destination.Kind.Key"),
+    // Project structure.
+    entry<Section>("Section"),
+    entry<Section::Partial>("Section.Partial"),
+    entry<ComponentSection>("ComponentSection"),
+    entry<ComponentSection::Partial>("ComponentSection.Partial"),
+    entry<VersionCollection>("VersionCollection"),
+    entry<Screen>("Screen"),
+    entry<Screen::Partial>("Screen.Partial"),
+    entry<Component>("Component"),
+    entry<Component::Partial>("Component.Partial"),
+    entry<Version>("Version"),
+    entry<Commit>("Commit"),
+    entry<Dot>("Dot"),
+    entry<Dot::Partial>("Dot.Partial"),
+    entry<Dot::Status>("Dot.Status"),
+    entry<Comment>("Comment"),
+    entry<Comment::Partial>("Comment.Partial"),
 };
 
 }  // namespace
