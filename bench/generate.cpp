@@ -1,6 +1,9 @@
 #include "generate.hpp"
 
+#include <algorithm>
+#include <cstdio>
 #include <random>
+#include <vector>
 
 #include <orvane/json/JsonWriter.hpp>
 
@@ -50,6 +53,299 @@ class Generator {
 
   void beginArray() { w_.beginArray(); }
   void endArray() { w_.endArray(); }
+
+  // A whole project: screens with their versions and dots, sections naming the screens, a
+  // component tree, a style guide and members. Screens take most of the bytes, as they do in the
+  // service's documents; the component tree gets about a tenth.
+  void project(std::size_t targetBytes) {
+    w_.beginObject();
+    w_.key("_id");
+    id("project");
+    w_.key("status");
+    w_.string("active");
+    w_.key("name");
+    w_.string("Project " + hex(6));
+    w_.key("description");
+    w_.string("Generated project for measurements");
+    w_.key("icon");
+    w_.beginObject();
+    w_.key("type");
+    w_.string(pick<std::string>({"rocket", "pear", "paw", "custom"}));
+    w_.endObject();
+    w_.key("created");
+    date();
+    w_.key("updated");
+    date();
+    w_.key("type");
+    w_.string(pick<std::string>({"ios", "android", "web", "osx"}));
+    w_.key("density");
+    w_.string("2x");
+    w_.key("public");
+    w_.boolean(false);
+
+    // Screens first: the sections that follow name them.
+    const std::size_t start = out_.size();
+    const std::size_t screenBytes = targetBytes * 85 / 100;
+    std::vector<std::string> screenIds;
+    w_.key("screens");
+    w_.beginArray();
+    do {
+      screenIds.push_back(hex(24));
+      screen(screenIds.back());
+    } while (out_.size() - start < screenBytes);
+    w_.endArray();
+    const std::size_t perScreen = (out_.size() - start) / screenIds.size();
+
+    w_.key("sections");
+    w_.beginArray();
+    for (std::size_t i = 0; i < screenIds.size(); i += 12) {
+      w_.beginObject();
+      w_.key("_id");
+      id("section");
+      w_.key("name");
+      w_.string("Flow " + std::to_string(i / 12 + 1));
+      if (chance(0.5)) {
+        w_.key("description");
+        w_.string("Screens of one flow");
+      }
+      w_.key("screens");
+      w_.beginArray();
+      for (std::size_t j = i; j < std::min(i + 12, screenIds.size()); ++j) w_.string(screenIds[j]);
+      w_.endArray();
+      w_.endObject();
+    }
+    w_.endArray();
+
+    w_.key("colors");
+    w_.beginArray();
+    for (int i = 0; i < 24; ++i) {
+      w_.beginObject();
+      w_.key("_id");
+      id("color");
+      w_.key("name");
+      w_.string("Color " + std::to_string(i));
+      w_.key("r");
+      w_.number(rounded(between(0, 1)));
+      w_.key("g");
+      w_.number(rounded(between(0, 1)));
+      w_.key("b");
+      w_.number(rounded(between(0, 1)));
+      w_.key("a");
+      w_.number(1);
+      w_.endObject();
+    }
+    w_.endArray();
+
+    w_.key("textStyles");
+    w_.beginArray();
+    for (int i = 0; i < 12; ++i) {
+      w_.beginObject();
+      w_.key("_id");
+      id("textStyle");
+      w_.key("name");
+      w_.string("Text " + std::to_string(i));
+      w_.key("sourceId");
+      w_.string(hex(12));
+      textStyleMembers();
+      w_.endObject();
+    }
+    w_.endArray();
+
+    // Three top-level sections, each with two below, each with two below that: 21 sections
+    // sharing the components, so that component paths run three levels deep.
+    std::size_t components = std::max<std::size_t>(3, targetBytes / 10 / (perScreen * 4 / 5 + 1));
+    componentsLeft_ = components;
+    w_.key("componentSections");
+    w_.beginArray();
+    for (int i = 0; i < 3; ++i) componentSection(0, components / 21 + 1);
+    w_.endArray();
+
+    w_.key("users");
+    w_.beginArray();
+    for (int i = 0; i < 16; ++i) {
+      w_.beginObject();
+      w_.key("user");
+      user();
+      w_.key("role");
+      w_.string(pick<std::string>({"owner", "admin", "user", "queen"}));
+      w_.key("tags");
+      w_.beginArray();
+      if (chance(0.5)) w_.string("design");
+      w_.endArray();
+      w_.endObject();
+    }
+    w_.endArray();
+
+    w_.key("thumbnail");
+    w_.string("https://cdn.example.com/thumbnails/" + hex(24) + ".png");
+    w_.key("integration");
+    w_.beginObject();
+    w_.key("slacks");
+    w_.beginArray();
+    w_.beginObject();
+    w_.key("_id");
+    id("slack");
+    w_.key("incomingWebHook");
+    w_.beginObject();
+    w_.key("channel");
+    w_.string("#design");
+    w_.key("configurationURL");
+    w_.string("https://chat.example.com/services/" + hex(16));
+    w_.endObject();
+    w_.key("scope");
+    w_.string("incoming-webhook");
+    w_.endObject();
+    w_.endArray();
+    w_.endObject();
+    w_.endObject();
+  }
+
+ private:
+  void date() {
+    char text[32];
+    std::snprintf(text, sizeof text, "2024-%02d-%02dT%02d:%02d:%02dZ", int(intBetween(1, 12)),
+                  int(intBetween(1, 28)), int(intBetween(0, 23)), int(intBetween(0, 59)),
+                  int(intBetween(0, 59)));
+    w_.string(text);
+  }
+
+  void user() {
+    w_.beginObject();
+    w_.key("_id");
+    id("user");
+    w_.key("email");
+    w_.string("person." + hex(6) + "@example.com");
+    w_.key("username");
+    w_.string("person" + hex(4));
+    w_.key("emotar");
+    w_.string(pick<std::string>({"sunglasses", "pizza", "tv", "ghost", "koala"}));
+    w_.key("avatar");
+    w_.string("https://cdn.example.com/avatars/" + hex(16) + ".png");
+    w_.key("status");
+    w_.string("verified");
+    w_.endObject();
+  }
+
+  void version() {
+    w_.beginObject();
+    w_.key("_id");
+    id("version");
+    if (chance(0.7)) {
+      w_.key("commit");
+      w_.beginObject();
+      w_.key("author");
+      user();
+      w_.key("message");
+      w_.string("Update " + hex(8));
+      w_.key("color");
+      color();
+      w_.endObject();
+    }
+    w_.key("creator");
+    user();
+    w_.key("snapshot");
+    snapshot();
+    w_.key("created");
+    date();
+    w_.key("fullSnapshotUrl");
+    w_.string("https://cdn.example.com/full/" + hex(24) + ".png");
+    w_.endObject();
+  }
+
+  // The members a screen and a component share.
+  void collectionMembers(const std::string& identifier) {
+    w_.key("_id");
+    w_.string(identifier);
+    w_.key("name");
+    w_.string("Screen " + hex(6));
+    if (chance(0.5)) {
+      w_.key("description");
+      w_.string("Notes on " + hex(6));
+    }
+    w_.key("latestVersion");
+    version();
+    w_.key("sourceId");
+    w_.string(hex(8));
+    w_.key("tags");
+    w_.beginArray();
+    w_.string("tag-" + hex(3));
+    w_.endArray();
+    w_.key("versions");
+    w_.beginArray();
+    for (int i = 0, n = int(intBetween(1, 3)); i < n; ++i) version();
+    w_.endArray();
+  }
+
+  void screen(const std::string& identifier) {
+    w_.beginObject();
+    collectionMembers(identifier);
+    w_.key("dots");
+    w_.beginArray();
+    for (int i = 0, n = int(intBetween(0, 3)); i < n; ++i) {
+      w_.beginObject();
+      w_.key("_id");
+      id("dot");
+      w_.key("status");
+      w_.string(pick<std::string>({"open", "resolved"}));
+      w_.key("name");
+      w_.string("Dot " + hex(4));
+      w_.key("creator");
+      user();
+      w_.key("x");
+      w_.number(rounded(between(0, 400)));
+      w_.key("y");
+      w_.number(rounded(between(0, 800)));
+      w_.key("color");
+      color();
+      w_.key("comments");
+      w_.beginArray();
+      for (int j = 0, m = int(intBetween(1, 4)); j < m; ++j) {
+        w_.beginObject();
+        w_.key("_id");
+        id("comment");
+        w_.key("note");
+        w_.string("Could this be " + hex(10) + "?");
+        w_.key("author");
+        user();
+        w_.key("created");
+        date();
+        w_.key("updated");
+        date();
+        w_.endObject();
+      }
+      w_.endArray();
+      w_.endObject();
+    }
+    w_.endArray();
+    w_.endObject();
+  }
+
+  void componentSection(int depth, std::size_t perSection) {
+    w_.beginObject();
+    w_.key("_id");
+    id("componentSection");
+    w_.key("name");
+    w_.string("Components " + hex(4));
+    if (depth < 2) {
+      w_.key("componentSections");
+      w_.beginArray();
+      for (int i = 0; i < 2; ++i) componentSection(depth + 1, perSection);
+      w_.endArray();
+    }
+    w_.key("components");
+    w_.beginArray();
+    for (std::size_t i = 0; i < perSection && componentsLeft_ > 0; ++i, --componentsLeft_) {
+      w_.beginObject();
+      collectionMembers(hex(24));
+      w_.endObject();
+    }
+    w_.endArray();
+    w_.endObject();
+  }
+
+  std::size_t componentsLeft_ = 0;
+
+ public:
 
  private:
   double between(double lo, double hi) {
@@ -223,6 +519,11 @@ class Generator {
 
   void textStyle() {
     w_.beginObject();
+    textStyleMembers();
+    w_.endObject();
+  }
+
+  void textStyleMembers() {
     w_.key("fontFace");
     w_.string(pick<std::string>({"Inter-Regular", "Inter-Bold", "SFProText-Medium"}));
     w_.key("fontSize");
@@ -235,7 +536,6 @@ class Generator {
     color();
     w_.key("textAlign");
     w_.string(pick<std::string>({"left", "center", "right"}));
-    w_.endObject();
   }
 
   void layer(int depth) {
@@ -376,6 +676,14 @@ class Generator {
 };
 
 }  // namespace
+
+std::string generateProject(std::size_t targetBytes, std::uint64_t seed) {
+  std::string out;
+  out.reserve(targetBytes + (4 << 20));
+  Generator g(out, seed);
+  g.project(targetBytes);
+  return out;
+}
 
 std::string generateSnapshots(std::size_t targetBytes, std::uint64_t seed) {
   std::string out;

@@ -24,6 +24,7 @@
 #include <orvane/project/ComponentSection.hpp>
 #include <orvane/project/Dot+Partial.hpp>
 #include <orvane/project/Dot.hpp>
+#include <orvane/project/Project.hpp>
 #include <orvane/project/Screen.hpp>
 #include <orvane/project/Section.hpp>
 #include <orvane/project/Version.hpp>

@@ -2,11 +2,7 @@
 
 #include <orvane/project/ComponentSection.hpp>
 
-// The project record arrives separately; until it does, its identifier cannot be shown.
-#if __has_include(<orvane/project/Project.hpp>)
 #include <orvane/project/Project.hpp>
-#define ORVANE_HAS_PROJECT 1
-#endif
 
 namespace orvane {
 
@@ -40,13 +36,9 @@ std::string Component::pathComponent() const {
 }
 
 std::string Component::versionsPath() const {
-#ifdef ORVANE_HAS_PROJECT
   auto owner = project();
   if (!owner) fatalError("VersionCollection should have project.", kSourceFile, 26);
   return "projects/" + owner->identifier().rawValue() + "/" + pathComponent() + "/versions";
-#else
-  fatalError("VersionCollection should have project.", kSourceFile, 26);
-#endif
 }
 
 std::optional<std::string> Component::pathComponentIfAvailable() const {
@@ -57,15 +49,11 @@ std::optional<std::string> Component::pathComponentIfAvailable() const {
 }
 
 std::optional<std::string> Component::versionsPathIfAvailable() const {
-#ifdef ORVANE_HAS_PROJECT
   auto owner = project();
   if (!owner) return std::nullopt;
   auto path = pathComponentIfAvailable();
   if (!path) return std::nullopt;
   return "projects/" + owner->identifier().rawValue() + "/" + *path + "/versions";
-#else
-  return std::nullopt;
-#endif
 }
 
 void Component::visitFields(FieldVisitor& v) const {

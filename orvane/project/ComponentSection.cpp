@@ -1,10 +1,6 @@
 #include <orvane/project/ComponentSection.hpp>
 
-// The project record arrives separately; until it does, its identifier cannot be shown.
-#if __has_include(<orvane/project/Project.hpp>)
 #include <orvane/project/Project.hpp>
-#define ORVANE_HAS_PROJECT 1
-#endif
 
 namespace orvane {
 
@@ -111,11 +107,7 @@ void ComponentSection::visitFields(FieldVisitor& v) const {
   v.field("description", description_);
   v.field("sections", sections_);
   v.field("components", components_);
-#ifdef ORVANE_HAS_PROJECT
   v.field("project", project_);
-#else
-  v.field("project", std::optional<Identifier>());
-#endif
   v.field("parent", parent_);
   v.field("identifierPathComponent", identifierPathComponent());
 }

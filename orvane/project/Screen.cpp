@@ -1,10 +1,6 @@
 #include <orvane/project/Screen.hpp>
 
-// The project record arrives separately; until it does, its identifier cannot be shown.
-#if __has_include(<orvane/project/Project.hpp>)
 #include <orvane/project/Project.hpp>
-#define ORVANE_HAS_PROJECT 1
-#endif
 
 namespace orvane {
 
@@ -55,14 +51,10 @@ std::optional<std::string> Screen::pathComponentIfAvailable() const {
 }
 
 std::optional<std::string> Screen::versionsPathIfAvailable() const {
-#ifdef ORVANE_HAS_PROJECT
   auto owner = project();
   if (!owner) return std::nullopt;
   return "v2/projects/" + owner->identifier().rawValue() + "/screens/" + identifier().rawValue() +
          "/versions";
-#else
-  return std::nullopt;
-#endif
 }
 
 void Screen::setDots(std::optional<std::vector<Ref<Dot>>> value) {

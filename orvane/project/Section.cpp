@@ -1,10 +1,6 @@
 #include <orvane/project/Section.hpp>
 
-// The project record arrives separately; until it does, its identifier cannot be shown.
-#if __has_include(<orvane/project/Project.hpp>)
 #include <orvane/project/Project.hpp>
-#define ORVANE_HAS_PROJECT 1
-#endif
 
 namespace orvane {
 
@@ -39,11 +35,7 @@ void Section::visitFields(FieldVisitor& v) const {
   v.field("name", name_);
   v.field("description", description_);
   v.field("screenIdentifiers", screenIdentifiers_);
-#ifdef ORVANE_HAS_PROJECT
   v.field("project", project_);
-#else
-  v.field("project", std::optional<Identifier>());
-#endif
 }
 
 Section::Partial Section::Partial::decode(const Decoder& decoder) {

@@ -1,10 +1,6 @@
 #include <orvane/project/VersionCollection.hpp>
 
-// The project record arrives separately; until it does, its identifier cannot be shown.
-#if __has_include(<orvane/project/Project.hpp>)
 #include <orvane/project/Project.hpp>
-#define ORVANE_HAS_PROJECT 1
-#endif
 
 namespace orvane {
 
@@ -124,11 +120,7 @@ void VersionCollection::visitCollectionFields(FieldVisitor& v) const {
   v.field("sourceIdentifier", sourceIdentifier_);
   v.field("tags", tags_);
   v.field("versions", versions_);
-#ifdef ORVANE_HAS_PROJECT
   v.field("project", project_);
-#else
-  v.field("project", std::optional<Identifier>());
-#endif
   v.field("versionCount", versionCount_);
   v.field("requestProperties", requestProperties_);
 }

@@ -53,6 +53,10 @@ constexpr TypeEntry kTypes[] = {
     entry<Destination>("Destination"),
     entry<Destination::Kind::Key>("Destination.Kind.Key"),
     // Project structure.
+    entry<Project>("Project"),
+    entry<Project::Status>("Project.Status"),
+    entry<Project::Kind>("Project.Kind"),
+    entry<Project::Icon>("Project.Icon"),
     entry<Section>("Section"),
     entry<Section::Partial>("Section.Partial"),
     entry<ComponentSection>("ComponentSection"),

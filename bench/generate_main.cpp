@@ -1,0 +1,29 @@
+// Writes a generated document to standard output, for runs of the tool on large inputs:
+//   orvane_generate project|snapshots SIZE_MB [SEED]
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+
+#include "generate.hpp"
+
+int main(int argc, char** argv) {
+  if (argc < 3) {
+    std::fprintf(stderr, "usage: orvane_generate project|snapshots SIZE_MB [SEED]\n");
+    return 2;
+  }
+  const std::string_view kind = argv[1];
+  const std::size_t bytes = std::strtoull(argv[2], nullptr, 10) << 20;
+  const std::uint64_t seed = argc > 3 ? std::strtoull(argv[3], nullptr, 10) : 42;
+  std::string document;
+  if (kind == "project") {
+    document = orvane::bench::generateProject(bytes, seed);
+  } else if (kind == "snapshots") {
+    document = orvane::bench::generateSnapshots(bytes, seed);
+  } else {
+    std::fprintf(stderr, "orvane_generate: unknown kind %s\n", argv[1]);
+    return 2;
+  }
+  std::fwrite(document.data(), 1, document.size(), stdout);
+  return 0;
+}
