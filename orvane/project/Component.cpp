@@ -16,10 +16,9 @@ Ref<Component> Component::make(Identifier identifier, std::string name, std::str
                                std::optional<std::vector<std::string>> tags,
                                std::optional<std::vector<Ref<Version>>> versions) {
   auto component = std::make_shared<Component>(
-      Passkey<Component>{},
-      Fields{std::move(identifier), std::move(name), std::move(description),
-             std::move(latestVersion), std::move(sourceIdentifier), std::move(tags),
-             std::move(versions)});
+      Passkey<Component>{}, Fields{std::move(identifier), std::move(name), std::move(description),
+                                   std::move(latestVersion), std::move(sourceIdentifier),
+                                   std::move(tags), std::move(versions)});
   component->wireVersions();
   return component;
 }

@@ -21,8 +21,7 @@ class Component : public VersionCollection {
 
   /// Every argument must be passed, the identifier and description included.
   static Ref<Component> make(Identifier identifier, std::string name, std::string description,
-                             Ref<Version> latestVersion,
-                             std::optional<Identifier> sourceIdentifier,
+                             Ref<Version> latestVersion, std::optional<Identifier> sourceIdentifier,
                              std::optional<std::vector<std::string>> tags,
                              std::optional<std::vector<Ref<Version>>> versions);
   static Ref<Component> decode(const Decoder& decoder);

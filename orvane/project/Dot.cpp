@@ -20,8 +20,7 @@ Ref<Dot> Dot::make(std::optional<Status> status, std::string name, Ref<User> cre
                    double y, Ref<Color> color, std::vector<Ref<Comment>> comments,
                    Identifier identifier) {
   auto dot = std::make_shared<Dot>(Passkey<Dot>{}, std::move(identifier), status, std::move(name),
-                                   std::move(creator), x, y, std::move(color),
-                                   std::move(comments));
+                                   std::move(creator), x, y, std::move(color), std::move(comments));
   dot->wireComments();
   return dot;
 }
@@ -38,8 +37,7 @@ Ref<Dot> Dot::decode(const Decoder& decoder) {
   auto color = c.decode<Ref<Color>>(K::color);
   auto comments = c.decode<std::vector<Ref<Comment>>>(K::comments);
   auto dot = std::make_shared<Dot>(Passkey<Dot>{}, std::move(identifier), status, std::move(name),
-                                   std::move(creator), x, y, std::move(color),
-                                   std::move(comments));
+                                   std::move(creator), x, y, std::move(color), std::move(comments));
   dot->wireComments();
   return dot;
 }

@@ -42,8 +42,8 @@ class Dot : public std::enable_shared_from_this<Dot> {
   Dot(Passkey<Dot>, Identifier identifier, std::optional<Status> status, std::string name,
       Ref<User> creator, double x, double y, Ref<Color> color, std::vector<Ref<Comment>> comments);
 
-  static Ref<Dot> make(std::optional<Status> status, std::string name, Ref<User> creator,
-                       double x, double y, Ref<Color> color, std::vector<Ref<Comment>> comments,
+  static Ref<Dot> make(std::optional<Status> status, std::string name, Ref<User> creator, double x,
+                       double y, Ref<Color> color, std::vector<Ref<Comment>> comments,
                        Identifier identifier = Identifier::local());
   /// An unknown "status" gives a dot without status, never a failure.
   static Ref<Dot> decode(const Decoder& decoder);

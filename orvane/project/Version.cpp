@@ -14,12 +14,10 @@ Version::Version(Passkey<Version>, Identifier identifier, Ref<Commit> commit, Re
       snapshotURL_(std::move(snapshotURL)) {}
 
 Ref<Version> Version::make(Ref<Commit> commit, Ref<User> creator, Ref<Snapshot> snapshot,
-                           std::optional<Url> snapshotURL, Identifier identifier,
-                           Date createDate) {
-  auto version =
-      std::make_shared<Version>(Passkey<Version>{}, std::move(identifier), std::move(commit),
-                                std::move(creator), std::move(snapshot), createDate,
-                                std::move(snapshotURL));
+                           std::optional<Url> snapshotURL, Identifier identifier, Date createDate) {
+  auto version = std::make_shared<Version>(Passkey<Version>{}, std::move(identifier),
+                                           std::move(commit), std::move(creator),
+                                           std::move(snapshot), createDate, std::move(snapshotURL));
   version->wire();
   return version;
 }

@@ -55,7 +55,8 @@ class VersionCollection : public std::enable_shared_from_this<VersionCollection>
   };
 
  public:
-  VersionCollection(Passkey<VersionCollection>, Fields fields) : VersionCollection(std::move(fields)) {}
+  VersionCollection(Passkey<VersionCollection>, Fields fields)
+      : VersionCollection(std::move(fields)) {}
   virtual ~VersionCollection();
 
   /// `latestVersion` must not be null.

@@ -86,7 +86,8 @@ TEST(VersionCollection, ImportSourceReachesNestedVersions) {
   EXPECT_EQ(plain->versions()->at(1)->identifier(), Identifier("V2"));
 
   // Without "_id" a screen decodes only under the flag; the failure names the screen's path.
-  const std::string anonymous = R"({"name":"n","latestVersion":{"snapshot":{"width":1,"height":1}}})";
+  const std::string anonymous =
+      R"({"name":"n","latestVersion":{"snapshot":{"width":1,"height":1}}})";
   EXPECT_TRUE(decodeJson<Ref<Component>>(anonymous, importOptions())->identifier().isLocal());
   auto e = decodeError<std::vector<Ref<Screen>>>("[" + screenJson() + "," + anonymous + "]");
   EXPECT_EQ(e.kind(), Kind::keyNotFound);
@@ -119,12 +120,13 @@ TEST(VersionCollection, DecodingFailures) {
 }
 
 TEST(VersionCollection, WhatIsWritten) {
-  const std::string latest = R"("latestVersion":{"snapshot":{"width":375,"height":812,"componentNames":[]}})";
+  const std::string latest =
+      R"("latestVersion":{"snapshot":{"width":375,"height":812,"componentNames":[]}})";
   // Identifier never; description only when not empty; "index" ignored on reading.
   EXPECT_EQ(roundTrip<Ref<VersionCollection>>(collectionJson("S", R"("description":"","index":3)")),
             R"({"name":"n-S",)" + latest + "}");
-  auto collection = decodeJson<Ref<VersionCollection>>(collectionJson(
-      "S", R"("description":"About","sourceId":"src","tags":["a"],"versions":[])"));
+  auto collection = decodeJson<Ref<VersionCollection>>(
+      collectionJson("S", R"("description":"About","sourceId":"src","tags":["a"],"versions":[])"));
   collection->setRequestProperties(VersionCollection::RequestProperties{"req", 3});
   EXPECT_EQ(encodeJson(collection),
             R"({"name":"n-S","description":"About",)" + latest +
@@ -133,9 +135,10 @@ TEST(VersionCollection, WhatIsWritten) {
   // A component writes exactly what a plain collection writes; a screen puts its dots first.
   const std::string doc = collectionJson("S", R"("tags":[],"dots":[)" + kDot + "]");
   EXPECT_EQ(roundTrip<Ref<Component>>(doc), roundTrip<Ref<VersionCollection>>(doc));
-  EXPECT_EQ(roundTrip<Ref<Screen>>(doc),
-            R"({"dots":[{"x":1,"y":2,"color":{"r":0,"g":0,"b":0,"a":1},"comments":[]}],"name":"n-S",)" +
-                latest + R"(,"tags":[]})");
+  EXPECT_EQ(
+      roundTrip<Ref<Screen>>(doc),
+      R"({"dots":[{"x":1,"y":2,"color":{"r":0,"g":0,"b":0,"a":1},"comments":[]}],"name":"n-S",)" +
+          latest + R"(,"tags":[]})");
 }
 
 TEST(VersionCollection, AssignmentAndEditsPointBack) {
@@ -181,8 +184,8 @@ TEST(VersionCollectionPartial, ReadsAbsentDescriptionAsNoValueAndWiresNothing) {
   EXPECT_FALSE(partial.latestVersion);
 
   // The flag is not consulted for the partial's own identifier.
-  auto component = decodeJson<Component::Partial>(collectionJson("C", R"("description":"")"),
-                                                  importOptions());
+  auto component =
+      decodeJson<Component::Partial>(collectionJson("C", R"("description":"")"), importOptions());
   EXPECT_EQ(component.identifier, Identifier("C"));
   EXPECT_EQ(component.description, "");
   EXPECT_EQ(component.latestVersion->collection(), nullptr);
@@ -207,10 +210,12 @@ using VersionCollectionDeathTest = ::testing::Test;
 TEST_F(VersionCollectionDeathTest, PathsWithoutOwnersStop) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   auto plain = decodeJson<Ref<VersionCollection>>(collectionJson("X"));
-  EXPECT_DEATH(plain->pathComponent(),
-               "Sources/VersionCollection:52: Fatal error: Subclasses must implement `pathComponent`");
-  EXPECT_DEATH(plain->versionsPath(),
-               "Sources/VersionCollection:56: Fatal error: Subclasses must implement `versionsPath`");
+  EXPECT_DEATH(
+      plain->pathComponent(),
+      "Sources/VersionCollection:52: Fatal error: Subclasses must implement `pathComponent`");
+  EXPECT_DEATH(
+      plain->versionsPath(),
+      "Sources/VersionCollection:56: Fatal error: Subclasses must implement `versionsPath`");
   // Wired to a project, a plain collection still has no paths.
   auto project = makeProject();
   plain->setProject(project);

@@ -18,8 +18,8 @@ const std::string kColor = R"({"r":0.5,"g":0,"b":1,"a":1})";
 
 std::string dotJson(std::string_view status, std::string_view comments) {
   return R"({"_id":"d1","status":)" + std::string(status) +
-         R"(,"name":"Header","creator":{"_id":"u1","email":"e"},"x":10.5,"y":-3,"color":)" + kColor +
-         R"(,"comments":[)" + std::string(comments) + "]}";
+         R"(,"name":"Header","creator":{"_id":"u1","email":"e"},"x":10.5,"y":-3,"color":)" +
+         kColor + R"(,"comments":[)" + std::string(comments) + "]}";
 }
 
 }  // namespace
@@ -58,7 +58,8 @@ TEST(Dot, RequiredKeysOfDotAndComment) {
     EXPECT_EQ(e.kind(), Kind::keyNotFound);
     EXPECT_EQ(e.key(), key);
   }
-  auto e = decodeError<Ref<Dot>>(dotJson(R"("open")", R"({"_id":"c","note":"n","created":"2024-01-01T00:00:00Z"})"));
+  auto e = decodeError<Ref<Dot>>(
+      dotJson(R"("open")", R"({"_id":"c","note":"n","created":"2024-01-01T00:00:00Z"})"));
   EXPECT_EQ(e.kind(), Kind::keyNotFound);
   EXPECT_EQ(e.key(), "updated");  // no fallback to the creation date
   EXPECT_EQ(pathOf(e), "comments[0]");
@@ -72,9 +73,10 @@ TEST(Dot, RequiredKeysOfDotAndComment) {
 }
 
 TEST(Dot, WritesPositionColorAndNotesOnly) {
-  EXPECT_EQ(roundTrip<Ref<Dot>>(
-                dotJson(R"("open")", commentJson("c1", "a") + "," + commentJson("c2", R"(b\"q)"))),
-            R"({"x":10.5,"y":-3,"color":{"r":0.5,"g":0,"b":1,"a":1},"comments":[{"note":"a"},{"note":"b\"q"}]})");
+  EXPECT_EQ(
+      roundTrip<Ref<Dot>>(
+          dotJson(R"("open")", commentJson("c1", "a") + "," + commentJson("c2", R"(b\"q)"))),
+      R"({"x":10.5,"y":-3,"color":{"r":0.5,"g":0,"b":1,"a":1},"comments":[{"note":"a"},{"note":"b\"q"}]})");
 }
 
 TEST(Dot, AssignedAndEditedCommentsPointBack) {

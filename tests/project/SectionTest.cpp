@@ -11,11 +11,10 @@ using Kind = DecodingError::Kind;
 namespace {
 
 // A > B > C, with the component K in C and the component J in A.
-const std::string kTree =
-    R"({"_id":"A","name":"a","components":[)" + collectionJson("J") +
-    R"(],"componentSections":[{"_id":"B","name":"b","componentSections":[)"
-    R"({"_id":"C","name":"c","description":"deep","components":[)" + collectionJson("K") +
-    "]}]}]}";
+const std::string kTree = R"({"_id":"A","name":"a","components":[)" + collectionJson("J") +
+                          R"(],"componentSections":[{"_id":"B","name":"b","componentSections":[)"
+                          R"({"_id":"C","name":"c","description":"deep","components":[)" +
+                          collectionJson("K") + "]}]}]}";
 
 struct Tree {
   Ref<ComponentSection> a, b, c;
@@ -65,10 +64,11 @@ TEST(Section, IdentifierWrittenOnlyWhenNotLocal) {
   EXPECT_TRUE(local->identifier().isLocal());
   EXPECT_EQ(encodeJson(local), R"({"name":"n","screens":["a"]})");
   auto tree = ComponentSection::make(
-      "t", std::nullopt, std::vector{ComponentSection::make("u", "d", std::nullopt, std::nullopt,
-                                                            Identifier("svc"))},
+      "t", std::nullopt,
+      std::vector{ComponentSection::make("u", "d", std::nullopt, std::nullopt, Identifier("svc"))},
       std::nullopt);
-  EXPECT_EQ(encodeJson(tree), R"({"name":"t","componentSections":[{"_id":"svc","name":"u","description":"d"}]})");
+  EXPECT_EQ(encodeJson(tree),
+            R"({"name":"t","componentSections":[{"_id":"svc","name":"u","description":"d"}]})");
   // "MACOS" without the hyphen still counts as local.
   EXPECT_EQ(roundTrip<Ref<Section>>(R"({"_id":"MACOSX","name":"n","screens":[]})"),
             R"({"name":"n","screens":[]})");
@@ -158,8 +158,8 @@ TEST(ComponentSection, AssignmentsAndEditsWireWithTheSectionsProject) {
 }
 
 TEST(ComponentSection, MakeAdoptsChildrenWithoutProject) {
-  auto k = Component::make(Identifier("K"), "k", "", makeVersion("v"), std::nullopt,
-                           std::nullopt, std::nullopt);
+  auto k = Component::make(Identifier("K"), "k", "", makeVersion("v"), std::nullopt, std::nullopt,
+                           std::nullopt);
   auto c = ComponentSection::make("c", std::nullopt, std::nullopt, std::vector{k}, Identifier("C"));
   auto b = ComponentSection::make("b", std::nullopt, std::vector{c}, std::nullopt, Identifier("B"));
   auto a = ComponentSection::make("a", std::nullopt, std::vector{b}, std::nullopt, Identifier("A"));
@@ -184,11 +184,12 @@ TEST(ComponentSection, DecodingFailuresAndWrites) {
   e = decodeError<Ref<ComponentSection>>(R"({"_id":"A"})");
   EXPECT_EQ(e.key(), "name");
 
-  EXPECT_EQ(roundTrip<Ref<ComponentSection>>(kTree),
-            R"({"_id":"A","name":"a","componentSections":[{"_id":"B","name":"b","componentSections":[)"
-            R"({"_id":"C","name":"c","description":"deep","components":[{"name":"n-K","latestVersion":)"
-            R"({"snapshot":{"width":375,"height":812,"componentNames":[]}}}]}]}],"components":[{"name":"n-J",)"
-            R"("latestVersion":{"snapshot":{"width":375,"height":812,"componentNames":[]}}}]})");
+  EXPECT_EQ(
+      roundTrip<Ref<ComponentSection>>(kTree),
+      R"({"_id":"A","name":"a","componentSections":[{"_id":"B","name":"b","componentSections":[)"
+      R"({"_id":"C","name":"c","description":"deep","components":[{"name":"n-K","latestVersion":)"
+      R"({"snapshot":{"width":375,"height":812,"componentNames":[]}}}]}]}],"components":[{"name":"n-J",)"
+      R"("latestVersion":{"snapshot":{"width":375,"height":812,"componentNames":[]}}}]})");
 }
 
 TEST(SectionPartial, ThreeOptionalMembers) {

@@ -78,8 +78,9 @@ TEST(Version, WritesOnlyCommitAndSnapshot) {
   EXPECT_EQ(roundTrip<Ref<Version>>(versionJson(
                 "v1", R"("creator":{"_id":"u","email":"e"},"created":"2024-03-01T10:00:00Z")")),
             R"({"snapshot":{"width":375,"height":812,"componentNames":[]}})");
-  EXPECT_EQ(roundTrip<Ref<Version>>(versionJson("v1", R"("commit":{"message":"Fix"})")),
-            R"({"commit":{"message":"Fix"},"snapshot":{"width":375,"height":812,"componentNames":[]}})");
+  EXPECT_EQ(
+      roundTrip<Ref<Version>>(versionJson("v1", R"("commit":{"message":"Fix"})")),
+      R"({"commit":{"message":"Fix"},"snapshot":{"width":375,"height":812,"componentNames":[]}})");
 }
 
 TEST(Commit, EveryKeyIsOptionalAndWrittenWhenPresent) {
@@ -88,9 +89,10 @@ TEST(Commit, EveryKeyIsOptionalAndWrittenWhenPresent) {
   EXPECT_FALSE(empty->message());
   EXPECT_FALSE(empty->color());
   EXPECT_EQ(encodeJson(empty), "{}");
-  EXPECT_EQ(roundTrip<Ref<Commit>>(
-                R"({"color":{"r":1,"g":0,"b":0,"a":1},"message":"m","author":{"_id":"u","email":"e"}})"),
-            R"({"author":{"_id":"u","email":"e"},"message":"m","color":{"r":1,"g":0,"b":0,"a":1}})");
+  EXPECT_EQ(
+      roundTrip<Ref<Commit>>(
+          R"({"color":{"r":1,"g":0,"b":0,"a":1},"message":"m","author":{"_id":"u","email":"e"}})"),
+      R"({"author":{"_id":"u","email":"e"},"message":"m","color":{"r":1,"g":0,"b":0,"a":1}})");
 }
 
 TEST(Version, AssignmentPointsTheNewCommitAndSnapshotBack) {
