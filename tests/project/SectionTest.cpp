@@ -31,12 +31,13 @@ Tree decodeTree() {
   return t;
 }
 
+// Fatal (to the test) on a mismatch, so that no path is read from a half-wired tree.
 void expectProject(const Tree& t, const Ref<Project>& project) {
-  EXPECT_EQ(t.a->project(), project);
-  EXPECT_EQ(t.b->project(), project);
-  EXPECT_EQ(t.c->project(), project);
-  EXPECT_EQ(t.j->project(), project);
-  EXPECT_EQ(t.k->project(), project);
+  ASSERT_EQ(t.a->project(), project);
+  ASSERT_EQ(t.b->project(), project);
+  ASSERT_EQ(t.c->project(), project);
+  ASSERT_EQ(t.j->project(), project);
+  ASSERT_EQ(t.k->project(), project);
 }
 
 }  // namespace
@@ -113,7 +114,7 @@ TEST(ComponentSection, ProjectPassedDownAndClearedAgain) {
   auto t = decodeTree();
   auto project = makeProject("P");
   t.a->setProject(project);
-  expectProject(t, project);
+  ASSERT_NO_FATAL_FAILURE(expectProject(t, project));
   EXPECT_EQ(t.k->versionsPath(), "projects/P/componentSections/A/B/C/components/K/versions");
   EXPECT_EQ(t.j->versionsPath(), "projects/P/componentSections/A/components/J/versions");
 
