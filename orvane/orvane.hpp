@@ -2,6 +2,7 @@
 #pragma once
 
 #include <orvane/coding/BlendMode.hpp>
+#include <orvane/coding/CanonicalText.hpp>
 #include <orvane/coding/CodingError.hpp>
 #include <orvane/coding/Color.hpp>
 #include <orvane/coding/Decoder.hpp>
@@ -16,6 +17,13 @@
 #include <orvane/coding/SingleValueCodable.hpp>
 #include <orvane/coding/UserInfo.hpp>
 #include <orvane/coding/Values.hpp>
+#include <orvane/integrations/Extension+Manifest.hpp>
+#include <orvane/integrations/Extension+Option.hpp>
+#include <orvane/integrations/Extension.hpp>
+#include <orvane/integrations/Integration.hpp>
+#include <orvane/people/Organization.hpp>
+#include <orvane/people/Plan.hpp>
+#include <orvane/people/ProjectUser.hpp>
 #include <orvane/people/User+Partial.hpp>
 #include <orvane/people/User.hpp>
 #include <orvane/project/Comment.hpp>

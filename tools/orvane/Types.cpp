@@ -37,6 +37,16 @@ constexpr TypeEntry kTypes[] = {
     entry<User::Status>("User.Status"),
     entry<User::SubscriptionStatus>("User.SubscriptionStatus"),
     entry<User::Emotar>("User.Emotar"),
+    entry<ProjectUser>("ProjectUser"),
+    entry<ProjectUser::Partial>("ProjectUser.Partial"),
+    entry<ProjectUser::Role>("ProjectUser.Role"),
+    entry<Organization>("Organization"),
+    entry<Organization::Partial>("Organization.Partial"),
+    entry<Organization::Status>("Organization.Status"),
+    entry<Organization::SubscriptionStatus>("Organization.SubscriptionStatus"),
+    entry<Plan>("Plan"),
+    entry<Plan::Status>("Plan.Status"),
+    entry<Plan::Period>("Plan.Period"),
     // Snapshot content.
     entry<Snapshot>("Snapshot"),
     entry<Snapshot::Source>("Snapshot.Source"),
@@ -73,6 +83,15 @@ constexpr TypeEntry kTypes[] = {
     entry<Dot::Status>("Dot.Status"),
     entry<Comment>("Comment"),
     entry<Comment::Partial>("Comment.Partial"),
+    // Integrations and extensions.
+    entry<Integration>("Integration"),
+    entry<Integration::Slack>("Integration.Slack"),
+    entry<Extension>("Extension"),
+    entry<Extension::Manifest>("Extension.Manifest"),
+    entry<Extension::Author>("Extension.Author"),
+    entry<Extension::Option>("Extension.Option"),
+    entry<Extension::Option::Kind::Key>("Extension.Option.Kind.Key"),
+    entry<Extension::Option::PickerOption>("Extension.Option.PickerOption"),
 };
 
 }  // namespace

@@ -1,0 +1,117 @@
+// A setting that an extension's manifest offers.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include <orvane/coding/Decoder.hpp>
+#include <orvane/coding/FieldVisitor.hpp>
+#include <orvane/coding/RawEnum.hpp>
+#include <orvane/coding/Ref.hpp>
+#include <orvane/integrations/Extension.hpp>
+
+namespace orvane {
+
+/// One adjustable setting: an identifier, a display name and how it is edited with its
+/// default. Read from manifests only, never written.
+class Extension::Option {
+ public:
+  /// One named value that a picker offers.
+  struct PickerOption {
+    std::string name;   // what the user sees
+    std::string value;  // what the setting stores
+
+    static PickerOption decode(const Decoder& decoder);
+    void visitFields(FieldVisitor& v) const;
+    bool operator==(const PickerOption&) const = default;
+
+   private:
+    struct CodingKeys {
+      static constexpr std::string_view name = "name";
+      static constexpr std::string_view value = "value";
+    };
+  };
+
+  /// How the setting is edited, with its default. `switch` is a C++ keyword, so that case is
+  /// spelled `switch_` in code; documents and debug views spell it "switch".
+  class Kind {
+   public:
+    enum class Key { switch_, text, picker };
+
+    struct Switch {
+      bool defaultValue;
+    };
+    struct Text {
+      std::string defaultValue;
+    };
+    /// `defaultOption` is a copy of the option chosen by default; decoding guarantees that it
+    /// equals one of `options`.
+    struct Picker {
+      std::vector<PickerOption> options;
+      PickerOption defaultOption;
+    };
+
+    static Kind switch_(bool defaultValue) { return Kind(Switch{defaultValue}); }
+    static Kind text(std::string defaultValue) { return Kind(Text{std::move(defaultValue)}); }
+    static Kind picker(std::vector<PickerOption> options, PickerOption defaultOption) {
+      return Kind(Picker{std::move(options), std::move(defaultOption)});
+    }
+
+    Key key() const;
+    /// The payload of that case, or null for another case.
+    const Switch* asSwitch() const { return std::get_if<Switch>(&value_); }
+    const Text* asText() const { return std::get_if<Text>(&value_); }
+    const Picker* asPicker() const { return std::get_if<Picker>(&value_); }
+    void visitFields(FieldVisitor& v) const;
+
+   private:
+    explicit Kind(std::variant<Switch, Text, Picker> value) : value_(std::move(value)) {}
+    std::variant<Switch, Text, Picker> value_;
+  };
+
+  Option(Passkey<Option>, std::string identifier, std::string name, std::optional<Kind> kind)
+      : identifier_(std::move(identifier)), name_(std::move(name)), kind_(std::move(kind)) {}
+
+  static Ref<Option> make(std::string identifier, std::string name, std::optional<Kind> kind);
+  /// An unreadable or unknown "type" gives an option without kind and nothing more is read; a
+  /// picker whose default is none of its values fails with dataCorrupted at "default".
+  static Ref<Option> decode(const Decoder& decoder);
+  void visitFields(FieldVisitor& v) const;
+
+  /// A plain string, not an `Identifier`.
+  const std::string& identifier() const { return identifier_; }
+  void setIdentifier(std::string value) { identifier_ = std::move(value); }
+  const std::string& name() const { return name_; }
+  void setName(std::string value) { name_ = std::move(value); }
+  const std::optional<Kind>& kind() const { return kind_; }
+  void setKind(std::optional<Kind> value) { kind_ = std::move(value); }
+
+ private:
+  struct CodingKeys {
+    static constexpr std::string_view identifier = "id";
+    static constexpr std::string_view name = "name";
+    static constexpr std::string_view kind = "type";
+    static constexpr std::string_view defaultValue = "default";
+    static constexpr std::string_view pickerOptions = "options";
+  };
+
+  std::string identifier_;
+  std::string name_;
+  std::optional<Kind> kind_;
+};
+
+template <>
+struct EnumTraits<Extension::Option::Kind::Key> {
+  static constexpr std::string_view typeName = "Key";
+  static constexpr bool hasAllCases = false;
+  static constexpr std::array<EnumCase<Extension::Option::Kind::Key>, 3> cases{{
+      {Extension::Option::Kind::Key::switch_, "switch", "switch"},
+      {Extension::Option::Kind::Key::text, "text", "text"},
+      {Extension::Option::Kind::Key::picker, "picker", "picker"},
+  }};
+};
+
+}  // namespace orvane
