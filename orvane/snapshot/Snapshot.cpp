@@ -1,11 +1,6 @@
 #include <orvane/snapshot/Snapshot.hpp>
 
-// The version record arrives with the project structure; until then a snapshot has no version
-// to show.
-#if __has_include(<orvane/project/Version.hpp>)
 #include <orvane/project/Version.hpp>
-#define ORVANE_HAS_VERSION 1
-#endif
 
 namespace orvane {
 
@@ -148,11 +143,7 @@ void Snapshot::visitFields(FieldVisitor& v) const {
   } else {
     v.null();
   }
-#ifdef ORVANE_HAS_VERSION
   v.field("version", version_);
-#else
-  v.field("version", std::optional<Identifier>());
-#endif
   v.field("imagePath", imagePath_);
   v.field("isExportable", isExportable_);
   v.field("exportsBitmap", exportsBitmap_);

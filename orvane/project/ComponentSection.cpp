@@ -1,0 +1,131 @@
+#include <orvane/project/ComponentSection.hpp>
+
+#include <orvane/project/Project.hpp>
+
+namespace orvane {
+
+Ref<ComponentSection> ComponentSection::make(
+    std::string name, std::optional<std::string> description,
+    std::optional<std::vector<Ref<ComponentSection>>> sections,
+    std::optional<std::vector<Ref<Component>>> components, Identifier identifier) {
+  auto section = std::make_shared<ComponentSection>(
+      Passkey<ComponentSection>{}, std::move(identifier), std::move(name), std::move(description),
+      std::move(sections), std::move(components));
+  section->wireSections(false);
+  section->wireComponents(false);
+  return section;
+}
+
+Ref<ComponentSection> ComponentSection::decode(const Decoder& decoder) {
+  using K = CodingKeys;
+  auto c = decoder.container();
+  auto identifier = c.decode<Identifier>(K::identifier);
+  auto name = c.decodeString(K::name);
+  auto description = c.decodeStringIfPresent(K::description);
+  auto sections = c.decodeIfPresent<std::vector<Ref<ComponentSection>>>(K::sections);
+  auto components = c.decodeIfPresent<std::vector<Ref<Component>>>(K::components);
+  auto section = std::make_shared<ComponentSection>(
+      Passkey<ComponentSection>{}, std::move(identifier), std::move(name), std::move(description),
+      std::move(sections), std::move(components));
+  section->wireSections(false);
+  section->wireComponents(false);
+  return section;
+}
+
+void ComponentSection::encode(Encoder& encoder) const {
+  using K = CodingKeys;
+  auto c = encoder.container();
+  if (!identifier_.isLocal()) c.encode(K::identifier, identifier_);
+  c.encode(K::name, name_);
+  c.encodeIfPresent(K::description, description_);
+  c.encodeIfPresent(K::sections, sections_);
+  c.encodeIfPresent(K::components, components_);
+}
+
+std::string ComponentSection::identifierPathComponent() const {
+  std::vector<const std::string*> parts{&identifier_.rawValue()};
+  for (auto ancestor = parent(); ancestor; ancestor = ancestor->parent())
+    parts.push_back(&ancestor->identifier_.rawValue());
+  std::string path;
+  for (auto it = parts.rbegin(); it != parts.rend(); ++it) {
+    if ((*it)->empty()) continue;
+    if (!path.empty()) path += '/';
+    path += **it;
+  }
+  return path;
+}
+
+void ComponentSection::setSections(std::optional<std::vector<Ref<ComponentSection>>> value) {
+  sections_ = std::move(value);
+  wireSections(true);
+}
+
+void ComponentSection::setComponents(std::optional<std::vector<Ref<Component>>> value) {
+  components_ = std::move(value);
+  wireComponents(true);
+}
+
+void ComponentSection::setProject(const Ref<Project>& value) {
+  project_ = value;
+  if (sections_) {
+    for (const auto& section : *sections_) {
+      if (section) section->setProject(value);
+    }
+  }
+  if (components_) {
+    for (const auto& component : *components_) {
+      if (component) component->setProject(value);
+    }
+  }
+}
+
+void ComponentSection::wireSections(bool passProject) {
+  if (!sections_) return;
+  auto self = shared_from_this();
+  auto owner = passProject ? project() : nullptr;
+  for (const auto& section : *sections_) {
+    if (!section) continue;
+    section->parent_ = self;
+    if (passProject) section->setProject(owner);
+  }
+}
+
+void ComponentSection::wireComponents(bool passProject) {
+  if (!components_) return;
+  auto self = shared_from_this();
+  auto owner = passProject ? project() : nullptr;
+  for (const auto& component : *components_) {
+    if (!component) continue;
+    component->setSection(self);
+    if (passProject) component->setProject(owner);
+  }
+}
+
+void ComponentSection::visitFields(FieldVisitor& v) const {
+  v.field("identifier", identifier_);
+  v.field("name", name_);
+  v.field("description", description_);
+  v.field("sections", sections_);
+  v.field("components", components_);
+  v.field("project", project_);
+  v.field("parent", parent_);
+  v.field("identifierPathComponent", identifierPathComponent());
+}
+
+ComponentSection::Partial ComponentSection::Partial::decode(const Decoder& decoder) {
+  using K = CodingKeys;
+  auto c = decoder.container();
+  Partial p;
+  p.identifier = c.decodeIfPresent<Identifier>(K::identifier);
+  p.name = c.decodeStringIfPresent(K::name);
+  p.description = c.decodeStringIfPresent(K::description);
+  return p;
+}
+
+void ComponentSection::Partial::visitFields(FieldVisitor& v) const {
+  v.field("identifier", identifier);
+  v.field("name", name);
+  v.field("description", description);
+}
+
+}  // namespace orvane

@@ -1,0 +1,68 @@
+// A screen of the design: a version collection with the dots of its conversation.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include <orvane/project/Dot.hpp>
+#include <orvane/project/VersionCollection.hpp>
+
+namespace orvane {
+
+/// Filed in its project by identifier; owns its dots and points each back at itself. A screen
+/// is made only with its dots: the collection's own `make` is hidden here on purpose.
+class Screen : public VersionCollection {
+ public:
+  struct ScreenCodingKeys {
+    static constexpr std::string_view dots = "dots";
+  };
+
+  struct Partial;
+
+  Screen(Passkey<Screen>, Fields fields, std::optional<std::vector<Ref<Dot>>> dots)
+      : VersionCollection(std::move(fields)), dots_(std::move(dots)) {}
+
+  static Ref<Screen> make(std::string name, Ref<Version> latestVersion,
+                          std::optional<Identifier> sourceIdentifier,
+                          std::optional<std::vector<std::string>> tags,
+                          std::optional<std::vector<Ref<Version>>> versions,
+                          std::optional<std::vector<Ref<Dot>>> dots,
+                          Identifier identifier = Identifier::local(),
+                          std::string description = {});
+  static Ref<Screen> decode(const Decoder& decoder);
+  /// Writes "dots" (when present) before the collection's members, in one object.
+  void encode(Encoder& encoder) const override;
+  void visitFields(FieldVisitor& v) const override;
+
+  /// Always "screens".
+  std::string pathComponent() const override;
+  /// "v2/projects/<project>/screens/<screen>/versions"; a fatal stop without a project.
+  std::string versionsPath() const override;
+  std::optional<std::string> pathComponentIfAvailable() const override;
+  std::optional<std::string> versionsPathIfAvailable() const override;
+
+  const std::optional<std::vector<Ref<Dot>>>& dots() const { return dots_; }
+  /// Stores the list and points every dot back here; removed dots keep theirs.
+  void setDots(std::optional<std::vector<Ref<Dot>>> value);
+  /// Changes the list in place, then wires it as an assignment would.
+  template <class Fn>
+  void editDots(Fn&& fn) {
+    std::forward<Fn>(fn)(dots_);
+    wireDots();
+  }
+
+ private:
+  void wireDots();
+
+  std::optional<std::vector<Ref<Dot>>> dots_;
+};
+
+/// The decode-only subset of a screen; every member optional, nothing wired.
+struct Screen::Partial : VersionCollectionPartial {
+  static Partial decode(const Decoder& decoder);
+};
+
+}  // namespace orvane

@@ -1,0 +1,120 @@
+// Dots and their comments.
+#include <gtest/gtest.h>
+
+#include "Structure.hpp"
+
+using namespace orvane;
+using namespace orvane::test;
+using Kind = DecodingError::Kind;
+
+namespace {
+
+std::string commentJson(std::string_view id, std::string_view note) {
+  return R"({"_id":")" + std::string(id) + R"(","note":")" + std::string(note) +
+         R"(","created":"2024-01-01T00:00:00Z","updated":"2024-01-02T00:00:00Z"})";
+}
+
+const std::string kColor = R"({"r":0.5,"g":0,"b":1,"a":1})";
+
+std::string dotJson(std::string_view status, std::string_view comments) {
+  return R"({"_id":"d1","status":)" + std::string(status) +
+         R"(,"name":"Header","creator":{"_id":"u1","email":"e"},"x":10.5,"y":-3,"color":)" +
+         kColor + R"(,"comments":[)" + std::string(comments) + "]}";
+}
+
+}  // namespace
+
+TEST(Dot, DecodingWiresCommentsAndToleratesUnknownStatus) {
+  auto dot = decodeJson<Ref<Dot>>(
+      dotJson(R"("resolved")", commentJson("c1", "a") + "," + commentJson("c2", "b")));
+  EXPECT_EQ(dot->status(), Dot::Status::resolved);
+  EXPECT_EQ(dot->creator()->identifier(), Identifier("u1"));
+  EXPECT_EQ(dot->x(), 10.5);
+  EXPECT_EQ(dot->y(), -3);
+  ASSERT_EQ(dot->comments().size(), 2u);
+  for (const auto& comment : dot->comments()) EXPECT_EQ(comment->dot(), dot);
+  EXPECT_EQ(dot->screen(), nullptr);
+  EXPECT_EQ(formatDateMillis(dot->comments()[1]->updateDate()), "2024-01-02T00:00:00.000Z");
+
+  for (const char* status : {R"("closed")", "null", "3", R"("Open")"}) {
+    EXPECT_FALSE(decodeJson<Ref<Dot>>(dotJson(status, ""))->status()) << status;
+  }
+  EXPECT_EQ(decodeJson<Ref<Dot>>(dotJson(R"("open")", ""))->status(), Dot::Status::open);
+
+  auto comment = dot->comments()[0];
+  dot.reset();
+  EXPECT_EQ(comment->dot(), nullptr);
+}
+
+TEST(Dot, RequiredKeysOfDotAndComment) {
+  const std::string full = dotJson(R"("open")", commentJson("c1", "a"));
+  for (const char* key : {"_id", "name", "x", "y", "color", "comments"}) {
+    SCOPED_TRACE(key);
+    // Drop the member by renaming its key; then give it null.
+    std::string renamed = full;
+    renamed.replace(renamed.find("\"" + std::string(key) + "\""), std::string(key).size() + 2,
+                    "\"zz\"");
+    auto e = decodeError<Ref<Dot>>(renamed);
+    EXPECT_EQ(e.kind(), Kind::keyNotFound);
+    EXPECT_EQ(e.key(), key);
+  }
+  auto e = decodeError<Ref<Dot>>(
+      dotJson(R"("open")", R"({"_id":"c","note":"n","created":"2024-01-01T00:00:00Z"})"));
+  EXPECT_EQ(e.kind(), Kind::keyNotFound);
+  EXPECT_EQ(e.key(), "updated");  // no fallback to the creation date
+  EXPECT_EQ(pathOf(e), "comments[0]");
+  e = decodeError<Ref<Dot>>(R"({"_id":"d","name":"n","x":1,"y":null,"color":{},"comments":[]})");
+  EXPECT_EQ(e.kind(), Kind::valueNotFound);
+  EXPECT_EQ(pathOf(e), "y");
+  // The creator is optional.
+  EXPECT_FALSE(decodeJson<Ref<Dot>>(R"({"_id":"d","name":"n","x":1,"y":2,"color":)" + kColor +
+                                    R"(,"comments":[]})")
+                   ->creator());
+}
+
+TEST(Dot, WritesPositionColorAndNotesOnly) {
+  EXPECT_EQ(
+      roundTrip<Ref<Dot>>(
+          dotJson(R"("open")", commentJson("c1", "a") + "," + commentJson("c2", R"(b\"q)"))),
+      R"({"x":10.5,"y":-3,"color":{"r":0.5,"g":0,"b":1,"a":1},"comments":[{"note":"a"},{"note":"b\"q"}]})");
+}
+
+TEST(Dot, AssignedAndEditedCommentsPointBack) {
+  auto kept = Comment::make("kept", nullptr, now());
+  EXPECT_TRUE(kept->identifier().isLocal());
+  EXPECT_EQ(kept->dot(), nullptr);
+  auto dot = Dot::make(std::nullopt, "d", nullptr, 0, 0, Color::make(0, 0, 0, 1), {kept});
+  EXPECT_EQ(kept->dot(), dot);
+
+  auto added = Comment::make("added", nullptr, now());
+  dot->setComments({added});
+  EXPECT_EQ(added->dot(), dot);
+  EXPECT_EQ(kept->dot(), dot);  // removed, but not cleared
+
+  auto other = Dot::make(Dot::Status::open, "o", nullptr, 0, 0, Color::make(0, 0, 0, 1), {});
+  other->editComments([&](auto& comments) { comments.push_back(added); });
+  EXPECT_EQ(added->dot(), other);
+}
+
+TEST(DotPartial, AbsentMembersAreNoValue) {
+  auto partial = decodeJson<Dot::Partial>(R"({"name":"only","status":"bogus"})");
+  EXPECT_EQ(partial.name, "only");
+  EXPECT_FALSE(partial.identifier);
+  EXPECT_FALSE(partial.status);
+  EXPECT_FALSE(partial.creator);
+  EXPECT_FALSE(partial.x);
+  EXPECT_FALSE(partial.color);
+  EXPECT_FALSE(partial.comments);
+
+  partial = decodeJson<Dot::Partial>(
+      R"({"creator":{"username":"kim"},"x":1,"comments":[{"note":"n"},{}]})");
+  EXPECT_EQ(partial.creator->username, "kim");
+  EXPECT_FALSE(partial.creator->email);
+  ASSERT_EQ(partial.comments->size(), 2u);
+  EXPECT_EQ((*partial.comments)[0].note, "n");
+  EXPECT_FALSE((*partial.comments)[1].createDate);
+
+  // Present values must still have the right kind.
+  auto e = decodeError<Dot::Partial>(R"({"comments":[{"updated":"never"}]})");
+  EXPECT_EQ(pathOf(e), "comments[0].updated");
+}

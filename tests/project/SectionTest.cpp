@@ -1,0 +1,206 @@
+// Sections and the component tree: coding, parents, the project passed down, and the paths
+// built from it.
+#include <gtest/gtest.h>
+
+#include "Structure.hpp"
+
+using namespace orvane;
+using namespace orvane::test;
+using Kind = DecodingError::Kind;
+
+namespace {
+
+// A > B > C, with the component K in C and the component J in A.
+const std::string kTree = R"({"_id":"A","name":"a","components":[)" + collectionJson("J") +
+                          R"(],"componentSections":[{"_id":"B","name":"b","componentSections":[)"
+                          R"({"_id":"C","name":"c","description":"deep","components":[)" +
+                          collectionJson("K") + "]}]}]}";
+
+struct Tree {
+  Ref<ComponentSection> a, b, c;
+  Ref<Component> j, k;
+};
+
+Tree decodeTree() {
+  Tree t;
+  t.a = decodeJson<Ref<ComponentSection>>(kTree);
+  t.b = t.a->sections()->at(0);
+  t.c = t.b->sections()->at(0);
+  t.j = t.a->components()->at(0);
+  t.k = t.c->components()->at(0);
+  return t;
+}
+
+// Fatal (to the test) on a mismatch, so that no path is read from a half-wired tree.
+void expectProject(const Tree& t, const Ref<Project>& project) {
+  ASSERT_EQ(t.a->project(), project);
+  ASSERT_EQ(t.b->project(), project);
+  ASSERT_EQ(t.c->project(), project);
+  ASSERT_EQ(t.j->project(), project);
+  ASSERT_EQ(t.k->project(), project);
+}
+
+}  // namespace
+
+TEST(Section, ScreensAreRequiredAndWrittenEvenWhenEmpty) {
+  auto section = decodeJson<Ref<Section>>(R"({"_id":"s1","name":"Flow","screens":[]})");
+  EXPECT_TRUE(section->screenIdentifiers().empty());
+  EXPECT_FALSE(section->description());
+  EXPECT_EQ(encodeJson(section), R"({"_id":"s1","name":"Flow","screens":[]})");
+
+  auto e = decodeError<Ref<Section>>(R"({"_id":"s1","name":"Flow"})");
+  EXPECT_EQ(e.kind(), Kind::keyNotFound);
+  EXPECT_EQ(e.key(), "screens");
+  e = decodeError<Ref<Section>>(R"({"_id":"s1","name":"Flow","screens":["a",null]})");
+  EXPECT_EQ(e.kind(), Kind::valueNotFound);
+  EXPECT_EQ(pathOf(e), "screens[1]");
+
+  EXPECT_EQ(roundTrip<Ref<Section>>(
+                R"({"screens":["x","y"],"description":"d","name":"Flow","_id":"s1"})"),
+            R"({"_id":"s1","name":"Flow","description":"d","screens":["x","y"]})");
+}
+
+TEST(Section, IdentifierWrittenOnlyWhenNotLocal) {
+  auto local = Section::make("n", std::nullopt, {Identifier("a")});
+  EXPECT_TRUE(local->identifier().isLocal());
+  EXPECT_EQ(encodeJson(local), R"({"name":"n","screens":["a"]})");
+  auto tree = ComponentSection::make(
+      "t", std::nullopt,
+      std::vector{ComponentSection::make("u", "d", std::nullopt, std::nullopt, Identifier("svc"))},
+      std::nullopt);
+  EXPECT_EQ(encodeJson(tree),
+            R"({"name":"t","componentSections":[{"_id":"svc","name":"u","description":"d"}]})");
+  // "MACOS" without the hyphen still counts as local.
+  EXPECT_EQ(roundTrip<Ref<Section>>(R"({"_id":"MACOSX","name":"n","screens":[]})"),
+            R"({"name":"n","screens":[]})");
+}
+
+TEST(Section, ProjectIsAPlainWeakField) {
+  auto project = makeProject();
+  auto section = decodeJson<Ref<Section>>(R"({"_id":"s1","name":"Flow","screens":["S"]})");
+  EXPECT_EQ(section->project(), nullptr);
+  section->setProject(project);
+  EXPECT_EQ(section->project(), project);
+  project.reset();
+  EXPECT_EQ(section->project(), nullptr);
+}
+
+TEST(ComponentSection, DecodedTreeHasParentsAndSectionsButNoProject) {
+  auto t = decodeTree();
+  EXPECT_EQ(t.a->parent(), nullptr);
+  EXPECT_EQ(t.b->parent(), t.a);
+  EXPECT_EQ(t.c->parent(), t.b);
+  EXPECT_EQ(t.j->section(), t.a);
+  EXPECT_EQ(t.k->section(), t.c);
+  EXPECT_EQ(t.c->description(), "deep");
+  EXPECT_FALSE(t.a->description());
+  expectProject(t, nullptr);
+
+  EXPECT_EQ(t.a->identifierPathComponent(), "A");
+  EXPECT_EQ(t.c->identifierPathComponent(), "A/B/C");
+  EXPECT_EQ(t.k->pathComponent(), "componentSections/A/B/C/components/K");
+  EXPECT_EQ(t.j->pathComponent(), "componentSections/A/components/J");
+
+  // The tree goes; the components that are still held lose section and parents.
+  auto k = t.k;
+  auto c = t.c;
+  t = Tree{};
+  EXPECT_EQ(k->section(), c);
+  EXPECT_EQ(c->parent(), nullptr);
+  EXPECT_EQ(c->identifierPathComponent(), "C");
+}
+
+TEST(ComponentSection, ProjectPassedDownAndClearedAgain) {
+  auto t = decodeTree();
+  auto project = makeProject("P");
+  t.a->setProject(project);
+  ASSERT_NO_FATAL_FAILURE(expectProject(t, project));
+  EXPECT_EQ(t.k->versionsPath(), "projects/P/componentSections/A/B/C/components/K/versions");
+  EXPECT_EQ(t.j->versionsPath(), "projects/P/componentSections/A/components/J/versions");
+
+  t.a->setProject(nullptr);
+  expectProject(t, nullptr);
+  EXPECT_FALSE(t.k->versionsPathIfAvailable());
+  EXPECT_EQ(t.k->pathComponentIfAvailable(), "componentSections/A/B/C/components/K");
+
+  // Setting it on a nested section reaches only that subtree.
+  t.b->setProject(project);
+  EXPECT_EQ(t.a->project(), nullptr);
+  EXPECT_EQ(t.j->project(), nullptr);
+  EXPECT_EQ(t.c->project(), project);
+  EXPECT_EQ(t.k->project(), project);
+}
+
+TEST(ComponentSection, AssignmentsAndEditsWireWithTheSectionsProject) {
+  auto t = decodeTree();
+  auto project = makeProject("P");
+  t.a->setProject(project);
+
+  auto fresh = decodeJson<Ref<Component>>(collectionJson("N"));
+  t.b->setComponents(std::vector{fresh});
+  EXPECT_EQ(fresh->section(), t.b);
+  EXPECT_EQ(fresh->project(), project);
+  EXPECT_EQ(fresh->versionsPath(), "projects/P/componentSections/A/B/components/N/versions");
+
+  auto d = decodeJson<Ref<ComponentSection>>(
+      R"({"_id":"D","name":"d","componentSections":[{"_id":"E","name":"e","components":[)" +
+      collectionJson("M") + "]}]}");
+  auto m = d->sections()->at(0)->components()->at(0);
+  t.c->editSections([&](auto& sections) { sections = std::vector{d}; });
+  EXPECT_EQ(d->parent(), t.c);
+  EXPECT_EQ(m->project(), project);
+  EXPECT_EQ(m->versionsPath(), "projects/P/componentSections/A/B/C/D/E/components/M/versions");
+
+  // Moved to another section, the component follows that section; the old list is not cleared.
+  t.a->editComponents([&](auto& components) { components->push_back(fresh); });
+  EXPECT_EQ(fresh->section(), t.a);
+  t.b->setComponents(std::nullopt);
+  EXPECT_EQ(fresh->section(), t.a);
+}
+
+TEST(ComponentSection, MakeAdoptsChildrenWithoutProject) {
+  auto k = Component::make(Identifier("K"), "k", "", makeVersion("v"), std::nullopt, std::nullopt,
+                           std::nullopt);
+  auto c = ComponentSection::make("c", std::nullopt, std::nullopt, std::vector{k}, Identifier("C"));
+  auto b = ComponentSection::make("b", std::nullopt, std::vector{c}, std::nullopt, Identifier("B"));
+  auto a = ComponentSection::make("a", std::nullopt, std::vector{b}, std::nullopt, Identifier("A"));
+  EXPECT_EQ(k->section(), c);
+  EXPECT_EQ(c->parent(), b);
+  EXPECT_EQ(b->parent(), a);
+  EXPECT_EQ(k->project(), nullptr);
+  EXPECT_EQ(k->latestVersion()->collection(), k);
+  EXPECT_EQ(k->pathComponent(), "componentSections/A/B/C/components/K");
+  // Identifiers enter the path raw; empty ones leave no empty segment.
+  b->setIdentifier(Identifier(""));
+  c->setIdentifier(Identifier("x/y"));
+  EXPECT_EQ(c->identifierPathComponent(), "A/x/y");
+}
+
+TEST(ComponentSection, DecodingFailuresAndWrites) {
+  auto e = decodeError<Ref<ComponentSection>>(
+      R"({"_id":"A","name":"a","componentSections":[{"_id":"B","name":"b","components":[{"_id":"K","name":"k"}]}]})");
+  EXPECT_EQ(e.kind(), Kind::keyNotFound);
+  EXPECT_EQ(e.key(), "latestVersion");
+  EXPECT_EQ(pathOf(e), "componentSections[0].components[0]");
+  e = decodeError<Ref<ComponentSection>>(R"({"_id":"A"})");
+  EXPECT_EQ(e.key(), "name");
+
+  EXPECT_EQ(
+      roundTrip<Ref<ComponentSection>>(kTree),
+      R"({"_id":"A","name":"a","componentSections":[{"_id":"B","name":"b","componentSections":[)"
+      R"({"_id":"C","name":"c","description":"deep","components":[{"name":"n-K","latestVersion":)"
+      R"({"snapshot":{"width":375,"height":812,"componentNames":[]}}}]}]}],"components":[{"name":"n-J",)"
+      R"("latestVersion":{"snapshot":{"width":375,"height":812,"componentNames":[]}}}]})");
+}
+
+TEST(SectionPartial, ThreeOptionalMembers) {
+  auto section = decodeJson<Section::Partial>(R"({"name":"n","screens":5})");
+  EXPECT_EQ(section.name, "n");
+  EXPECT_FALSE(section.identifier);
+  EXPECT_FALSE(section.description);
+  auto component = decodeJson<ComponentSection::Partial>(R"({"_id":"A","description":null})");
+  EXPECT_EQ(component.identifier, Identifier("A"));
+  EXPECT_FALSE(component.name);
+  EXPECT_FALSE(component.description);
+  EXPECT_EQ(decodeError<ComponentSection::Partial>(R"({"name":1})").kind(), Kind::typeMismatch);
+}

@@ -1,0 +1,41 @@
+// Documents and records shared by the project-structure tests.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "support/Records.hpp"
+
+namespace orvane::test {
+
+/// A version document with its snapshot; `extra` members are spliced in before the end.
+inline std::string versionJson(std::string_view id, std::string_view extra = "") {
+  std::string json = R"({"_id":")" + std::string(id) + R"(","snapshot":{"_id":"s-)" +
+                     std::string(id) + R"(","width":375,"height":812})";
+  if (!extra.empty()) json += "," + std::string(extra);
+  return json + "}";
+}
+
+/// A collection document (screen, component or plain collection) with one latest version and
+/// `extra` members.
+inline std::string collectionJson(std::string_view id, std::string_view extra = "") {
+  std::string json = R"({"_id":")" + std::string(id) + R"(","name":"n-)" + std::string(id) +
+                     R"(","latestVersion":)" + versionJson("L" + std::string(id));
+  if (!extra.empty()) json += "," + std::string(extra);
+  return json + "}";
+}
+
+/// A project with nothing in it, to wire children into.
+inline Ref<Project> makeProject(std::string_view id = "P") {
+  return decodeJson<Ref<Project>>(
+      R"({"_id":")" + std::string(id) +
+      R"(","name":"p","icon":{},"created":"2024-01-01T00:00:00Z","users":[]})");
+}
+
+inline Ref<Version> makeVersion(std::string_view id) {
+  auto snapshot = Snapshot::make({1, 1}, std::nullopt, std::nullopt, std::nullopt, nullptr, nullptr,
+                                 std::nullopt, std::nullopt, std::nullopt);
+  return Version::make(nullptr, nullptr, snapshot, std::nullopt, Identifier(std::string(id)));
+}
+
+}  // namespace orvane::test
