@@ -34,15 +34,39 @@ Layer::Layer(Passkey<Layer>, Identifier identifier, std::string name, Identifier
       sourceIdentifier_(std::move(sourceIdentifier)),
       kind_(std::move(kind)),
       frame_(frame),
-      rotation_(rotation),
       cornerRadius_(cornerRadius),
       opacity_(opacity),
-      blendMode_(blendMode),
-      blur_(std::move(blur)),
-      isExportable_(isExportable),
       fills_(std::move(fills)),
       borders_(std::move(borders)),
-      shadows_(std::move(shadows)) {}
+      shadows_(std::move(shadows)) {
+  setRotation(rotation);
+  setBlendMode(blendMode);
+  if (blur) rare().blur = std::move(blur);
+  setIsExportable(isExportable);
+}
+
+Layer::Rare& Layer::rare() {
+  if (!rare_) rare_ = std::make_unique<Rare>();
+  return *rare_;
+}
+
+const Ref<Blur>& Layer::blur() const {
+  static const Ref<Blur> none;
+  return rare_ ? rare_->blur : none;
+}
+
+void Layer::setBlur(Ref<Blur> value) {
+  if (value || rare_) rare().blur = std::move(value);
+}
+
+const std::optional<Url>& Layer::sketchFileURL() const {
+  static const std::optional<Url> none;
+  return rare_ ? rare_->sketchFileURL : none;
+}
+
+void Layer::setSketchFileURL(std::optional<Url> value) {
+  if (value || rare_) rare().sketchFileURL = std::move(value);
+}
 
 Ref<Layer> Layer::make(std::string name, Identifier sourceIdentifier, std::optional<Kind> kind,
                        Rect frame, std::optional<double> rotation, double cornerRadius,
@@ -122,12 +146,12 @@ void Layer::encode(Encoder& encoder) const {
     }
   }
   c.encode(K::frame, frame_);
-  c.encodeIfPresent(K::rotation, rotation_);
+  c.encodeIfPresent(K::rotation, rotation());
   c.encode(K::cornerRadius, cornerRadius_);
   c.encode(K::opacity, opacity_);
-  c.encodeIfPresent(K::blendMode, blendMode_);
-  c.encodeIfPresent(K::blur, blur_);
-  c.encode(K::isExportable, isExportable_);
+  c.encodeIfPresent(K::blendMode, blendMode());
+  c.encodeIfPresent(K::blur, blur());
+  c.encode(K::isExportable, isExportable());
   c.encodeIfPresent(K::fills, fills_);
   c.encodeIfPresent(K::borders, borders_);
   c.encodeIfPresent(K::shadows, shadows_);
@@ -139,19 +163,19 @@ void Layer::visitFields(FieldVisitor& v) const {
   v.field("sourceIdentifier", sourceIdentifier_);
   v.field("kind", kind_);
   v.field("frame", frame_);
-  v.field("rotation", rotation_);
+  v.field("rotation", rotation());
   v.field("cornerRadius", cornerRadius_);
   v.field("opacity", opacity_);
-  v.field("blendMode", blendMode_);
-  v.field("blur", blur_);
-  v.field("isExportable", isExportable_);
+  v.field("blendMode", blendMode());
+  v.field("blur", blur());
+  v.field("isExportable", isExportable());
   v.field("fills", fills_);
   v.field("borders", borders_);
   v.field("shadows", shadows_);
   v.field("snapshot", snapshot_);
   v.field("parent", parent_);
-  v.field("exportsBitmap", exportsBitmap_);
-  v.field("sketchFileURL", sketchFileURL_);
+  v.field("exportsBitmap", exportsBitmap());
+  v.field("sketchFileURL", sketchFileURL());
   v.field("absoluteFrame", absoluteFrame());
 }
 
@@ -189,20 +213,21 @@ void Layer::setSnapshot(const Ref<Snapshot>& value) {
 }
 
 Rect Layer::absoluteFrame() const {
-  if (!absoluteFrame_) {
+  if (!(flags_ & kHasAbsoluteFrame)) {
     Rect frame = frame_;
     for (auto ancestor = parent_.lock(); ancestor; ancestor = ancestor->parent_.lock())
       frame = frame.offsetBy(ancestor->frame_.origin.x, ancestor->frame_.origin.y);
     absoluteFrame_ = frame;
+    flags_ |= kHasAbsoluteFrame;
   }
-  return *absoluteFrame_;
+  return absoluteFrame_;
 }
 
 void Layer::flatten(const std::vector<Ref<Layer>>& layers, Point origin, Flattened& out,
                     bool gatherNames) {
   for (const auto& layer : layers) {
     Rect absolute = layer->frame_.offsetBy(origin.x, origin.y);
-    layer->absoluteFrame_ = absolute;
+    layer->setAbsoluteFrame(absolute);
     const Kind::Group* group = layer->kind_ ? layer->kind_->asGroup() : nullptr;
     if (!group) {
       out.flattenedLayers.push_back(layer);

@@ -1,6 +1,8 @@
 // One element of an exported artboard: a text run, a shape or a group of further layers.
 #pragma once
 
+#include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -141,18 +143,28 @@ class Layer : public std::enable_shared_from_this<Layer> {
   }
   const Rect& frame() const { return frame_; }
   void setFrame(Rect value) { frame_ = value; }
-  std::optional<double> rotation() const { return rotation_; }
-  void setRotation(std::optional<double> value) { rotation_ = value; }
+  std::optional<double> rotation() const {
+    return (flags_ & kHasRotation) ? std::optional<double>(rotation_) : std::nullopt;
+  }
+  void setRotation(std::optional<double> value) {
+    rotation_ = value.value_or(0);
+    setFlag(kHasRotation, value.has_value());
+  }
   double cornerRadius() const { return cornerRadius_; }
   void setCornerRadius(double value) { cornerRadius_ = value; }
   double opacity() const { return opacity_; }
   void setOpacity(double value) { opacity_ = value; }
-  std::optional<BlendMode> blendMode() const { return blendMode_; }
-  void setBlendMode(std::optional<BlendMode> value) { blendMode_ = value; }
-  const Ref<Blur>& blur() const { return blur_; }
-  void setBlur(Ref<Blur> value) { blur_ = std::move(value); }
-  bool isExportable() const { return isExportable_; }
-  void setIsExportable(bool value) { isExportable_ = value; }
+  std::optional<BlendMode> blendMode() const {
+    return (flags_ & kHasBlendMode) ? std::optional<BlendMode>(blendMode_) : std::nullopt;
+  }
+  void setBlendMode(std::optional<BlendMode> value) {
+    if (value) blendMode_ = *value;
+    setFlag(kHasBlendMode, value.has_value());
+  }
+  const Ref<Blur>& blur() const;
+  void setBlur(Ref<Blur> value);
+  bool isExportable() const { return flags_ & kIsExportable; }
+  void setIsExportable(bool value) { setFlag(kIsExportable, value); }
   const std::optional<std::vector<Ref<Fill>>>& fills() const { return fills_; }
   void setFills(std::optional<std::vector<Ref<Fill>>> value) { fills_ = std::move(value); }
   const std::optional<std::vector<Ref<Border>>>& borders() const { return borders_; }
@@ -164,15 +176,18 @@ class Layer : public std::enable_shared_from_this<Layer> {
   void setSnapshot(const Ref<Snapshot>& value);
   Ref<Layer> parent() const { return parent_.lock(); }
   void setParent(const Ref<Layer>& value) { parent_ = value; }
-  bool exportsBitmap() const { return exportsBitmap_; }
-  void setExportsBitmap(bool value) { exportsBitmap_ = value; }
-  const std::optional<Url>& sketchFileURL() const { return sketchFileURL_; }
-  void setSketchFileURL(std::optional<Url> value) { sketchFileURL_ = std::move(value); }
+  bool exportsBitmap() const { return flags_ & kExportsBitmap; }
+  void setExportsBitmap(bool value) { setFlag(kExportsBitmap, value); }
+  const std::optional<Url>& sketchFileURL() const;
+  void setSketchFileURL(std::optional<Url> value);
 
   /// The frame in the snapshot's coordinates. Computed through the parents on first read and
   /// kept from then on, so a later move of an ancestor is not seen until it is assigned again.
   Rect absoluteFrame() const;
-  void setAbsoluteFrame(Rect value) { absoluteFrame_ = value; }
+  void setAbsoluteFrame(Rect value) {
+    absoluteFrame_ = value;
+    flags_ |= kHasAbsoluteFrame;
+  }
 
  private:
   void adoptChildren();
@@ -180,25 +195,42 @@ class Layer : public std::enable_shared_from_this<Layer> {
   static void flatten(const std::vector<Ref<Layer>>& layers, Point origin, Flattened& out,
                       bool gatherNames);
 
+  // Layers are the most numerous records of a decoded graph, so their storage is packed: the
+  // optional scalars are a value and a presence bit, and what layers seldom carry (a blur, a
+  // file URL) lives in a block of its own that only those layers allocate.
+  struct Rare {
+    Ref<Blur> blur;
+    std::optional<Url> sketchFileURL;
+  };
+  enum Flag : std::uint8_t {
+    kHasRotation = 1,
+    kHasBlendMode = 2,
+    kIsExportable = 4,
+    kExportsBitmap = 8,
+    kHasAbsoluteFrame = 16,
+  };
+  void setFlag(Flag flag, bool on) {
+    flags_ = static_cast<std::uint8_t>(on ? flags_ | flag : flags_ & ~flag);
+  }
+  Rare& rare();
+
   Identifier identifier_;
   std::string name_;
   Identifier sourceIdentifier_;
   std::optional<Kind> kind_;
   Rect frame_;
-  std::optional<double> rotation_;
+  double rotation_ = 0;
   double cornerRadius_;
   double opacity_;
-  std::optional<BlendMode> blendMode_;
-  Ref<Blur> blur_;
-  bool isExportable_;
   std::optional<std::vector<Ref<Fill>>> fills_;
   std::optional<std::vector<Ref<Border>>> borders_;
   std::optional<std::vector<Ref<Shadow>>> shadows_;
   WeakRef<Snapshot> snapshot_;
   WeakRef<Layer> parent_;
-  bool exportsBitmap_ = false;
-  std::optional<Url> sketchFileURL_;
-  mutable std::optional<Rect> absoluteFrame_;
+  std::unique_ptr<Rare> rare_;
+  mutable Rect absoluteFrame_;
+  BlendMode blendMode_{};
+  mutable std::uint8_t flags_ = 0;
 };
 
 template <>

@@ -147,3 +147,44 @@ TEST(LayerCoding, DefaultsAndLeftOutMembers) {
       R"({"name":"g","sourceId":"s","type":"group","layers":[],)"
       R"("rect":{"x":0,"y":0,"width":1,"height":1},"borderRadius":0,"opacity":1,"exportable":false})");
 }
+
+// The optional members are stored packed; each must hold and clear without touching the others.
+TEST(LayerStorage, OptionalMembersSetAndClearIndependently) {
+  auto layer = shape("L");
+  EXPECT_FALSE(layer->rotation());
+  EXPECT_FALSE(layer->blendMode());
+  EXPECT_EQ(layer->blur(), nullptr);
+  EXPECT_FALSE(layer->sketchFileURL());
+  EXPECT_FALSE(layer->isExportable());
+  EXPECT_FALSE(layer->exportsBitmap());
+
+  auto blur = Blur::make(std::nullopt, 4);
+  layer->setRotation(0.0);
+  layer->setBlendMode(BlendMode::multiply);
+  layer->setBlur(blur);
+  layer->setSketchFileURL(Url("file:///a.sketch"));
+  layer->setIsExportable(true);
+  layer->setExportsBitmap(true);
+  EXPECT_EQ(layer->rotation(), 0.0) << "a zero rotation is a rotation";
+  EXPECT_EQ(layer->blendMode(), BlendMode::multiply);
+  EXPECT_EQ(layer->blur(), blur);
+  EXPECT_EQ(layer->sketchFileURL(), Url("file:///a.sketch"));
+
+  layer->setRotation(std::nullopt);
+  layer->setBlur(nullptr);
+  layer->setIsExportable(false);
+  EXPECT_FALSE(layer->rotation());
+  EXPECT_EQ(layer->blur(), nullptr);
+  EXPECT_FALSE(layer->isExportable());
+  EXPECT_EQ(layer->blendMode(), BlendMode::multiply);
+  EXPECT_EQ(layer->sketchFileURL(), Url("file:///a.sketch"));
+  EXPECT_TRUE(layer->exportsBitmap());
+
+  layer->setBlendMode(std::nullopt);
+  layer->setSketchFileURL(std::nullopt);
+  layer->setExportsBitmap(false);
+  EXPECT_FALSE(layer->blendMode());
+  EXPECT_FALSE(layer->sketchFileURL());
+  EXPECT_FALSE(layer->exportsBitmap());
+  EXPECT_FALSE(layer->rotation());
+}
