@@ -1,5 +1,7 @@
 #include <orvane/project/Project.hpp>
 
+#include <algorithm>
+
 namespace orvane {
 
 Project::Project(Passkey<Project>, Header header)
@@ -14,6 +16,48 @@ Project::Project(Passkey<Project>, Header header)
       density_(header.density),
       isPublic_(header.isPublic),
       thumbnailURL_(std::move(header.thumbnailURL)) {}
+
+Ref<Project> Project::make(std::optional<Status> status, std::string name,
+                           std::optional<Icon> icon, Date updateDate, std::optional<Kind> kind,
+                           std::optional<Density> density, std::optional<bool> isPublic,
+                           std::optional<std::vector<Ref<Section>>> sections,
+                           std::optional<ScreensByIdentifier> screensByIdentifier,
+                           std::optional<std::vector<Ref<ProjectColor>>> colors,
+                           std::optional<std::vector<Ref<ProjectTextStyle>>> textStyles,
+                           std::optional<std::vector<Ref<ComponentSection>>> componentSections,
+                           std::vector<Ref<ProjectUser>> users, std::optional<Url> thumbnailURL,
+                           Ref<Integration> integration, Identifier identifier,
+                           std::string description, Date createDate) {
+  auto project = std::make_shared<Project>(
+      Passkey<Project>{},
+      Header{std::move(identifier), status, std::move(name), std::move(description), icon,
+             createDate, updateDate, kind, density, isPublic, std::move(thumbnailURL)});
+  project->sections_ = std::move(sections);
+  project->screensByIdentifier_ = std::move(screensByIdentifier);
+  project->colors_ = std::move(colors);
+  project->textStyles_ = std::move(textStyles);
+  project->componentSections_ = std::move(componentSections);
+  project->users_ = std::move(users);
+  project->integration_ = std::move(integration);
+  project->wire();
+  return project;
+}
+
+namespace {
+
+// Later screens replace earlier ones with the same identifier; the dropped ones are released
+// with the list and never wired.
+Project::ScreensByIdentifier fileScreens(std::vector<Ref<Screen>> screens) {
+  Project::ScreensByIdentifier filed;
+  filed.reserve(screens.size());
+  for (auto& screen : screens) {
+    const Identifier& id = screen->identifier();
+    filed.insert_or_assign(id, std::move(screen));
+  }
+  return filed;
+}
+
+}  // namespace
 
 Ref<Project> Project::decode(const Decoder& decoder) {
   using K = CodingKeys;
@@ -30,8 +74,26 @@ Ref<Project> Project::decode(const Decoder& decoder) {
   h.kind = c.decodeTolerant<Kind>(K::kind);
   h.density = c.decodeTolerant<Density>(K::density);
   h.isPublic = c.decodeBoolIfPresent(K::isPublic);
+  auto sections = c.decodeIfPresent<std::vector<Ref<Section>>>(K::sections);
+  auto screens = c.decodeIfPresent<std::vector<Ref<Screen>>>(K::screens);
+  auto colors = c.decodeIfPresent<std::vector<Ref<ProjectColor>>>(K::colors);
+  auto textStyles = c.decodeIfPresent<std::vector<Ref<ProjectTextStyle>>>(K::textStyles);
+  auto componentSections =
+      c.decodeIfPresent<std::vector<Ref<ComponentSection>>>(K::componentSections);
+  auto users = c.decode<std::vector<Ref<ProjectUser>>>(K::users);
   h.thumbnailURL = c.decodeUrlIfPresent(K::thumbnailURL);
-  return std::make_shared<Project>(Passkey<Project>{}, std::move(h));
+  auto integration = c.decodeIfPresent<Ref<Integration>>(K::integration);
+
+  auto project = std::make_shared<Project>(Passkey<Project>{}, std::move(h));
+  project->sections_ = std::move(sections);
+  if (screens) project->screensByIdentifier_ = fileScreens(std::move(*screens));
+  project->colors_ = std::move(colors);
+  project->textStyles_ = std::move(textStyles);
+  project->componentSections_ = std::move(componentSections);
+  project->users_ = std::move(users);
+  project->integration_ = std::move(integration);
+  project->wire();
+  return project;
 }
 
 void Project::encode(Encoder& encoder) const {
@@ -47,6 +109,61 @@ void Project::encode(Encoder& encoder) const {
   c.encodeIfPresent(K::thumbnailURL, thumbnailURL_);
 }
 
+void Project::wire() {
+  wireSections();
+  wireScreens();
+  wireComponentSections();
+  wireUsers();
+}
+
+void Project::wireSections() {
+  if (!sections_) return;
+  auto self = shared_from_this();
+  for (const auto& section : *sections_) section->setProject(self);
+}
+
+void Project::wireScreens() {
+  if (!screensByIdentifier_) return;
+  auto self = shared_from_this();
+  for (const auto& [id, screen] : *screensByIdentifier_) screen->setProject(self);
+}
+
+void Project::wireComponentSections() {
+  if (!componentSections_) return;
+  auto self = shared_from_this();
+  // Each section hands the project down its own subtree.
+  for (const auto& section : *componentSections_) section->setProject(self);
+}
+
+void Project::wireUsers() {
+  auto self = shared_from_this();
+  for (const auto& user : users_) user->setProject(self);
+}
+
+void Project::setSections(std::optional<std::vector<Ref<Section>>> value) {
+  sections_ = std::move(value);
+  wireSections();
+}
+
+void Project::setScreensByIdentifier(std::optional<ScreensByIdentifier> value) {
+  screensByIdentifier_ = std::move(value);
+  wireScreens();
+}
+
+void Project::setComponentSections(std::optional<std::vector<Ref<ComponentSection>>> value) {
+  componentSections_ = std::move(value);
+  wireComponentSections();
+}
+
+void Project::setUsers(std::vector<Ref<ProjectUser>> value) {
+  users_ = std::move(value);
+  wireUsers();
+}
+
+void Project::setCandidateTextStyles(std::optional<std::vector<CandidateTextStyle>> value) {
+  candidateTextStyles_ = std::move(value);
+}
+
 void Project::visitFields(FieldVisitor& v) const {
   v.field("identifier", identifier_);
   v.field("status", status_);
@@ -58,7 +175,73 @@ void Project::visitFields(FieldVisitor& v) const {
   v.field("kind", kind_);
   v.field("density", density_);
   v.field("isPublic", isPublic_);
+  v.field("sections", sections_);
+  v.key("screensByIdentifier");
+  if (screensByIdentifier_) {
+    // The dictionary keeps no order; the dump sorts by identifier so that it is stable.
+    std::vector<const ScreensByIdentifier::value_type*> entries;
+    entries.reserve(screensByIdentifier_->size());
+    for (const auto& entry : *screensByIdentifier_) entries.push_back(&entry);
+    std::sort(entries.begin(), entries.end(), [](const auto* a, const auto* b) {
+      return a->first.rawValue() < b->first.rawValue();
+    });
+    v.beginObject();
+    for (const auto* entry : entries) {
+      v.key(entry->first.rawValue());
+      describe(v, entry->second);
+    }
+    v.endObject();
+  } else {
+    v.null();
+  }
+  v.field("colors", colors_);
+  v.field("textStyles", textStyles_);
+  v.field("componentSections", componentSections_);
+  v.field("users", users_);
   v.field("thumbnailURL", thumbnailURL_);
+  v.field("integration", integration_);
+  v.field("extensions", extensions_);
+  v.field("candidateTextStyles", candidateTextStyles_);
+  v.field("candidateColors", candidateColors_);
+  v.field("organization", organization_);
+  v.field("emojis", emojis_);
+  v.field("localExtensions", localExtensions_);
+}
+
+void Project::CandidateTextStyle::visitFields(FieldVisitor& v) const {
+  v.field("name", name);
+  v.field("sourceIdentifier", sourceIdentifier);
+  v.field("textStyle", textStyle);
+}
+
+Project::Partial Project::Partial::decode(const Decoder& decoder) {
+  using K = CodingKeys;
+  auto c = decoder.container();
+  Partial p;
+  p.identifier = c.decodeIfPresent<Identifier>(K::identifier);
+  p.status = c.decodeTolerant<Status>(K::status);
+  p.name = c.decodeStringIfPresent(K::name);
+  p.description = c.decodeStringIfPresent(K::description);
+  p.createDate = c.decodeDateIfPresent(K::createDate);
+  p.updateDate = c.decodeDateIfPresent(K::updateDate);
+  p.density = c.decodeTolerant<Density>(K::density);
+  p.isPublic = c.decodeBoolIfPresent(K::isPublic);
+  p.users = c.decodeIfPresent<std::vector<ProjectUser::Partial>>(K::users);
+  p.thumbnailURL = c.decodeUrlIfPresent(K::thumbnailURL);
+  return p;
+}
+
+void Project::Partial::visitFields(FieldVisitor& v) const {
+  v.field("identifier", identifier);
+  v.field("status", status);
+  v.field("name", name);
+  v.field("description", description);
+  v.field("createDate", createDate);
+  v.field("updateDate", updateDate);
+  v.field("density", density);
+  v.field("isPublic", isPublic);
+  v.field("users", users);
+  v.field("thumbnailURL", thumbnailURL);
 }
 
 }  // namespace orvane

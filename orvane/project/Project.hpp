@@ -5,7 +5,9 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
+#include <vector>
 
 #include <orvane/coding/Decoder.hpp>
 #include <orvane/coding/Density.hpp>
@@ -15,6 +17,17 @@
 #include <orvane/coding/RawEnum.hpp>
 #include <orvane/coding/Ref.hpp>
 #include <orvane/coding/Values.hpp>
+#include <orvane/coding/Color.hpp>
+#include <orvane/coding/ProjectColor.hpp>
+#include <orvane/integrations/Extension.hpp>
+#include <orvane/integrations/Integration.hpp>
+#include <orvane/people/Organization.hpp>
+#include <orvane/people/ProjectUser.hpp>
+#include <orvane/project/ComponentSection.hpp>
+#include <orvane/project/Screen.hpp>
+#include <orvane/project/Section.hpp>
+#include <orvane/styles/ProjectTextStyle.hpp>
+#include <orvane/styles/TextStyle.hpp>
 
 namespace orvane {
 
@@ -51,6 +64,12 @@ class Project : public std::enable_shared_from_this<Project> {
     static constexpr std::string_view kind = "type";
   };
 
+  struct CandidateTextStyle;
+  struct Partial;
+
+  using ScreensByIdentifier = std::unordered_map<Identifier, Ref<Screen>>;
+
+  /// The header fields, as the constructor takes them.
   struct Header {
     Identifier identifier;
     std::optional<Status> status;
@@ -67,6 +86,22 @@ class Project : public std::enable_shared_from_this<Project> {
 
   Project(Passkey<Project>, Header header);
 
+  /// The memberwise initializer. The model's three defaulted parameters (identifier,
+  /// description, creation date) come last, in their order; every other one must be passed.
+  /// Wires sections, screens, component sections and members, in that order.
+  static Ref<Project> make(std::optional<Status> status, std::string name,
+                           std::optional<Icon> icon, Date updateDate, std::optional<Kind> kind,
+                           std::optional<Density> density, std::optional<bool> isPublic,
+                           std::optional<std::vector<Ref<Section>>> sections,
+                           std::optional<ScreensByIdentifier> screensByIdentifier,
+                           std::optional<std::vector<Ref<ProjectColor>>> colors,
+                           std::optional<std::vector<Ref<ProjectTextStyle>>> textStyles,
+                           std::optional<std::vector<Ref<ComponentSection>>> componentSections,
+                           std::vector<Ref<ProjectUser>> users, std::optional<Url> thumbnailURL,
+                           Ref<Integration> integration,
+                           Identifier identifier = Identifier::local(),
+                           std::string description = {}, Date createDate = now());
+  /// Reads the header and the contents, files the screens by identifier, then wires once.
   static Ref<Project> decode(const Decoder& decoder);
   /// Writes the header members only; the result is not a document `decode` accepts.
   void encode(Encoder& encoder) const;
@@ -95,7 +130,90 @@ class Project : public std::enable_shared_from_this<Project> {
   const std::optional<Url>& thumbnailURL() const { return thumbnailURL_; }
   void setThumbnailURL(std::optional<Url> value) { thumbnailURL_ = std::move(value); }
 
+  // Contents. Assigning one of the four wired collections, or changing it in place through its
+  // `edit...` member, points every element back at this project. Elements taken out keep their
+  // back-reference.
+  const std::optional<std::vector<Ref<Section>>>& sections() const { return sections_; }
+  void setSections(std::optional<std::vector<Ref<Section>>> value);
+  template <class Fn>
+  void editSections(Fn&& fn) {
+    std::forward<Fn>(fn)(sections_);
+    wireSections();
+  }
+  const std::optional<ScreensByIdentifier>& screensByIdentifier() const {
+    return screensByIdentifier_;
+  }
+  void setScreensByIdentifier(std::optional<ScreensByIdentifier> value);
+  template <class Fn>
+  void editScreensByIdentifier(Fn&& fn) {
+    std::forward<Fn>(fn)(screensByIdentifier_);
+    wireScreens();
+  }
+  const std::optional<std::vector<Ref<ComponentSection>>>& componentSections() const {
+    return componentSections_;
+  }
+  void setComponentSections(std::optional<std::vector<Ref<ComponentSection>>> value);
+  template <class Fn>
+  void editComponentSections(Fn&& fn) {
+    std::forward<Fn>(fn)(componentSections_);
+    wireComponentSections();
+  }
+  const std::vector<Ref<ProjectUser>>& users() const { return users_; }
+  void setUsers(std::vector<Ref<ProjectUser>> value);
+  template <class Fn>
+  void editUsers(Fn&& fn) {
+    std::forward<Fn>(fn)(users_);
+    wireUsers();
+  }
+
+  const std::optional<std::vector<Ref<ProjectColor>>>& colors() const { return colors_; }
+  void setColors(std::optional<std::vector<Ref<ProjectColor>>> value) {
+    colors_ = std::move(value);
+  }
+  const std::optional<std::vector<Ref<ProjectTextStyle>>>& textStyles() const {
+    return textStyles_;
+  }
+  void setTextStyles(std::optional<std::vector<Ref<ProjectTextStyle>>> value) {
+    textStyles_ = std::move(value);
+  }
+  const Ref<Integration>& integration() const { return integration_; }
+  void setIntegration(Ref<Integration> value) { integration_ = std::move(value); }
+
+  // Filled by the client, never read from or written to a document.
+  const std::optional<std::vector<Ref<Extension>>>& extensions() const { return extensions_; }
+  void setExtensions(std::optional<std::vector<Ref<Extension>>> value) {
+    extensions_ = std::move(value);
+  }
+  const std::optional<std::vector<CandidateTextStyle>>& candidateTextStyles() const {
+    return candidateTextStyles_;
+  }
+  void setCandidateTextStyles(std::optional<std::vector<CandidateTextStyle>> value);
+  const std::optional<std::vector<Ref<Color>>>& candidateColors() const {
+    return candidateColors_;
+  }
+  void setCandidateColors(std::optional<std::vector<Ref<Color>>> value) {
+    candidateColors_ = std::move(value);
+  }
+  const Ref<Organization>& organization() const { return organization_; }
+  void setOrganization(Ref<Organization> value) { organization_ = std::move(value); }
+  const std::optional<std::vector<Ref<Integration::Emoji>>>& emojis() const { return emojis_; }
+  void setEmojis(std::optional<std::vector<Ref<Integration::Emoji>>> value) {
+    emojis_ = std::move(value);
+  }
+  const std::optional<std::vector<Ref<Extension>>>& localExtensions() const {
+    return localExtensions_;
+  }
+  void setLocalExtensions(std::optional<std::vector<Ref<Extension>>> value) {
+    localExtensions_ = std::move(value);
+  }
+
  private:
+  void wire();
+  void wireSections();
+  void wireScreens();
+  void wireComponentSections();
+  void wireUsers();
+
   Identifier identifier_;
   std::optional<Status> status_;
   std::string name_;
@@ -106,7 +224,52 @@ class Project : public std::enable_shared_from_this<Project> {
   std::optional<Kind> kind_;
   std::optional<Density> density_;
   std::optional<bool> isPublic_;
+  std::optional<std::vector<Ref<Section>>> sections_;
+  std::optional<ScreensByIdentifier> screensByIdentifier_;
+  std::optional<std::vector<Ref<ProjectColor>>> colors_;
+  std::optional<std::vector<Ref<ProjectTextStyle>>> textStyles_;
+  std::optional<std::vector<Ref<ComponentSection>>> componentSections_;
+  std::vector<Ref<ProjectUser>> users_;
   std::optional<Url> thumbnailURL_;
+  Ref<Integration> integration_;
+  std::optional<std::vector<Ref<Extension>>> extensions_;
+  std::optional<std::vector<CandidateTextStyle>> candidateTextStyles_;
+  std::optional<std::vector<Ref<Color>>> candidateColors_;
+  Ref<Organization> organization_;
+  std::optional<std::vector<Ref<Integration::Emoji>>> emojis_;
+  std::optional<std::vector<Ref<Extension>>> localExtensions_;
+};
+
+/// A text style the client proposes for the style guide; a value, never coded.
+struct Project::CandidateTextStyle {
+  CandidateTextStyle(std::string name, std::optional<Identifier> sourceIdentifier,
+                     Ref<TextStyle> textStyle)
+      : name(std::move(name)),
+        sourceIdentifier(std::move(sourceIdentifier)),
+        textStyle(std::move(textStyle)) {}
+
+  std::string name;
+  std::optional<Identifier> sourceIdentifier;
+  Ref<TextStyle> textStyle;
+
+  void visitFields(FieldVisitor& v) const;
+};
+
+/// What a partial project document carries: header fields and members' partials, no contents.
+struct Project::Partial {
+  std::optional<Identifier> identifier;
+  std::optional<Status> status;
+  std::optional<std::string> name;
+  std::optional<std::string> description;
+  std::optional<Date> createDate;
+  std::optional<Date> updateDate;
+  std::optional<Density> density;
+  std::optional<bool> isPublic;
+  std::optional<std::vector<ProjectUser::Partial>> users;
+  std::optional<Url> thumbnailURL;
+
+  static Partial decode(const Decoder& decoder);
+  void visitFields(FieldVisitor& v) const;
 };
 
 template <>

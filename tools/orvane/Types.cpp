@@ -64,6 +64,7 @@ constexpr TypeEntry kTypes[] = {
     entry<Destination::Kind::Key>("Destination.Kind.Key"),
     // Project structure.
     entry<Project>("Project"),
+    entry<Project::Partial>("Project.Partial"),
     entry<Project::Status>("Project.Status"),
     entry<Project::Kind>("Project.Kind"),
     entry<Project::Icon>("Project.Icon"),
