@@ -24,6 +24,7 @@
 
 #include <orvane/json/JsonDecoder.hpp>
 #include <orvane/json/JsonEncoder.hpp>
+#include <orvane/project/Project.hpp>
 #include <orvane/snapshot/Snapshot.hpp>
 
 #include "generate.hpp"
@@ -74,6 +75,47 @@ void row(const char* name, double bytes, double seconds, double floor) {
               seconds / floor);
 }
 
+// A whole project document of the same size: screens, versions with their snapshots, dots,
+// sections, the component tree and the style guide, decoded into the wired project graph.
+void measureProject(std::size_t megabytes) {
+  std::string json = orvane::bench::generateProject(megabytes * 1000 * 1000);
+  double bytes = double(json.size());
+  simdjson::padded_string padded(json);
+  json = std::string();
+  std::string_view view(padded.data(), padded.size());
+  simdjson::dom::parser parser;
+  double floor = bestSeconds([&] { benchmark::DoNotOptimize(parser.parse(padded).error()); });
+  orvane::JsonDecoder decoder;
+  orvane::Ref<orvane::Project> project;
+  double decode =
+      bestSeconds([&] { project = decoder.decodePadded<orvane::Ref<orvane::Project>>(view); },
+                  [&] { project.reset(); });
+  std::printf("\nProject document (%.1f MB):\n\n", bytes / 1e6);
+  std::printf("| %-34s | %9s | %9s | %8s |\n", "run", "MB/s", "ms", "vs simdjson");
+  std::printf("|%s|%s|%s|%s|\n", std::string(36, '-').c_str(), std::string(11, '-').c_str(),
+              std::string(11, '-').c_str(), std::string(10, '-').c_str());
+  row("simdjson DOM parse", bytes, floor, floor);
+  row("Orvane decode (wired project)", bytes, decode, floor);
+
+  long long before = heapInUse();
+  {
+    orvane::JsonDecoder fresh;
+    project = fresh.decodePadded<orvane::Ref<orvane::Project>>(view);
+  }
+  long long retained = heapInUse() - before;
+  project.reset();
+  std::printf("\nRetained by the decoded project: %.1f MB (%.2fx the document)\n", retained / 1e6,
+              retained / bytes);
+  long baseline = peakResident([] {});
+  long peak = peakResident([&] {
+    orvane::JsonDecoder fresh;
+    auto p = fresh.decodePadded<orvane::Ref<orvane::Project>>(view);
+    benchmark::DoNotOptimize(p.get());
+  });
+  std::printf("Peak resident memory of a project decode: %.1f MB (process before: %.1f MB)\n",
+              peak / 1e6, baseline / 1e6);
+}
+
 void measure(std::size_t megabytes) {
   std::string json = orvane::bench::generateSnapshots(megabytes * 1000 * 1000);
   double bytes = double(json.size());
@@ -103,12 +145,12 @@ void measure(std::size_t megabytes) {
   // Decoding ends with the graph built and wired; releasing it is timed on its own.
   orvane::JsonDecoder decoder;
   Snapshots graph;
-  double decode = bestSeconds([&] { graph = decoder.decodePadded<Snapshots>(view); },
-                              [&] { graph.clear(); });
+  double decode =
+      bestSeconds([&] { graph = decoder.decodePadded<Snapshots>(view); }, [&] { graph.clear(); });
   row("Orvane decode (wired graph)", bytes, decode, floor);
   graph = decoder.decodePadded<Snapshots>(view);
-  double release = bestSeconds([&] { graph.clear(); },
-                               [&] { graph = decoder.decodePadded<Snapshots>(view); });
+  double release =
+      bestSeconds([&] { graph.clear(); }, [&] { graph = decoder.decodePadded<Snapshots>(view); });
   std::printf("| %-34s | %9s | %9.2f | %7.2fx |\n", "Orvane release of the graph", "",
               release * 1e3, release / floor);
 
@@ -144,6 +186,7 @@ void measure(std::size_t megabytes) {
   });
   std::printf("Peak resident memory of a decode: %.1f MB (process before: %.1f MB)\n", peak / 1e6,
               baseline / 1e6);
+  measureProject(megabytes);
 }
 
 }  // namespace
