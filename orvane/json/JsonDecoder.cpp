@@ -182,18 +182,17 @@ class TapeBackend final : public DecoderBackend {
   }
 
   // The tape index just past the value at `n`.
+  // Called for every member a lookup passes, so without a jump table: containers jump to their
+  // end, numbers take two words, everything else one.
   Node afterIndex(Node n) const noexcept {
-    switch (type(n)) {
-      case '{':
-      case '[':
-        return static_cast<std::uint32_t>(tape_[n]);
-      case 'l':
-      case 'u':
-      case 'd':
-        return n + 2;
-      default:
-        return n + 1;
-    }
+    char t = type(n);
+    if (t == '{' || t == '[') return static_cast<std::uint32_t>(tape_[n]);
+    return n + 1 + (t == 'l' || t == 'u' || t == 'd');
+  }
+
+  // The index of an object's closing entry.
+  Node objectEnd(Node object) const noexcept {
+    return static_cast<std::uint32_t>(tape_[object]) - 1;
   }
 
   std::string_view stringAt(Node n) const noexcept {
@@ -287,7 +286,7 @@ class TapeBackend final : public DecoderBackend {
 
   void buildFilter(Node object, LookupState& state) const noexcept {
     std::uint64_t filter = 0, collisions = 0;
-    Node end = afterIndex(object) - 1;
+    Node end = objectEnd(object);
     for (Node i = object + 1; i < end; i = afterIndex(i + 1)) {
       std::uint64_t bit = keyBit(keyWordAt(i));
       collisions |= filter & bit;
@@ -311,7 +310,7 @@ bool TapeBackend::findMember(Node object, std::string_view key, Node& value,
   std::uint64_t bit = keyBit(word);
   if (!(state.filter & bit)) return false;
   Node begin = object + 1;
-  Node end = afterIndex(object) - 1;
+  Node end = objectEnd(object);
   Node start = state.position;
   for (int pass = 0; pass < 2; ++pass) {
     Node from = pass == 0 ? start : begin;
