@@ -19,12 +19,6 @@ class Version;
 /// A commit refers back weakly to the version that adopted it; it has no identity of its own.
 class Commit {
  public:
-  struct CodingKeys {
-    static constexpr std::string_view author = "author";
-    static constexpr std::string_view message = "message";
-    static constexpr std::string_view color = "color";
-  };
-
   Commit(Passkey<Commit>, Ref<User> author, std::optional<std::string> message, Ref<Color> color)
       : author_(std::move(author)), message_(std::move(message)), color_(std::move(color)) {}
 
@@ -45,6 +39,12 @@ class Commit {
   void setVersion(const Ref<Version>& value) { version_ = value; }
 
  private:
+  struct CodingKeys {
+    static constexpr std::string_view author = "author";
+    static constexpr std::string_view message = "message";
+    static constexpr std::string_view color = "color";
+  };
+
   Ref<User> author_;
   std::optional<std::string> message_;
   Ref<Color> color_;

@@ -59,10 +59,6 @@ class Project : public std::enable_shared_from_this<Project> {
     static constexpr std::string_view thumbnailURL = "thumbnail";
     static constexpr std::string_view integration = "integration";
   };
-  /// The keys of the object under "icon".
-  struct IconCodingKeys {
-    static constexpr std::string_view kind = "type";
-  };
 
   struct CandidateTextStyle;
   struct Partial;
@@ -208,6 +204,11 @@ class Project : public std::enable_shared_from_this<Project> {
   }
 
  private:
+  /// The keys of the object under "icon".
+  struct IconCodingKeys {
+    static constexpr std::string_view kind = "type";
+  };
+
   void wire();
   void wireSections();
   void wireScreens();

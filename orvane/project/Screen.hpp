@@ -16,10 +16,6 @@ namespace orvane {
 /// is made only with its dots: the collection's own `make` is hidden here on purpose.
 class Screen : public VersionCollection {
  public:
-  struct ScreenCodingKeys {
-    static constexpr std::string_view dots = "dots";
-  };
-
   struct Partial;
 
   Screen(Passkey<Screen>, Fields fields, std::optional<std::vector<Ref<Dot>>> dots)
@@ -55,6 +51,10 @@ class Screen : public VersionCollection {
   }
 
  private:
+  struct ScreenCodingKeys {
+    static constexpr std::string_view dots = "dots";
+  };
+
   void wireDots();
 
   std::optional<std::vector<Ref<Dot>>> dots_;

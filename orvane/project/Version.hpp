@@ -22,15 +22,6 @@ class VersionCollection;
 /// component that holds it.
 class Version : public std::enable_shared_from_this<Version> {
  public:
-  struct CodingKeys {
-    static constexpr std::string_view identifier = "_id";
-    static constexpr std::string_view commit = "commit";
-    static constexpr std::string_view creator = "creator";
-    static constexpr std::string_view snapshot = "snapshot";
-    static constexpr std::string_view createDate = "created";
-    static constexpr std::string_view snapshotURL = "fullSnapshotUrl";
-  };
-
   Version(Passkey<Version>, Identifier identifier, Ref<Commit> commit, Ref<User> creator,
           Ref<Snapshot> snapshot, Date createDate, std::optional<Url> snapshotURL);
 
@@ -64,6 +55,15 @@ class Version : public std::enable_shared_from_this<Version> {
   void setCollection(const Ref<VersionCollection>& value) { collection_ = value; }
 
  private:
+  struct CodingKeys {
+    static constexpr std::string_view identifier = "_id";
+    static constexpr std::string_view commit = "commit";
+    static constexpr std::string_view creator = "creator";
+    static constexpr std::string_view snapshot = "snapshot";
+    static constexpr std::string_view createDate = "created";
+    static constexpr std::string_view snapshotURL = "fullSnapshotUrl";
+  };
+
   void wire();
 
   Identifier identifier_;
