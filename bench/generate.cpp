@@ -124,14 +124,7 @@ class Generator {
       id("color");
       w_.key("name");
       w_.string("Color " + std::to_string(i));
-      w_.key("r");
-      w_.number(rounded(between(0, 1)));
-      w_.key("g");
-      w_.number(rounded(between(0, 1)));
-      w_.key("b");
-      w_.number(rounded(between(0, 1)));
-      w_.key("a");
-      w_.number(1);
+      colorMembers();
       w_.endObject();
     }
     w_.endArray();
@@ -371,6 +364,11 @@ class Generator {
 
   void color() {
     w_.beginObject();
+    colorMembers();
+    w_.endObject();
+  }
+
+  void colorMembers() {
     w_.key("r");
     w_.number(rounded(between(0, 1)));
     w_.key("g");
@@ -379,7 +377,6 @@ class Generator {
     w_.number(rounded(between(0, 1)));
     w_.key("a");
     w_.number(chance(0.8) ? 1 : rounded(between(0, 1)));
-    w_.endObject();
   }
 
   void rect(double maxX, double maxY) {
