@@ -2,7 +2,7 @@
 // parser's own DOM parse and against two other JSON libraries' parse alone.
 //   bench [SIZE_MB ...]        default: 1 10 100
 //   bench --large SIZE_MB      one decode of a large document: time and peak memory
-//   bench --only decode|encode SIZE_MB COUNT
+//   bench --only decode|encode|project SIZE_MB COUNT
 //                              only that operation, COUNT times, for a profiler
 #include <malloc.h>
 #include <sys/resource.h>
@@ -210,10 +210,19 @@ void large(std::size_t megabytes) {
 
 // One operation repeated, so that a profiler sees little else.
 void only(const std::string& what, std::size_t megabytes, int count) {
-  std::string json = orvane::bench::generateSnapshots(megabytes * 1000 * 1000);
+  const std::size_t bytes = megabytes * 1000 * 1000;
+  std::string json = what == "project" ? orvane::bench::generateProject(bytes)
+                                       : orvane::bench::generateSnapshots(bytes);
   simdjson::padded_string padded(json);
   std::string_view view(padded.data(), padded.size());
   orvane::JsonDecoder decoder;
+  if (what == "project") {
+    for (int i = 0; i < count; ++i) {
+      auto project = decoder.decodePadded<orvane::Ref<orvane::Project>>(view);
+      benchmark::DoNotOptimize(project.get());
+    }
+    return;
+  }
   if (what == "decode") {
     for (int i = 0; i < count; ++i) {
       auto graph = decoder.decodePadded<Snapshots>(view);
