@@ -113,19 +113,9 @@ void ComponentSection::visitFields(FieldVisitor& v) const {
 }
 
 ComponentSection::Partial ComponentSection::Partial::decode(const Decoder& decoder) {
-  using K = CodingKeys;
-  auto c = decoder.container();
   Partial p;
-  p.identifier = c.decodeIfPresent<Identifier>(K::identifier);
-  p.name = c.decodeStringIfPresent(K::name);
-  p.description = c.decodeStringIfPresent(K::description);
+  p.read(decoder);
   return p;
-}
-
-void ComponentSection::Partial::visitFields(FieldVisitor& v) const {
-  v.field("identifier", identifier);
-  v.field("name", name);
-  v.field("description", description);
 }
 
 }  // namespace orvane

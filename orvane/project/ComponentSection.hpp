@@ -13,6 +13,7 @@
 #include <orvane/coding/Identifier.hpp>
 #include <orvane/coding/Ref.hpp>
 #include <orvane/project/Component.hpp>
+#include <orvane/project/Section.hpp>
 
 namespace orvane {
 
@@ -109,13 +110,8 @@ class ComponentSection : public std::enable_shared_from_this<ComponentSection> {
 };
 
 /// The decode-only subset of a component section; every member optional.
-struct ComponentSection::Partial {
-  std::optional<Identifier> identifier;
-  std::optional<std::string> name;
-  std::optional<std::string> description;
-
+struct ComponentSection::Partial : SectionPartial {
   static Partial decode(const Decoder& decoder);
-  void visitFields(FieldVisitor& v) const;
 };
 
 }  // namespace orvane

@@ -38,17 +38,22 @@ void Section::visitFields(FieldVisitor& v) const {
   v.field("project", project_);
 }
 
-Section::Partial Section::Partial::decode(const Decoder& decoder) {
-  using K = CodingKeys;
+// Both section kinds use the same three key strings.
+void SectionPartial::read(const Decoder& decoder) {
+  using K = Section::CodingKeys;
   auto c = decoder.container();
+  identifier = c.decodeIfPresent<Identifier>(K::identifier);
+  name = c.decodeStringIfPresent(K::name);
+  description = c.decodeStringIfPresent(K::description);
+}
+
+Section::Partial Section::Partial::decode(const Decoder& decoder) {
   Partial p;
-  p.identifier = c.decodeIfPresent<Identifier>(K::identifier);
-  p.name = c.decodeStringIfPresent(K::name);
-  p.description = c.decodeStringIfPresent(K::description);
+  p.read(decoder);
   return p;
 }
 
-void Section::Partial::visitFields(FieldVisitor& v) const {
+void SectionPartial::visitFields(FieldVisitor& v) const {
   v.field("identifier", identifier);
   v.field("name", name);
   v.field("description", description);

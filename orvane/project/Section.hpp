@@ -66,13 +66,21 @@ class Section {
 };
 
 /// The decode-only subset of a section; every member optional.
-struct Section::Partial {
+/// What the decode-only forms of a section and a component section hold: "_id", "name" and
+/// "description", each optional.
+struct SectionPartial {
   std::optional<Identifier> identifier;
   std::optional<std::string> name;
   std::optional<std::string> description;
 
-  static Partial decode(const Decoder& decoder);
   void visitFields(FieldVisitor& v) const;
+
+ protected:
+  void read(const Decoder& decoder);
+};
+
+struct Section::Partial : SectionPartial {
+  static Partial decode(const Decoder& decoder);
 };
 
 }  // namespace orvane
