@@ -36,6 +36,9 @@ class TapeBackend final : public DecoderBackend {
 
   bool findMember(Node object, std::string_view key, Node& value,
                   LookupState& state) const noexcept override;
+  /// The lookup when the member at the cursor is not the key (or keys repeat).
+  [[gnu::noinline]] bool search(Node object, std::string_view key, Node& value,
+                                LookupState& state) const noexcept;
 
   std::size_t arrayCount(Node array) const noexcept override {
     std::size_t count = (tape_[array] >> 32) & simdjson::internal::JSON_COUNT_MASK;
@@ -229,14 +232,16 @@ class TapeBackend final : public DecoderBackend {
     return result == URI_SUCCESS;
   }
 
-  // Lookups keep a filter of the keys an object holds (one bit per key hash) so that absent
-  // keys, which records ask for often, are usually refused without a scan. A second mask marks
-  // the bits that more than one key hashed to: only a key found under such a bit can have a
-  // later duplicate, which then wins. A built filter has a nonzero position.
+  // Records read their keys in the order documents usually hold them, so a lookup first tries
+  // the member at the cursor, where the previous lookup ended, with one comparison. Otherwise a
+  // filter of the keys the object holds (one bit per key hash) refuses most absent keys, which
+  // records ask for often, without a scan. Both are set up at an object's first lookup, in one
+  // pass that also finds out whether any key repeats: only then can a later duplicate, which
+  // wins, hide behind a key found, and only then do lookups look further.
   //
-  // Keys are compared by a word holding their length and first four bytes, which one load
-  // reads from the string buffer (a length prefix, then the bytes); only longer keys need a
-  // comparison of the rest. The buffer always has room for that load past a short key.
+  // Keys are hashed by a word holding their length and first four bytes, which one load reads
+  // from the string buffer (a length prefix, then the bytes). The buffer always has room for
+  // that load, and for the word-wise comparisons below, past a short key.
   static std::uint64_t keyWord(std::string_view key) noexcept {
     unsigned char bytes[8] = {};
     auto length = static_cast<std::uint32_t>(key.size());
@@ -264,8 +269,11 @@ class TapeBackend final : public DecoderBackend {
     return masks[std::min<std::uint32_t>(length, 4)];
   }
 
-  std::uint64_t keyWordAt(Node n) const noexcept {
-    const std::uint8_t* p = strings_ + (tape_[n] & simdjson::internal::JSON_VALUE_MASK);
+  const std::uint8_t* keyAt(Node n) const noexcept {
+    return strings_ + (tape_[n] & simdjson::internal::JSON_VALUE_MASK);
+  }
+
+  static std::uint64_t keyWordAt(const std::uint8_t* p) noexcept {
     std::uint64_t word;
     std::memcpy(&word, p, 8);
     std::uint32_t length;
@@ -273,28 +281,66 @@ class TapeBackend final : public DecoderBackend {
     return word & headMask(length);
   }
 
-  // Whether the key at `n`, whose word equals `key`'s, is `key`.
-  bool restEquals(Node n, std::string_view key) const noexcept {
-    if (key.size() <= 4) return true;
-    const std::uint8_t* p = strings_ + (tape_[n] & simdjson::internal::JSON_VALUE_MASK);
-    return std::memcmp(p + 8, key.data() + 4, key.size() - 4) == 0;
+  template <class T>
+  static T load(const void* p) noexcept {
+    T v;
+    std::memcpy(&v, p, sizeof v);
+    return v;
+  }
+
+  // Whether the stored key at `p` (length prefix, then bytes) is `key`. Only `p` may be read
+  // past its end; `key` is read within its bounds, in overlapping words.
+  static bool keyEquals(const std::uint8_t* p, std::string_view key) noexcept {
+    if (load<std::uint32_t>(p) != key.size()) return false;
+    const std::uint8_t* a = p + 4;
+    const char* b = key.data();
+    std::size_t n = key.size();
+    if (n >= 8) {
+      for (std::size_t i = 0; i + 8 < n; i += 8) {
+        if (load<std::uint64_t>(a + i) != load<std::uint64_t>(b + i)) return false;
+      }
+      return load<std::uint64_t>(a + n - 8) == load<std::uint64_t>(b + n - 8);
+    }
+    if (n >= 4) {
+      return load<std::uint32_t>(a) == load<std::uint32_t>(b) &&
+             load<std::uint32_t>(a + n - 4) == load<std::uint32_t>(b + n - 4);
+    }
+    for (std::size_t i = 0; i < n; ++i) {
+      if (a[i] != static_cast<unsigned char>(b[i])) return false;
+    }
+    return true;
+  }
+
+  static bool sameKey(const std::uint8_t* p, const std::uint8_t* q) noexcept {
+    auto length = load<std::uint32_t>(p);
+    return length == load<std::uint32_t>(q) && std::memcmp(p + 4, q + 4, length) == 0;
   }
 
   static std::uint64_t keyBit(std::uint64_t word) noexcept {
     return 1ull << ((word * 0x9E3779B97F4A7C15ull) >> 58);
   }
 
-  void buildFilter(Node object, LookupState& state) const noexcept {
-    std::uint64_t filter = 0, collisions = 0;
-    Node end = objectEnd(object);
-    for (Node i = object + 1; i < end; i = afterIndex(i + 1)) {
-      std::uint64_t bit = keyBit(keyWordAt(i));
-      collisions |= filter & bit;
+  // The filter, and in `collisions` the bits of keys that really repeat (none nearly always).
+  [[gnu::noinline]] void prepare(Node object, LookupState& state) const noexcept {
+    std::uint64_t filter = 0, repeated = 0;
+    Node begin = object + 1, end = objectEnd(object);
+    for (Node i = begin; i < end; i = afterIndex(i + 1)) {
+      const std::uint8_t* key = keyAt(i);
+      std::uint64_t bit = keyBit(keyWordAt(key));
+      if ((filter & bit) && !(repeated & bit) && repeats(begin, i, key)) repeated |= bit;
       filter |= bit;
     }
     state.filter = filter;
-    state.collisions = collisions;
-    state.position = object + 1;
+    state.collisions = repeated;
+    state.position = begin;
+  }
+
+  // Whether the key at `key` is also one of the keys in [from, to).
+  [[gnu::noinline]] bool repeats(Node from, Node to, const std::uint8_t* key) const noexcept {
+    for (Node j = from; j < to; j = afterIndex(j + 1)) {
+      if (sameKey(keyAt(j), key)) return true;
+    }
+    return false;
   }
 
   const std::uint64_t* tape_;
@@ -304,10 +350,22 @@ class TapeBackend final : public DecoderBackend {
 
 bool TapeBackend::findMember(Node object, std::string_view key, Node& value,
                              LookupState& state) const noexcept {
+  if (state.position == 0) prepare(object, state);
+  Node start = state.position;
+  Node end = objectEnd(object);
+  if (start < end && state.collisions == 0 && keyEquals(keyAt(start), key)) {
+    value = start + 1;
+    Node next = afterIndex(start + 1);
+    state.position = next < end ? next : object + 1;
+    return true;
+  }
+  return search(object, key, value, state);
+}
+
+bool TapeBackend::search(Node object, std::string_view key, Node& value,
+                         LookupState& state) const noexcept {
   if (key.size() > UINT32_MAX) return false;  // longer than any string the parser stores
-  if (state.position == 0) buildFilter(object, state);
-  std::uint64_t word = keyWord(key);
-  std::uint64_t bit = keyBit(word);
+  std::uint64_t bit = keyBit(keyWord(key));
   if (!(state.filter & bit)) return false;
   Node begin = object + 1;
   Node end = objectEnd(object);
@@ -316,16 +374,15 @@ bool TapeBackend::findMember(Node object, std::string_view key, Node& value,
     Node from = pass == 0 ? start : begin;
     Node to = pass == 0 ? end : start;
     for (Node i = from; i < to; i = afterIndex(i + 1)) {
-      if (keyWordAt(i) != word || !restEquals(i, key)) continue;
+      if (!keyEquals(keyAt(i), key)) continue;
       Node found = i + 1;
-      Node next = afterIndex(found);
       if (state.collisions & bit) {
         // The key may repeat further on; the last one counts.
-        for (Node j = next; j < end; j = afterIndex(j + 1)) {
-          if (keyWordAt(j) == word && restEquals(j, key)) found = j + 1;
+        for (Node j = afterIndex(found); j < end; j = afterIndex(j + 1)) {
+          if (keyEquals(keyAt(j), key)) found = j + 1;
         }
-        next = afterIndex(found);
       }
+      Node next = afterIndex(found);
       value = found;
       state.position = next < end ? next : begin;
       return true;

@@ -163,6 +163,52 @@ TEST(JsonDocuments, TheLastDuplicateMemberCounts) {
   EXPECT_EQ(p.tone, fixtures::Tone::dark);
 }
 
+// Reads the integers under `keys`, in that order; an absent key reads as -1.
+struct KeyReader {
+  static inline std::vector<std::string> keys;
+  std::vector<std::int64_t> values;
+  static KeyReader decode(const Decoder& d) {
+    auto c = d.container();
+    KeyReader r;
+    for (const auto& key : keys) r.values.push_back(c.decodeIfPresent<std::int64_t>(key).value_or(-1));
+    return r;
+  }
+};
+
+TEST(JsonDocuments, KeysMatchOnEveryByte) {
+  // Keys of each length around the word sizes the lookup compares in, against a neighbour that
+  // differs in one byte (first, middle, last), read in document order and in reverse.
+  for (std::size_t length : {1, 2, 3, 4, 5, 7, 8, 9, 12, 15, 16, 17, 24, 40}) {
+    for (std::size_t at : {std::size_t{0}, length / 2, length - 1}) {
+      std::string key(length, 'k');
+      for (std::size_t i = 0; i < length; ++i) key[i] = static_cast<char>('a' + i % 26);
+      std::string neighbour = key;
+      neighbour[at] = '_';
+      std::string longer = key + "x";
+      std::string json = "{\"" + neighbour + "\":1,\"" + key + "\":2,\"" + longer + "\":3}";
+      KeyReader::keys = {neighbour, key, longer, key.substr(0, length - 1)};
+      EXPECT_EQ(decode<KeyReader>(json).values, (std::vector<std::int64_t>{1, 2, 3, -1}))
+          << json;
+      KeyReader::keys = {longer, key, neighbour};
+      EXPECT_EQ(decode<KeyReader>(json).values, (std::vector<std::int64_t>{3, 2, 1})) << json;
+    }
+  }
+}
+
+TEST(JsonDocuments, ADuplicateWinsAlsoWhereTheFirstIsReadInOrder) {
+  KeyReader::keys = {"alpha", "beta"};
+  EXPECT_EQ(decode<KeyReader>(R"({"alpha":1,"beta":2,"alpha":3})").values,
+            (std::vector<std::int64_t>{3, 2}));
+  EXPECT_EQ(decode<KeyReader>(R"({"alpha":1,"beta":2,"beta":4,"alpha":3})").values,
+            (std::vector<std::int64_t>{3, 4}));
+  // Many keys, so that their filter bits collide, with one repeat at the end.
+  std::string json = "{";
+  for (int i = 0; i < 100; ++i) json += "\"k" + std::to_string(i) + "\":" + std::to_string(i) + ",";
+  json += "\"k7\":700}";
+  KeyReader::keys = {"k0", "k7", "k8", "k99"};
+  EXPECT_EQ(decode<KeyReader>(json).values, (std::vector<std::int64_t>{0, 700, 8, 99}));
+}
+
 TEST(JsonDocuments, MembersCanBeReadInAnyOrder) {
   auto p = decode<fixtures::Probe>(R"({"tone":"dark","count":4,"weight":2,"name":"x"})");
   EXPECT_EQ(p.name, "x");
