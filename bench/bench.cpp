@@ -22,6 +22,7 @@
 #include <simdjson.h>
 #include <nlohmann/json.hpp>
 
+#include <orvane/coding/RecordArena.hpp>
 #include <orvane/json/JsonDecoder.hpp>
 #include <orvane/json/JsonEncoder.hpp>
 #include <orvane/project/Project.hpp>
@@ -30,9 +31,10 @@
 #include "generate.hpp"
 
 // Bytes in use on the heap, from the allocator's own statistics (one thread, one arena), so
-// that timing runs pay nothing for the counting.
+// that timing runs pay nothing for the counting, and the records packed into record chunks.
 static long long heapInUse() {
-  return static_cast<long long>(mallinfo2().uordblks);
+  return static_cast<long long>(mallinfo2().uordblks + mallinfo2().hblkhd +
+                                orvane::recordArenaStatistics().recordBytes);
 }
 
 namespace {

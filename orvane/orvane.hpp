@@ -13,6 +13,7 @@
 #include <orvane/coding/Identifier.hpp>
 #include <orvane/coding/ProjectColor.hpp>
 #include <orvane/coding/RawEnum.hpp>
+#include <orvane/coding/RecordArena.hpp>
 #include <orvane/coding/Ref.hpp>
 #include <orvane/coding/SingleValueCodable.hpp>
 #include <orvane/coding/UserInfo.hpp>

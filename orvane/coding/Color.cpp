@@ -3,7 +3,7 @@
 namespace orvane {
 
 Ref<Color> Color::make(double red, double green, double blue, double alpha) {
-  return std::make_shared<Color>(Passkey<Color>{}, red, green, blue, alpha);
+  return makeRef<Color>(Passkey<Color>{}, red, green, blue, alpha);
 }
 
 void Color::decodeComponents(const Decoder& decoder) {
@@ -16,7 +16,7 @@ void Color::decodeComponents(const Decoder& decoder) {
 }
 
 Ref<Color> Color::decode(const Decoder& decoder) {
-  auto color = std::make_shared<Color>(Passkey<Color>{}, 0, 0, 0, 0);
+  auto color = makeRef<Color>(Passkey<Color>{}, 0, 0, 0, 0);
   color->decodeComponents(decoder);
   return color;
 }

@@ -4,7 +4,7 @@ namespace orvane {
 
 Ref<ProjectColor> ProjectColor::make(std::string name, double red, double green, double blue,
                                      double alpha, Identifier identifier) {
-  return std::make_shared<ProjectColor>(Passkey<ProjectColor>{}, std::move(identifier),
+  return makeRef<ProjectColor>(Passkey<ProjectColor>{}, std::move(identifier),
                                         std::move(name), red, green, blue, alpha);
 }
 
@@ -13,7 +13,7 @@ Ref<ProjectColor> ProjectColor::decode(const Decoder& decoder) {
   auto c = decoder.container();
   auto identifier = c.decode<Identifier>(K::identifier);
   auto name = c.decodeString(K::name);
-  auto color = std::make_shared<ProjectColor>(Passkey<ProjectColor>{}, std::move(identifier),
+  auto color = makeRef<ProjectColor>(Passkey<ProjectColor>{}, std::move(identifier),
                                               std::move(name), 0, 0, 0, 0);
   color->decodeComponents(decoder);
   return color;

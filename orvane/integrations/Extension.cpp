@@ -10,7 +10,7 @@ namespace orvane {
 
 Ref<Extension> Extension::make(std::string name, std::optional<std::string> description,
                                Url manifestURL, bool isDefault, Identifier identifier) {
-  return std::make_shared<Extension>(Passkey<Extension>{}, std::move(identifier), std::move(name),
+  return makeRef<Extension>(Passkey<Extension>{}, std::move(identifier), std::move(name),
                                      std::move(description), std::move(manifestURL), isDefault);
 }
 
@@ -49,7 +49,7 @@ void Extension::visitFields(FieldVisitor& v) const {
 Ref<Extension::Author> Extension::Author::make(std::optional<std::string> name,
                                                std::optional<std::string> email,
                                                std::optional<Url> url) {
-  return std::make_shared<Author>(Passkey<Author>{}, std::move(name), std::move(email),
+  return makeRef<Author>(Passkey<Author>{}, std::move(name), std::move(email),
                                   std::move(url));
 }
 
@@ -84,7 +84,7 @@ Ref<Extension::Manifest> Extension::Manifest::make(std::string name,
                                                    std::optional<Url> repositoryURL,
                                                    std::optional<std::vector<Ref<Option>>> options,
                                                    Url moduleURL) {
-  return std::make_shared<Manifest>(Passkey<Manifest>{}, std::move(name), std::move(description),
+  return makeRef<Manifest>(Passkey<Manifest>{}, std::move(name), std::move(description),
                                     std::move(version), std::move(author), std::move(repositoryURL),
                                     std::move(options), std::move(moduleURL));
 }
@@ -149,7 +149,7 @@ void Extension::Option::Kind::visitFields(FieldVisitor& v) const {
 
 Ref<Extension::Option> Extension::Option::make(std::string identifier, std::string name,
                                                std::optional<Kind> kind) {
-  return std::make_shared<Option>(Passkey<Option>{}, std::move(identifier), std::move(name),
+  return makeRef<Option>(Passkey<Option>{}, std::move(identifier), std::move(name),
                                   std::move(kind));
 }
 

@@ -3,7 +3,7 @@
 namespace orvane {
 
 Ref<Integration> Integration::make(std::optional<std::vector<Ref<Slack>>> slacks) {
-  return std::make_shared<Integration>(Passkey<Integration>{}, std::move(slacks));
+  return makeRef<Integration>(Passkey<Integration>{}, std::move(slacks));
 }
 
 Ref<Integration> Integration::decode(const Decoder& decoder) {
@@ -23,7 +23,7 @@ void Integration::visitFields(FieldVisitor& v) const {
 Ref<Integration::Slack> Integration::Slack::make(std::string identifier, std::string channel,
                                                  Url configurationURL,
                                                  std::optional<std::string> scope) {
-  return std::make_shared<Slack>(Passkey<Slack>{}, std::move(identifier), std::move(channel),
+  return makeRef<Slack>(Passkey<Slack>{}, std::move(identifier), std::move(channel),
                                  std::move(configurationURL), std::move(scope));
 }
 
@@ -69,7 +69,7 @@ void Integration::Emoji::Kind::visitFields(FieldVisitor& v) const {
 }
 
 Ref<Integration::Emoji> Integration::Emoji::make(std::string alias, Kind kind) {
-  return std::make_shared<Emoji>(Passkey<Emoji>{}, std::move(alias), std::move(kind));
+  return makeRef<Emoji>(Passkey<Emoji>{}, std::move(alias), std::move(kind));
 }
 
 void Integration::Emoji::visitFields(FieldVisitor& v) const {

@@ -12,6 +12,7 @@
 #include <simdjson.h>
 #include <uriparser/Uri.h>
 
+#include <orvane/coding/RecordArena.hpp>
 #include <orvane/json/JsonWriter.hpp>
 #include "DateText.hpp"
 
@@ -425,6 +426,7 @@ void JsonDecoder::run(std::string_view json, bool padded, void (*fn)(const Decod
                         "The given data was not valid JSON.", std::nullopt,
                         std::make_exception_ptr(ParseError(simdjson::error_message(error))));
   }
+  RecordArenaScope arena(options_.packRecords);
   TapeBackend backend(p.parser.doc, options_.dates);
   DecodingContext context{&backend, &options_.userInfo, isFromImportSource(options_.userInfo)};
   Decoder root(context, backend.root(), nullptr);

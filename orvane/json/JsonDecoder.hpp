@@ -18,6 +18,10 @@ struct JsonDecoderOptions {
   UserInfo userInfo;
   /// Documents nested deeper than this many arrays and objects are refused as invalid.
   std::size_t maxDepth = 512;
+  /// Packs the decoded records into large chunks (see `RecordArenaScope`): faster, and smaller,
+  /// but a record kept from a released graph keeps its chunk. Turn it off to decode records
+  /// that will be kept long after the rest of their graph is gone.
+  bool packRecords = true;
 };
 
 /// Parses a document and decodes a value of the requested type from it. Invalid JSON, invalid

@@ -33,7 +33,7 @@ Ref<Organization> Organization::make(std::optional<Status> status, std::string n
                                      std::optional<std::string> planIdentifier,
                                      std::optional<SubscriptionStatus> subscriptionStatus,
                                      Identifier identifier) {
-  return std::make_shared<Organization>(Passkey<Organization>{}, std::move(identifier), status,
+  return makeRef<Organization>(Passkey<Organization>{}, std::move(identifier), status,
                                         std::move(name), std::move(logoURL), transitionTimeInterval,
                                         std::move(planIdentifier), subscriptionStatus);
 }
@@ -48,7 +48,7 @@ Ref<Organization> Organization::decode(const Decoder& decoder) {
   auto interval = secondsFromMilliseconds(c.decodeDoubleIfPresent(K::transitionTimeInterval));
   auto planIdentifier = c.decodeStringIfPresent(K::planIdentifier);
   auto subscriptionStatus = c.decodeTolerant<SubscriptionStatus>(K::subscriptionStatus);
-  return std::make_shared<Organization>(Passkey<Organization>{}, std::move(identifier), status,
+  return makeRef<Organization>(Passkey<Organization>{}, std::move(identifier), status,
                                         std::move(name), std::move(logoURL), interval,
                                         std::move(planIdentifier), subscriptionStatus);
 }

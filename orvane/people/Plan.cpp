@@ -20,7 +20,7 @@ Ref<Plan> Plan::make(std::string identifier, std::string name, std::optional<Sta
                      std::optional<Period> period, double price, bool isMultiple,
                      std::int64_t maxProjectCount, std::int64_t maxVersionCount,
                      std::int64_t maxComponentCount) {
-  return std::make_shared<Plan>(Passkey<Plan>{}, std::move(identifier), std::move(name), status,
+  return makeRef<Plan>(Passkey<Plan>{}, std::move(identifier), std::move(name), status,
                                 period, price, isMultiple, maxProjectCount, maxVersionCount,
                                 maxComponentCount);
 }

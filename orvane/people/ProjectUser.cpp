@@ -6,7 +6,7 @@ namespace orvane {
 
 Ref<ProjectUser> ProjectUser::make(Ref<User> user, std::optional<Role> role,
                                    std::optional<std::vector<std::string>> tags) {
-  return std::make_shared<ProjectUser>(Passkey<ProjectUser>{}, std::move(user), role,
+  return makeRef<ProjectUser>(Passkey<ProjectUser>{}, std::move(user), role,
                                        std::move(tags));
 }
 

@@ -93,7 +93,7 @@ Ref<User> User::make(std::string email, std::optional<std::string> username,
                      std::optional<std::string> planIdentifier,
                      std::optional<Date> notificationLastReadDate,
                      std::optional<SubscriptionStatus> subscriptionStatus, Identifier identifier) {
-  return std::make_shared<User>(Passkey<User>{}, std::move(identifier), std::move(email),
+  return makeRef<User>(Passkey<User>{}, std::move(identifier), std::move(email),
                                 std::move(username), emotar, std::move(avatarURL), std::move(token),
                                 status, std::move(planIdentifier), notificationLastReadDate,
                                 subscriptionStatus);
@@ -112,7 +112,7 @@ Ref<User> User::decode(const Decoder& decoder) {
   auto planIdentifier = c.decodeStringIfPresent(K::planIdentifier);
   auto notificationLastReadDate = c.decodeDateIfPresent(K::notificationLastReadDate);
   auto subscriptionStatus = c.decodeTolerant<SubscriptionStatus>(K::subscriptionStatus);
-  return std::make_shared<User>(Passkey<User>{}, std::move(identifier), std::move(email),
+  return makeRef<User>(Passkey<User>{}, std::move(identifier), std::move(email),
                                 std::move(username), emotar, std::move(avatarURL), std::move(token),
                                 status, std::move(planIdentifier), notificationLastReadDate,
                                 subscriptionStatus);

@@ -6,7 +6,7 @@ namespace orvane {
 
 Ref<Comment> Comment::make(std::string note, Ref<User> author, Date updateDate,
                            Identifier identifier, Date createDate) {
-  return std::make_shared<Comment>(Passkey<Comment>{}, std::move(identifier), std::move(note),
+  return makeRef<Comment>(Passkey<Comment>{}, std::move(identifier), std::move(note),
                                    std::move(author), createDate, updateDate);
 }
 
@@ -18,7 +18,7 @@ Ref<Comment> Comment::decode(const Decoder& decoder) {
   auto author = c.decodeIfPresent<Ref<User>>(K::author);
   auto createDate = c.decodeDate(K::createDate);
   auto updateDate = c.decodeDate(K::updateDate);
-  return std::make_shared<Comment>(Passkey<Comment>{}, std::move(identifier), std::move(note),
+  return makeRef<Comment>(Passkey<Comment>{}, std::move(identifier), std::move(note),
                                    std::move(author), createDate, updateDate);
 }
 

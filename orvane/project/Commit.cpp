@@ -5,7 +5,7 @@
 namespace orvane {
 
 Ref<Commit> Commit::make(Ref<User> author, std::optional<std::string> message, Ref<Color> color) {
-  return std::make_shared<Commit>(Passkey<Commit>{}, std::move(author), std::move(message),
+  return makeRef<Commit>(Passkey<Commit>{}, std::move(author), std::move(message),
                                   std::move(color));
 }
 
@@ -15,7 +15,7 @@ Ref<Commit> Commit::decode(const Decoder& decoder) {
   auto author = c.decodeIfPresent<Ref<User>>(K::author);
   auto message = c.decodeStringIfPresent(K::message);
   auto color = c.decodeIfPresent<Ref<Color>>(K::color);
-  return std::make_shared<Commit>(Passkey<Commit>{}, std::move(author), std::move(message),
+  return makeRef<Commit>(Passkey<Commit>{}, std::move(author), std::move(message),
                                   std::move(color));
 }
 

@@ -15,7 +15,7 @@ Ref<Component> Component::make(Identifier identifier, std::string name, std::str
                                std::optional<Identifier> sourceIdentifier,
                                std::optional<std::vector<std::string>> tags,
                                std::optional<std::vector<Ref<Version>>> versions) {
-  auto component = std::make_shared<Component>(
+  auto component = makeRef<Component>(
       Passkey<Component>{}, Fields{std::move(identifier), std::move(name), std::move(description),
                                    std::move(latestVersion), std::move(sourceIdentifier),
                                    std::move(tags), std::move(versions)});
@@ -24,7 +24,7 @@ Ref<Component> Component::make(Identifier identifier, std::string name, std::str
 }
 
 Ref<Component> Component::decode(const Decoder& decoder) {
-  auto component = std::make_shared<Component>(Passkey<Component>{}, decodeFields(decoder));
+  auto component = makeRef<Component>(Passkey<Component>{}, decodeFields(decoder));
   component->wireVersions();
   return component;
 }

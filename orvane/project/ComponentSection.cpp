@@ -8,7 +8,7 @@ Ref<ComponentSection> ComponentSection::make(
     std::string name, std::optional<std::string> description,
     std::optional<std::vector<Ref<ComponentSection>>> sections,
     std::optional<std::vector<Ref<Component>>> components, Identifier identifier) {
-  auto section = std::make_shared<ComponentSection>(
+  auto section = makeRef<ComponentSection>(
       Passkey<ComponentSection>{}, std::move(identifier), std::move(name), std::move(description),
       std::move(sections), std::move(components));
   section->wireSections(false);
@@ -24,7 +24,7 @@ Ref<ComponentSection> ComponentSection::decode(const Decoder& decoder) {
   auto description = c.decodeStringIfPresent(K::description);
   auto sections = c.decodeIfPresent<std::vector<Ref<ComponentSection>>>(K::sections);
   auto components = c.decodeIfPresent<std::vector<Ref<Component>>>(K::components);
-  auto section = std::make_shared<ComponentSection>(
+  auto section = makeRef<ComponentSection>(
       Passkey<ComponentSection>{}, std::move(identifier), std::move(name), std::move(description),
       std::move(sections), std::move(components));
   section->wireSections(false);

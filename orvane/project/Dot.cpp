@@ -19,7 +19,7 @@ Dot::Dot(Passkey<Dot>, Identifier identifier, std::optional<Status> status, std:
 Ref<Dot> Dot::make(std::optional<Status> status, std::string name, Ref<User> creator, double x,
                    double y, Ref<Color> color, std::vector<Ref<Comment>> comments,
                    Identifier identifier) {
-  auto dot = std::make_shared<Dot>(Passkey<Dot>{}, std::move(identifier), status, std::move(name),
+  auto dot = makeRef<Dot>(Passkey<Dot>{}, std::move(identifier), status, std::move(name),
                                    std::move(creator), x, y, std::move(color), std::move(comments));
   dot->wireComments();
   return dot;
@@ -36,7 +36,7 @@ Ref<Dot> Dot::decode(const Decoder& decoder) {
   auto y = c.decodeDouble(K::y);
   auto color = c.decode<Ref<Color>>(K::color);
   auto comments = c.decode<std::vector<Ref<Comment>>>(K::comments);
-  auto dot = std::make_shared<Dot>(Passkey<Dot>{}, std::move(identifier), status, std::move(name),
+  auto dot = makeRef<Dot>(Passkey<Dot>{}, std::move(identifier), status, std::move(name),
                                    std::move(creator), x, y, std::move(color), std::move(comments));
   dot->wireComments();
   return dot;

@@ -28,7 +28,7 @@ Ref<Project> Project::make(std::optional<Status> status, std::string name,
                            std::vector<Ref<ProjectUser>> users, std::optional<Url> thumbnailURL,
                            Ref<Integration> integration, Identifier identifier,
                            std::string description, Date createDate) {
-  auto project = std::make_shared<Project>(
+  auto project = makeRef<Project>(
       Passkey<Project>{},
       Header{std::move(identifier), status, std::move(name), std::move(description), icon,
              createDate, updateDate, kind, density, isPublic, std::move(thumbnailURL)});
@@ -84,7 +84,7 @@ Ref<Project> Project::decode(const Decoder& decoder) {
   h.thumbnailURL = c.decodeUrlIfPresent(K::thumbnailURL);
   auto integration = c.decodeIfPresent<Ref<Integration>>(K::integration);
 
-  auto project = std::make_shared<Project>(Passkey<Project>{}, std::move(h));
+  auto project = makeRef<Project>(Passkey<Project>{}, std::move(h));
   project->sections_ = std::move(sections);
   if (screens) project->screensByIdentifier_ = fileScreens(std::move(*screens));
   project->colors_ = std::move(colors);

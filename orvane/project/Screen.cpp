@@ -10,7 +10,7 @@ Ref<Screen> Screen::make(std::string name, Ref<Version> latestVersion,
                          std::optional<std::vector<Ref<Version>>> versions,
                          std::optional<std::vector<Ref<Dot>>> dots, Identifier identifier,
                          std::string description) {
-  auto screen = std::make_shared<Screen>(
+  auto screen = makeRef<Screen>(
       Passkey<Screen>{},
       Fields{std::move(identifier), std::move(name), std::move(description),
              std::move(latestVersion), std::move(sourceIdentifier), std::move(tags),
@@ -26,7 +26,7 @@ Ref<Screen> Screen::decode(const Decoder& decoder) {
   auto own = decoder.container();
   auto fields = decodeFields(decoder);
   auto dots = own.decodeIfPresent<std::vector<Ref<Dot>>>(ScreenCodingKeys::dots);
-  auto screen = std::make_shared<Screen>(Passkey<Screen>{}, std::move(fields), std::move(dots));
+  auto screen = makeRef<Screen>(Passkey<Screen>{}, std::move(fields), std::move(dots));
   screen->wireVersions();
   screen->wireDots();
   return screen;

@@ -6,7 +6,7 @@ namespace orvane {
 
 Ref<Section> Section::make(std::string name, std::optional<std::string> description,
                            std::vector<Identifier> screenIdentifiers, Identifier identifier) {
-  return std::make_shared<Section>(Passkey<Section>{}, std::move(identifier), std::move(name),
+  return makeRef<Section>(Passkey<Section>{}, std::move(identifier), std::move(name),
                                    std::move(description), std::move(screenIdentifiers));
 }
 
@@ -17,7 +17,7 @@ Ref<Section> Section::decode(const Decoder& decoder) {
   auto name = c.decodeString(K::name);
   auto description = c.decodeStringIfPresent(K::description);
   auto screenIdentifiers = c.decode<std::vector<Identifier>>(K::screenIdentifiers);
-  return std::make_shared<Section>(Passkey<Section>{}, std::move(identifier), std::move(name),
+  return makeRef<Section>(Passkey<Section>{}, std::move(identifier), std::move(name),
                                    std::move(description), std::move(screenIdentifiers));
 }
 

@@ -15,7 +15,7 @@ Version::Version(Passkey<Version>, Identifier identifier, Ref<Commit> commit, Re
 
 Ref<Version> Version::make(Ref<Commit> commit, Ref<User> creator, Ref<Snapshot> snapshot,
                            std::optional<Url> snapshotURL, Identifier identifier, Date createDate) {
-  auto version = std::make_shared<Version>(Passkey<Version>{}, std::move(identifier),
+  auto version = makeRef<Version>(Passkey<Version>{}, std::move(identifier),
                                            std::move(commit), std::move(creator),
                                            std::move(snapshot), createDate, std::move(snapshotURL));
   version->wire();
@@ -33,7 +33,7 @@ Ref<Version> Version::decode(const Decoder& decoder) {
   auto snapshot = c.decode<Ref<Snapshot>>(K::snapshot);
   auto createDate = c.decodeDateIfPresent(K::createDate);
   auto snapshotURL = c.decodeUrlIfPresent(K::snapshotURL);
-  auto version = std::make_shared<Version>(
+  auto version = makeRef<Version>(
       Passkey<Version>{}, std::move(identifier), std::move(commit), std::move(creator),
       std::move(snapshot), createDate ? *createDate : now(), std::move(snapshotURL));
   version->wire();

@@ -24,7 +24,7 @@ Ref<VersionCollection> VersionCollection::make(std::string name, Ref<Version> la
                                                std::optional<std::vector<std::string>> tags,
                                                std::optional<std::vector<Ref<Version>>> versions,
                                                Identifier identifier, std::string description) {
-  auto collection = std::make_shared<VersionCollection>(
+  auto collection = makeRef<VersionCollection>(
       Passkey<VersionCollection>{},
       Fields{std::move(identifier), std::move(name), std::move(description),
              std::move(latestVersion), std::move(sourceIdentifier), std::move(tags),
@@ -35,7 +35,7 @@ Ref<VersionCollection> VersionCollection::make(std::string name, Ref<Version> la
 
 Ref<VersionCollection> VersionCollection::decode(const Decoder& decoder) {
   auto collection =
-      std::make_shared<VersionCollection>(Passkey<VersionCollection>{}, decodeFields(decoder));
+      makeRef<VersionCollection>(Passkey<VersionCollection>{}, decodeFields(decoder));
   collection->wireVersions();
   return collection;
 }

@@ -4,7 +4,7 @@ namespace orvane {
 
 Ref<Asset::Content> Asset::Content::make(std::optional<Url> url, std::optional<Density> density,
                                          std::optional<Format> format) {
-  return std::make_shared<Content>(Passkey<Content>{}, std::move(url), density, format);
+  return makeRef<Content>(Passkey<Content>{}, std::move(url), density, format);
 }
 
 Ref<Asset::Content> Asset::Content::decode(const Decoder& decoder) {

@@ -7,7 +7,7 @@ namespace orvane {
 Ref<Asset> Asset::make(std::string displayName, std::string layerName, bool isBitmap,
                        std::vector<Ref<Content>> contents, Identifier identifier,
                        std::optional<Identifier> layerIdentifier) {
-  auto asset = std::make_shared<Asset>(Passkey<Asset>{}, std::move(identifier),
+  auto asset = makeRef<Asset>(Passkey<Asset>{}, std::move(identifier),
                                        std::move(displayName), std::move(layerName),
                                        std::move(layerIdentifier), isBitmap, std::move(contents));
   asset->wireContents();
@@ -32,7 +32,7 @@ Ref<Asset> Asset::decode(const Decoder& decoder) {
   auto layerName = c.decodeString(K::layerName);
   auto layerIdentifier = c.decodeIfPresent<Identifier>(K::layerIdentifier);
   auto isBitmap = c.decodeBoolIfPresent(K::isBitmap).value_or(false);
-  auto asset = std::make_shared<Asset>(Passkey<Asset>{}, std::move(identifier),
+  auto asset = makeRef<Asset>(Passkey<Asset>{}, std::move(identifier),
                                        std::move(displayName), std::move(layerName),
                                        std::move(layerIdentifier), isBitmap, std::move(contents));
   asset->wireContents();

@@ -8,7 +8,7 @@ void Destination::Kind::visitFields(FieldVisitor& v) const {
 }
 
 Ref<Destination> Destination::make(std::optional<Kind> kind) {
-  return std::make_shared<Destination>(Passkey<Destination>{}, std::move(kind));
+  return makeRef<Destination>(Passkey<Destination>{}, std::move(kind));
 }
 
 Ref<Destination> Destination::decode(const Decoder& decoder) {

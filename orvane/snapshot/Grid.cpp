@@ -6,7 +6,7 @@ namespace orvane {
 
 Ref<Grid::Vertical> Grid::Vertical::make(double columnWidth, std::int64_t columnCount,
                                          double gutterWidth, bool hasOutsideGutters) {
-  return std::make_shared<Vertical>(Passkey<Vertical>{}, columnWidth, columnCount, gutterWidth,
+  return makeRef<Vertical>(Passkey<Vertical>{}, columnWidth, columnCount, gutterWidth,
                                     hasOutsideGutters);
 }
 
@@ -37,7 +37,7 @@ void Grid::Vertical::visitFields(FieldVisitor& v) const {
 }
 
 Ref<Grid::Horizontal> Grid::Horizontal::make(double rowHeight, double gutterHeight) {
-  return std::make_shared<Horizontal>(Passkey<Horizontal>{}, rowHeight, gutterHeight);
+  return makeRef<Horizontal>(Passkey<Horizontal>{}, rowHeight, gutterHeight);
 }
 
 Ref<Grid::Horizontal> Grid::Horizontal::decode(const Decoder& decoder) {
@@ -61,7 +61,7 @@ void Grid::Horizontal::visitFields(FieldVisitor& v) const {
 }
 
 Ref<Grid> Grid::make(double horizontalOffset, Ref<Vertical> vertical, Ref<Horizontal> horizontal) {
-  return std::make_shared<Grid>(Passkey<Grid>{}, horizontalOffset, std::move(vertical),
+  return makeRef<Grid>(Passkey<Grid>{}, horizontalOffset, std::move(vertical),
                                 std::move(horizontal));
 }
 

@@ -74,7 +74,7 @@ Ref<Layer> Layer::make(std::string name, Identifier sourceIdentifier, std::optio
                        bool isExportable, std::optional<std::vector<Ref<Fill>>> fills,
                        std::optional<std::vector<Ref<Border>>> borders,
                        std::optional<std::vector<Ref<Shadow>>> shadows, Identifier identifier) {
-  auto layer = std::make_shared<Layer>(
+  auto layer = makeRef<Layer>(
       Passkey<Layer>{}, std::move(identifier), std::move(name), std::move(sourceIdentifier),
       std::move(kind), frame, rotation, cornerRadius, opacity, blendMode, std::move(blur),
       isExportable, std::move(fills), std::move(borders), std::move(shadows));
@@ -121,7 +121,7 @@ Ref<Layer> Layer::decode(const Decoder& decoder) {
   auto fills = c.decodeIfPresent<std::vector<Ref<Fill>>>(K::fills);
   auto borders = c.decodeIfPresent<std::vector<Ref<Border>>>(K::borders);
   auto shadows = c.decodeIfPresent<std::vector<Ref<Shadow>>>(K::shadows);
-  auto layer = std::make_shared<Layer>(
+  auto layer = makeRef<Layer>(
       Passkey<Layer>{}, std::move(identifier), std::move(name), std::move(sourceIdentifier),
       std::move(kind), frame, rotation, cornerRadius, opacity, blendMode, std::move(blur),
       isExportable, std::move(fills), std::move(borders), std::move(shadows));

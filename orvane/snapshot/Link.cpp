@@ -6,7 +6,7 @@ namespace orvane {
 
 Ref<Link> Link::make(std::optional<Identifier> sourceIdentifier, Rect frame,
                      Ref<Destination> destination) {
-  return std::make_shared<Link>(Passkey<Link>{}, std::move(sourceIdentifier), frame,
+  return makeRef<Link>(Passkey<Link>{}, std::move(sourceIdentifier), frame,
                                 std::move(destination));
 }
 

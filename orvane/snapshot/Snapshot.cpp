@@ -28,7 +28,7 @@ Ref<Snapshot> Snapshot::make(Size size, std::optional<Url> url, std::optional<De
                              std::optional<std::vector<Ref<Layer>>> layers,
                              std::optional<std::vector<Ref<Link>>> links, Identifier identifier,
                              std::vector<std::string> componentNames) {
-  auto snapshot = std::make_shared<Snapshot>(
+  auto snapshot = makeRef<Snapshot>(
       Passkey<Snapshot>{}, std::move(identifier), size, std::move(url), density, source,
       std::move(componentNames), std::move(backgroundColor), std::move(grid), std::move(assets),
       std::move(layers), std::move(links));
@@ -55,7 +55,7 @@ Ref<Snapshot> Snapshot::decode(const Decoder& decoder) {
   auto assets = c.decodeIfPresent<std::vector<Ref<Asset>>>(K::assets);
   auto layers = c.decodeIfPresent<std::vector<Ref<Layer>>>(K::layers);
   auto links = c.decodeIfPresent<std::vector<Ref<Link>>>(K::links);
-  auto snapshot = std::make_shared<Snapshot>(
+  auto snapshot = makeRef<Snapshot>(
       Passkey<Snapshot>{}, std::move(identifier), size, std::move(url), density, source,
       std::move(componentNames), std::move(backgroundColor), std::move(grid), std::move(assets),
       std::move(layers), std::move(links));

@@ -3,7 +3,7 @@
 namespace orvane {
 
 Ref<Blur> Blur::make(std::optional<Kind> kind, double radius) {
-  return std::make_shared<Blur>(Passkey<Blur>{}, kind, radius);
+  return makeRef<Blur>(Passkey<Blur>{}, kind, radius);
 }
 
 Ref<Blur> Blur::decode(const Decoder& decoder) {

@@ -3,7 +3,7 @@
 namespace orvane {
 
 Ref<Border> Border::make(std::optional<Position> position, double thickness, Ref<Fill> fill) {
-  return std::make_shared<Border>(Passkey<Border>{}, position, thickness, std::move(fill));
+  return makeRef<Border>(Passkey<Border>{}, position, thickness, std::move(fill));
 }
 
 Ref<Border> Border::decode(const Decoder& decoder) {

@@ -10,7 +10,7 @@ void Fill::Kind::visitFields(FieldVisitor& v) const {
 
 Ref<Fill> Fill::make(std::optional<Kind> kind, std::optional<double> opacity,
                      std::optional<BlendMode> blendMode) {
-  return std::make_shared<Fill>(Passkey<Fill>{}, std::move(kind), opacity, blendMode);
+  return makeRef<Fill>(Passkey<Fill>{}, std::move(kind), opacity, blendMode);
 }
 
 Ref<Fill> Fill::decode(const Decoder& decoder) {

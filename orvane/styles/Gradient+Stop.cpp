@@ -3,7 +3,7 @@
 namespace orvane {
 
 Ref<Gradient::Stop> Gradient::Stop::make(double position, Ref<Color> color) {
-  return std::make_shared<Stop>(Passkey<Stop>{}, position, std::move(color));
+  return makeRef<Stop>(Passkey<Stop>{}, position, std::move(color));
 }
 
 Ref<Gradient::Stop> Gradient::Stop::decode(const Decoder& decoder) {

@@ -10,7 +10,7 @@ Gradient::Gradient(Passkey<Gradient>, std::optional<Kind> kind, Point from, Poin
 Ref<Gradient> Gradient::make(std::optional<Kind> kind, Point from, Point to,
                              std::optional<double> angle, std::optional<double> scale,
                              std::vector<Ref<Stop>> stops) {
-  return std::make_shared<Gradient>(Passkey<Gradient>{}, kind, from, to, angle, scale,
+  return makeRef<Gradient>(Passkey<Gradient>{}, kind, from, to, angle, scale,
                                     std::move(stops));
 }
 

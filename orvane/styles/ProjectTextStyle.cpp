@@ -9,7 +9,7 @@ Ref<ProjectTextStyle> ProjectTextStyle::make(std::string name,
                                              std::optional<double> letterSpacing,
                                              Ref<Color> color, std::optional<Alignment> alignment,
                                              Identifier identifier) {
-  return std::make_shared<ProjectTextStyle>(
+  return makeRef<ProjectTextStyle>(
       Passkey<ProjectTextStyle>{}, std::move(identifier), std::move(name),
       std::move(sourceIdentifier), std::move(fontName), fontSize, lineHeight, letterSpacing,
       std::move(color), alignment);
@@ -21,7 +21,7 @@ Ref<ProjectTextStyle> ProjectTextStyle::decode(const Decoder& decoder) {
   auto identifier = c.decode<Identifier>(K::identifier);
   auto name = c.decodeString(K::name);
   auto sourceIdentifier = c.decodeIfPresent<Identifier>(K::sourceIdentifier);
-  auto style = std::make_shared<ProjectTextStyle>(
+  auto style = makeRef<ProjectTextStyle>(
       Passkey<ProjectTextStyle>{}, std::move(identifier), std::move(name),
       std::move(sourceIdentifier), std::string(), 0, std::nullopt, std::nullopt, nullptr,
       std::nullopt);

@@ -3,7 +3,7 @@
 namespace orvane {
 
 Ref<RangedTextStyle> RangedTextStyle::make(Range range, Ref<TextStyle> textStyle) {
-  return std::make_shared<RangedTextStyle>(Passkey<RangedTextStyle>{}, range,
+  return makeRef<RangedTextStyle>(Passkey<RangedTextStyle>{}, range,
                                            std::move(textStyle));
 }
 

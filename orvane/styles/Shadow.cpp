@@ -4,7 +4,7 @@ namespace orvane {
 
 Ref<Shadow> Shadow::make(std::optional<Kind> kind, double x, double y, double blurRadius,
                          double spread, Ref<Color> color) {
-  return std::make_shared<Shadow>(Passkey<Shadow>{}, kind, x, y, blurRadius, spread,
+  return makeRef<Shadow>(Passkey<Shadow>{}, kind, x, y, blurRadius, spread,
                                   std::move(color));
 }
 

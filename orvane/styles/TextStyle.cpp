@@ -6,7 +6,7 @@ Ref<TextStyle> TextStyle::make(std::string fontName, double fontSize,
                                std::optional<double> lineHeight,
                                std::optional<double> letterSpacing, Ref<Color> color,
                                std::optional<Alignment> alignment) {
-  return std::make_shared<TextStyle>(Passkey<TextStyle>{}, std::move(fontName), fontSize,
+  return makeRef<TextStyle>(Passkey<TextStyle>{}, std::move(fontName), fontSize,
                                      lineHeight, letterSpacing, std::move(color), alignment);
 }
 
@@ -22,7 +22,7 @@ void TextStyle::decodeStyle(const Decoder& decoder) {
 }
 
 Ref<TextStyle> TextStyle::decode(const Decoder& decoder) {
-  auto style = std::make_shared<TextStyle>(Passkey<TextStyle>{}, std::string(), 0, std::nullopt,
+  auto style = makeRef<TextStyle>(Passkey<TextStyle>{}, std::string(), 0, std::nullopt,
                                            std::nullopt, nullptr, std::nullopt);
   style->decodeStyle(decoder);
   return style;

@@ -1,0 +1,186 @@
+#include <orvane/coding/RecordArena.hpp>
+
+#include <atomic>
+#include <cstdint>
+#include <cstdlib>
+#include <mutex>
+#include <new>
+#include <vector>
+
+#include <orvane/coding/Ref.hpp>
+
+#if defined(__linux__)
+#include <sys/mman.h>
+#endif
+
+namespace orvane {
+
+namespace {
+
+// Chunks are aligned to their size, so a record finds its chunk's header from its own address.
+constexpr std::size_t kChunk = std::size_t{2} << 20;
+// Chunks kept for reuse: enough for the records of a document of about ten megabytes.
+constexpr std::size_t kMaxCached = 16;
+
+// The chunk's count of live records, plus kOwner while a scope is still filling it, so that it
+// cannot reach zero before the scope has added up what it placed.
+struct alignas(64) ChunkHeader {
+  std::atomic<std::int64_t> refs;
+};
+constexpr std::int64_t kOwner = std::int64_t{1} << 48;
+
+std::atomic<std::size_t> usedBytes{0};
+std::atomic<std::size_t> cachedBytes{0};
+std::atomic<std::size_t> recordBytes{0};
+
+struct Cache {
+  std::mutex mutex;
+  std::vector<void*> chunks;
+};
+// Never destroyed: records held by statics may be released after other statics are gone.
+Cache& cache() {
+  static Cache* c = new Cache;
+  return *c;
+}
+
+thread_local detail::RecordArenaState current;
+
+void* mapChunk(bool hugePages) {
+#if defined(__linux__)
+  void* p = mmap(nullptr, 2 * kChunk, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+  if (p == MAP_FAILED) throw std::bad_alloc();
+  auto start = reinterpret_cast<std::uintptr_t>(p);
+  std::uintptr_t aligned = (start + kChunk - 1) & ~(kChunk - 1);
+  if (aligned > start) munmap(p, aligned - start);
+  std::uintptr_t tail = aligned + kChunk;
+  if (start + 2 * kChunk > tail) munmap(reinterpret_cast<void*>(tail), start + 2 * kChunk - tail);
+  // Large decodes touch every page of their chunks: one fault per 2 MB instead of 512.
+  if (hugePages) madvise(reinterpret_cast<void*>(aligned), kChunk, MADV_HUGEPAGE);
+  return reinterpret_cast<void*>(aligned);
+#else
+  (void)hugePages;
+  void* p = std::aligned_alloc(kChunk, kChunk);
+  if (!p) throw std::bad_alloc();
+  return p;
+#endif
+}
+
+void unmapChunk(void* chunk) noexcept {
+#if defined(__linux__)
+  munmap(chunk, kChunk);
+#else
+  std::free(chunk);
+#endif
+}
+
+void giveBack(ChunkHeader* header) noexcept {
+  usedBytes.fetch_sub(kChunk, std::memory_order_relaxed);
+  header->~ChunkHeader();
+  {
+    auto& c = cache();
+    std::lock_guard lock(c.mutex);
+    if (c.chunks.size() < kMaxCached) {
+      c.chunks.push_back(header);
+      cachedBytes.fetch_add(kChunk, std::memory_order_relaxed);
+      return;
+    }
+  }
+  unmapChunk(header);
+}
+
+// Ends the filling of the state's chunk: from now on only its records' releases count.
+void retire(detail::RecordArenaState& state) noexcept {
+  if (!state.chunk) return;
+  auto* header = static_cast<ChunkHeader*>(state.chunk);
+  std::int64_t delta = static_cast<std::int64_t>(state.count) - kOwner;
+  if (header->refs.fetch_add(delta, std::memory_order_acq_rel) + delta == 0) giveBack(header);
+  state.chunk = nullptr;
+  state.cursor = state.end = nullptr;
+  state.count = 0;
+}
+
+void startChunk(detail::RecordArenaState& state) {
+  void* memory = nullptr;
+  {
+    auto& c = cache();
+    std::lock_guard lock(c.mutex);
+    if (!c.chunks.empty()) {
+      memory = c.chunks.back();
+      c.chunks.pop_back();
+      cachedBytes.fetch_sub(kChunk, std::memory_order_relaxed);
+    }
+  }
+  // A scope's first chunk keeps small pages, so that a small decode touches little memory.
+  if (!memory) memory = mapChunk(state.chunks > 0);
+  retire(state);
+  auto* header = new (memory) ChunkHeader{kOwner};
+  usedBytes.fetch_add(kChunk, std::memory_order_relaxed);
+  state.chunk = header;
+  state.cursor = static_cast<char*>(memory) + sizeof(ChunkHeader);
+  state.end = static_cast<char*>(memory) + kChunk;
+  state.count = 0;
+  ++state.chunks;
+}
+
+}  // namespace
+
+namespace detail {
+
+bool recordArenaActive() noexcept {
+  return current.active;
+}
+
+void* recordArenaAllocate(std::size_t bytes, std::size_t alignment) {
+  if (bytes > kRecordArenaMaxBlock || alignment > alignof(ChunkHeader)) throw std::bad_alloc();
+  auto& state = current;
+  auto align = [&] {
+    auto at = reinterpret_cast<std::uintptr_t>(state.cursor);
+    return (at + alignment - 1) & ~(alignment - 1);
+  };
+  std::uintptr_t at = align();
+  if (!state.chunk || at + bytes > reinterpret_cast<std::uintptr_t>(state.end)) {
+    startChunk(state);
+    at = align();
+  }
+  state.cursor = reinterpret_cast<char*>(at + bytes);
+  ++state.count;
+  recordBytes.fetch_add(bytes, std::memory_order_relaxed);
+  return reinterpret_cast<void*>(at);
+}
+
+void recordArenaRelease(void* block, std::size_t bytes) noexcept {
+  recordBytes.fetch_sub(bytes, std::memory_order_relaxed);
+  auto* header =
+      reinterpret_cast<ChunkHeader*>(reinterpret_cast<std::uintptr_t>(block) & ~(kChunk - 1));
+  if (header->refs.fetch_sub(1, std::memory_order_acq_rel) == 1) giveBack(header);
+}
+
+}  // namespace detail
+
+RecordArenaScope::RecordArenaScope(bool enabled) : saved_(current) {
+  current = detail::RecordArenaState{};
+  current.active = enabled;
+}
+
+RecordArenaScope::~RecordArenaScope() {
+  retire(current);
+  current = saved_;
+}
+
+RecordArenaStatistics recordArenaStatistics() {
+  return {usedBytes.load(std::memory_order_relaxed), recordBytes.load(std::memory_order_relaxed),
+          cachedBytes.load(std::memory_order_relaxed)};
+}
+
+void releaseCachedRecordChunks() {
+  std::vector<void*> chunks;
+  {
+    auto& c = cache();
+    std::lock_guard lock(c.mutex);
+    chunks.swap(c.chunks);
+    cachedBytes.fetch_sub(chunks.size() * kChunk, std::memory_order_relaxed);
+  }
+  for (void* chunk : chunks) unmapChunk(chunk);
+}
+
+}  // namespace orvane

@@ -1,0 +1,56 @@
+// Packed storage for the records of one decode.
+#pragma once
+
+#include <cstddef>
+
+namespace orvane {
+
+namespace detail {
+/// Where the thread's record arena is filling: saved and restored by nested scopes.
+struct RecordArenaState {
+  char* cursor = nullptr;
+  char* end = nullptr;
+  void* chunk = nullptr;
+  std::size_t count = 0;   // records placed in the current chunk
+  std::size_t chunks = 0;  // chunks this scope has filled
+  bool active = false;
+};
+}  // namespace detail
+
+/// While a scope is alive on a thread, the records made on that thread (through `make` or
+/// `decode`) are packed into large chunks instead of one heap block each: a decoded graph has
+/// tens of thousands of small records, and their heap headers, rounding and first-touch page
+/// faults cost more than their contents. A decoder opens one scope per decode.
+///
+/// Records stay ordinary `Ref`s: each one keeps its chunk alive, and a chunk is given back when
+/// its last record is released, from any thread. The price is granularity: a record kept from a
+/// released graph keeps its whole chunk (2 MB at most) in memory.
+///
+/// Scopes nest: an inner scope fills chunks of its own, and the outer one resumes where it was
+/// when the inner one ends. A disabled scope (`enabled == false`) leaves its records on the heap.
+class RecordArenaScope {
+ public:
+  explicit RecordArenaScope(bool enabled = true);
+  ~RecordArenaScope();
+  RecordArenaScope(const RecordArenaScope&) = delete;
+  RecordArenaScope& operator=(const RecordArenaScope&) = delete;
+
+ private:
+  detail::RecordArenaState saved_;
+};
+
+/// Memory held by record chunks, process-wide.
+struct RecordArenaStatistics {
+  /// Chunks that hold live records or that a scope is filling.
+  std::size_t usedBytes = 0;
+  /// The live records in those chunks.
+  std::size_t recordBytes = 0;
+  /// Released chunks kept for reuse by later decodes.
+  std::size_t cachedBytes = 0;
+};
+RecordArenaStatistics recordArenaStatistics();
+
+/// Gives the cached chunks back to the system.
+void releaseCachedRecordChunks();
+
+}  // namespace orvane
