@@ -10,7 +10,7 @@ using namespace orvane;
 
 namespace {
 // "MACOS-" then a version 4 UUID in upper-case hexadecimal, groups of 8-4-4-4-12.
-bool hasLocalForm(const std::string& s) {
+bool hasLocalForm(std::string_view s) {
   const std::string pattern = "MACOS-HHHHHHHH-HHHH-4HHH-VHHH-HHHHHHHHHHHH";
   if (s.size() != pattern.size()) return false;
   for (std::size_t i = 0; i < s.size(); ++i) {
