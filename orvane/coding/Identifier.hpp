@@ -20,9 +20,11 @@ namespace orvane {
 /// Raw values of up to `inlineCapacity` bytes live in the object itself, which covers the
 /// 24-character hexadecimal object ids and the 31-character source ids documents carry; longer
 /// values (full UUID text, the 42-character local identifiers) take one heap block. The object
-/// stays the size of a `std::string`, so records holding identifiers do not grow, and a graph
-/// of decoded identifiers makes no allocation for them. Any byte string is kept exactly, the
-/// empty one and those with NUL bytes or invalid UTF-8 included.
+/// stays the size of a `std::string`, so records holding identifiers do not grow, and decoded
+/// service documents make no allocation for their identifiers. A 48-byte object would hold
+/// local identifiers too (imports make one per record), but adds to every service document
+/// about what it saves an import, and those are decoded far more often. Any byte string is
+/// kept exactly, the empty one and those with NUL bytes or invalid UTF-8 included.
 class Identifier {
  public:
   static constexpr std::string_view typeName = "Identifier";
