@@ -37,7 +37,8 @@ std::string Component::pathComponent() const {
 std::string Component::versionsPath() const {
   auto owner = project();
   if (!owner) fatalError("VersionCollection should have project.", kSourceFile, 26);
-  return "projects/" + std::string(owner->identifier().rawValue()) + "/" + pathComponent() + "/versions";
+  return "projects/" + std::string(owner->identifier().rawValue()) + "/" + pathComponent() +
+         "/versions";
 }
 
 std::optional<std::string> Component::pathComponentIfAvailable() const {

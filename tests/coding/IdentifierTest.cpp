@@ -137,8 +137,8 @@ TEST(Identifier, CanonicalSpellingsAreEqualWhicheverSideOfTheLimitTheyFall) {
 }
 
 TEST(Identifier, CopiesAndMovesBetweenInlineAndHeapValues) {
-  const std::string values[] = {"", "short", std::string(kLimit, 's'),
-                                std::string(kLimit + 1, 'h'), std::string(64, 'H')};
+  const std::string values[] = {"", "short", std::string(kLimit, 's'), std::string(kLimit + 1, 'h'),
+                                std::string(64, 'H')};
   for (const std::string& from : values) {
     for (const std::string& to : values) {
       SCOPED_TRACE(std::to_string(from.size()) + " onto " + std::to_string(to.size()));
@@ -173,8 +173,8 @@ TEST(Identifier, CopiesAndMovesBetweenInlineAndHeapValues) {
 
 TEST(Identifier, RoundTripsThroughTheJsonCoderAroundTheLimit) {
   JsonDecoder decoder;
-  std::vector<std::string> values = {accented(kLimit, true), accented(kLimit + 1, false),
-                                     std::string("nul\0byte", 8), std::string(kLimit, 'q'),
+  std::vector<std::string> values = {accented(kLimit, true),       accented(kLimit + 1, false),
+                                     std::string("nul\0byte", 8),  std::string(kLimit, 'q'),
                                      std::string(kLimit + 1, 'q'), std::string(kLimit - 1, 'q')};
   for (const std::string& raw : values) {
     SCOPED_TRACE(testing::PrintToString(raw));
