@@ -18,12 +18,12 @@ bool isAscii(std::string_view s) {
 }
 
 // NFC of a UTF-8 string; text that is not valid UTF-8 is compared as bytes.
-std::string nfc(const std::string& s) {
+std::string nfc(std::string_view s) {
   utf8proc_uint8_t* out = nullptr;
   utf8proc_ssize_t n = utf8proc_map(
       reinterpret_cast<const utf8proc_uint8_t*>(s.data()), static_cast<utf8proc_ssize_t>(s.size()),
       &out, static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_COMPOSE));
-  if (n < 0) return s;
+  if (n < 0) return std::string(s);
   std::string result(reinterpret_cast<char*>(out), static_cast<std::size_t>(n));
   std::free(out);
   return result;
@@ -33,7 +33,19 @@ std::string nfc(const std::string& s) {
 
 // Nothing is worked out up front: identifiers are decoded by the thousand and nearly all are
 // ASCII, which compares and hashes as bytes.
-Identifier::Identifier(std::string rawValue) : raw_(std::move(rawValue)) {}
+void Identifier::assign(std::string_view raw) {
+  if (raw.size() <= inlineCapacity) {
+    if (!raw.empty()) std::memcpy(bytes_, raw.data(), raw.size());
+    bytes_[inlineCapacity] = static_cast<char>(raw.size());
+    return;
+  }
+  char* data = new char[raw.size()];
+  std::memcpy(data, raw.data(), raw.size());
+  std::size_t size = raw.size();
+  std::memcpy(bytes_, &data, sizeof data);
+  std::memcpy(bytes_ + sizeof data, &size, sizeof size);
+  bytes_[inlineCapacity] = static_cast<char>(heapTag);
+}
 
 Identifier Identifier::local() {
   // One engine per thread: local identifiers are made by the thousand when an imported document
@@ -47,31 +59,32 @@ Identifier Identifier::local() {
   hi = (hi & ~0xF000ull) | 0x4000ull;              // version 4
   lo = (lo & ~(0xC0ull << 56)) | (0x80ull << 56);  // RFC 4122 variant
   static constexpr char hex[] = "0123456789ABCDEF";
-  std::string s = "MACOS-";
-  s.reserve(43);
+  char text[42] = {'M', 'A', 'C', 'O', 'S', '-'};
+  std::size_t at = 6;
   auto put = [&](std::uint64_t v, int nibbles) {
-    for (int i = nibbles - 1; i >= 0; --i) s += hex[(v >> (4 * i)) & 0xF];
+    for (int i = nibbles - 1; i >= 0; --i) text[at++] = hex[(v >> (4 * i)) & 0xF];
   };
   put(hi >> 32, 8);
-  s += '-';
+  text[at++] = '-';
   put(hi >> 16, 4);
-  s += '-';
+  text[at++] = '-';
   put(hi, 4);
-  s += '-';
+  text[at++] = '-';
   put(lo >> 48, 4);
-  s += '-';
+  text[at++] = '-';
   put(lo, 12);
-  return Identifier(std::move(s));
+  return Identifier(std::string_view(text, at));
 }
 
-bool Identifier::operator==(const Identifier& other) const {
-  if (raw_ == other.raw_) return true;
-  if (isAscii(raw_) && isAscii(other.raw_)) return false;
-  return nfc(raw_) == nfc(other.raw_);
+bool Identifier::canonicallyEqual(std::string_view a, std::string_view b) {
+  if (isAscii(a) && isAscii(b)) return false;
+  return nfc(a) == nfc(b);
 }
 
 std::size_t Identifier::hash() const {
-  return std::hash<std::string>{}(isAscii(raw_) ? raw_ : nfc(raw_));
+  std::string_view raw = rawValue();
+  if (isAscii(raw)) return std::hash<std::string_view>{}(raw);
+  return std::hash<std::string>{}(nfc(raw));
 }
 
 }  // namespace orvane

@@ -11,11 +11,11 @@
 namespace orvane {
 
 /// A type adopts single-value coding by providing
-///   static constexpr std::string_view typeName;        // short name, for messages
-///   static std::optional<T> fromRawValue(std::string);  // no value when it refuses the text
-///   const std::string& rawValue() const;
+///   static constexpr std::string_view typeName;             // short name, for messages
+///   static std::optional<T> fromRawValue(std::string_view);  // no value when it refuses the text
+///   std::string_view rawValue() const;                      // or what converts to it
 template <class T>
-concept SingleValueCodable = requires(const T& t, std::string raw) {
+concept SingleValueCodable = requires(const T& t, std::string_view raw) {
   { T::typeName } -> std::convertible_to<std::string_view>;
   { T::fromRawValue(raw) } -> std::same_as<std::optional<T>>;
   { t.rawValue() } -> std::convertible_to<std::string_view>;
@@ -28,7 +28,8 @@ template <SingleValueCodable T>
 struct Coding<T> {
   static T decode(const Decoder& d) {
     auto c = d.singleValueContainer();
-    std::string raw = c.decodeString();
+    // A view into the document: a type that keeps its value inline copies it once, directly.
+    std::string_view raw = c.decodeStringView();
     if (auto value = T::fromRawValue(raw)) return std::move(*value);
     throw DecodingError::dataCorrupted(c.pathLink(), refusedSingleValueMessage(T::typeName, raw));
   }

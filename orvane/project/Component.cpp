@@ -37,14 +37,15 @@ std::string Component::pathComponent() const {
 std::string Component::versionsPath() const {
   auto owner = project();
   if (!owner) fatalError("VersionCollection should have project.", kSourceFile, 26);
-  return "projects/" + owner->identifier().rawValue() + "/" + pathComponent() + "/versions";
+  return "projects/" + std::string(owner->identifier().rawValue()) + "/" + pathComponent() +
+         "/versions";
 }
 
 std::optional<std::string> Component::pathComponentIfAvailable() const {
   auto owner = section();
   if (!owner) return std::nullopt;
   return "componentSections/" + owner->identifierPathComponent() + "/components/" +
-         identifier().rawValue();
+         std::string(identifier().rawValue());
 }
 
 std::optional<std::string> Component::versionsPathIfAvailable() const {
@@ -52,7 +53,7 @@ std::optional<std::string> Component::versionsPathIfAvailable() const {
   if (!owner) return std::nullopt;
   auto path = pathComponentIfAvailable();
   if (!path) return std::nullopt;
-  return "projects/" + owner->identifier().rawValue() + "/" + *path + "/versions";
+  return "projects/" + std::string(owner->identifier().rawValue()) + "/" + *path + "/versions";
 }
 
 void Component::visitFields(FieldVisitor& v) const {

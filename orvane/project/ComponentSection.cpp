@@ -43,14 +43,14 @@ void ComponentSection::encode(Encoder& encoder) const {
 }
 
 std::string ComponentSection::identifierPathComponent() const {
-  std::vector<const std::string*> parts{&identifier_.rawValue()};
+  std::vector<std::string_view> parts{identifier_.rawValue()};
   for (auto ancestor = parent(); ancestor; ancestor = ancestor->parent())
-    parts.push_back(&ancestor->identifier_.rawValue());
+    parts.push_back(ancestor->identifier_.rawValue());
   std::string path;
   for (auto it = parts.rbegin(); it != parts.rend(); ++it) {
-    if ((*it)->empty()) continue;
+    if (it->empty()) continue;
     if (!path.empty()) path += '/';
-    path += **it;
+    path += *it;
   }
   return path;
 }

@@ -53,8 +53,8 @@ std::optional<std::string> Screen::pathComponentIfAvailable() const {
 std::optional<std::string> Screen::versionsPathIfAvailable() const {
   auto owner = project();
   if (!owner) return std::nullopt;
-  return "v2/projects/" + owner->identifier().rawValue() + "/screens/" + identifier().rawValue() +
-         "/versions";
+  return "v2/projects/" + std::string(owner->identifier().rawValue()) + "/screens/" +
+         std::string(identifier().rawValue()) + "/versions";
 }
 
 void Screen::setDots(std::optional<std::vector<Ref<Dot>>> value) {

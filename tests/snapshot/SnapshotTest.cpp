@@ -126,7 +126,7 @@ TEST(Snapshot, ImportSourceGivesFreshIdentifiersThroughout) {
   std::unordered_set<std::string> seen;
   for (const auto& layer : *snapshot->flattenedLayers()) {
     EXPECT_TRUE(layer->identifier().isLocal()) << layer->name();
-    seen.insert(layer->identifier().rawValue());
+    seen.emplace(layer->identifier().rawValue());
   }
   EXPECT_EQ(seen.size(), 5u);
   // Source identifiers are the design's own and stay.
