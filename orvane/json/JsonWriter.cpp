@@ -1,5 +1,7 @@
 #include <orvane/json/JsonWriter.hpp>
 
+#include <algorithm>
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
@@ -12,90 +14,73 @@ namespace {
 constexpr std::uint64_t kOnes = 0x0101010101010101ull;
 constexpr std::uint64_t kHighs = 0x8080808080808080ull;
 
-// Nonzero when one of the eight bytes of `w` is a control character, a quote or a backslash.
-// Bytes from 0x80 up (UTF-8 sequences) never count.
+// The high bit of each of the eight bytes of `w` that is a control character, a quote or a
+// backslash; bytes from 0x80 up (UTF-8 sequences) never count. Bits above the first flagged
+// byte may be spurious, the first one never is.
 inline std::uint64_t needsEscape(std::uint64_t w) {
   auto zeroByte = [](std::uint64_t v) { return (v - kOnes) & ~v & kHighs; };
   std::uint64_t control = (w - 0x20 * kOnes) & ~w & kHighs;
   return control | zeroByte(w ^ ('"' * kOnes)) | zeroByte(w ^ ('\\' * kOnes));
 }
 
-// The length of the prefix of `value` that needs no escaping, or a shorter length.
-inline std::size_t plainPrefix(std::string_view value) {
-  const char* data = value.data();
-  std::size_t size = value.size();
+// The index in memory order of the first byte flagged in `mask`.
+inline std::size_t firstFlagged(std::uint64_t mask) {
+  if constexpr (std::endian::native == std::endian::little)
+    return static_cast<std::size_t>(std::countr_zero(mask)) / 8;
+  else
+    return static_cast<std::size_t>(std::countl_zero(mask)) / 8;
+}
+
+inline std::uint64_t load64(const char* p) {
   std::uint64_t w;
-  if (size < 8) {
-    for (std::size_t i = 0; i < size; ++i) {
-      unsigned char c = static_cast<unsigned char>(data[i]);
-      if (c < 0x20 || c == '"' || c == '\\') return i;
-    }
-    return size;
-  }
-  std::size_t i = 0;
-  for (; i + 8 <= size; i += 8) {
-    std::memcpy(&w, data + i, 8);
-    if (needsEscape(w)) return i;
-  }
-  if (i == size) return i;
-  // The last bytes, in a word that overlaps the one before.
-  std::memcpy(&w, data + size - 8, 8);
-  return needsEscape(w) ? i : size;
+  std::memcpy(&w, p, 8);
+  return w;
+}
+inline std::uint32_t load32(const char* p) {
+  std::uint32_t w;
+  std::memcpy(&w, p, 4);
+  return w;
 }
 
-}  // namespace
-
-void appendJsonString(std::string& out, std::string_view value) {
-  static constexpr char hex[] = "0123456789abcdef";
-  std::size_t plain = plainPrefix(value);
-  if (plain == value.size()) {
-    // Nearly every string: one copy, no per-byte work.
-    out += '"';
-    out.append(value.data(), value.size());
-    out += '"';
-    return;
-  }
-  out += '"';
-  out.append(value.data(), plain);
-  std::size_t run = plain;  // start of the pending run that needs no escaping
-  for (std::size_t i = plain; i < value.size(); ++i) {
-    unsigned char c = static_cast<unsigned char>(value[i]);
-    if (c >= 0x20 && c != '"' && c != '\\') continue;
-    out.append(value.data() + run, i - run);
-    run = i + 1;
-    switch (c) {
-      case '"':
-        out += "\\\"";
-        break;
-      case '\\':
-        out += "\\\\";
-        break;
-      case '\n':
-        out += "\\n";
-        break;
-      case '\r':
-        out += "\\r";
-        break;
-      case '\t':
-        out += "\\t";
-        break;
-      case '\b':
-        out += "\\b";
-        break;
-      case '\f':
-        out += "\\f";
-        break;
-      default:
-        out += "\\u00";
-        out += hex[c >> 4];
-        out += hex[c & 0xF];
+// Copies from `s` to `d` the longest prefix of the `n` bytes that needs no escaping (for fewer
+// than eight bytes, either all or none) and returns its length. Writes nothing at or beyond
+// d + n, but may write past the prefix. Word-sized moves instead of a call to memcpy: nearly
+// every key and string is short.
+inline std::size_t copyPlain(char* d, const char* s, std::size_t n) {
+  if (n >= 8) {
+    std::size_t i = 0;
+    for (; i + 8 <= n; i += 8) {
+      std::uint64_t w = load64(s + i);
+      std::memcpy(d + i, &w, 8);
+      if (std::uint64_t m = needsEscape(w)) return i + firstFlagged(m);
     }
+    if (i == n) return n;
+    // The last bytes, in a word that overlaps the one before (whose bytes are plain).
+    std::uint64_t w = load64(s + n - 8);
+    std::memcpy(d + n - 8, &w, 8);
+    if (std::uint64_t m = needsEscape(w)) return n - 8 + firstFlagged(m);
+    return n;
   }
-  out.append(value.data() + run, value.size() - run);
-  out += '"';
+  if (n >= 4) {
+    // Two words that overlap when n < 8.
+    std::uint32_t a = load32(s), b = load32(s + n - 4);
+    if (needsEscape(a | std::uint64_t{b} << 32)) return 0;
+    std::memcpy(d, &a, 4);
+    std::memcpy(d + n - 4, &b, 4);
+    return n;
+  }
+  if (n == 0) return 0;
+  // The first, middle and last bytes cover one to three, padded with a plain letter.
+  auto a = static_cast<unsigned char>(s[0]);
+  auto b = static_cast<unsigned char>(s[n / 2]);
+  auto c = static_cast<unsigned char>(s[n - 1]);
+  std::uint64_t w = a | std::uint64_t{b} << 8 | std::uint64_t{c} << 16 | 0x6161616161000000ull;
+  if (needsEscape(w)) return 0;
+  d[0] = static_cast<char>(a);
+  d[n / 2] = static_cast<char>(b);
+  d[n - 1] = static_cast<char>(c);
+  return n;
 }
-
-namespace {
 
 // Integers, and numbers with at most three decimals, below 2^50 in magnitude: their shortest
 // round-trip text is the integer m of value * 10^k for the least k with m / 10^k == value (the
@@ -144,7 +129,10 @@ char* writeShortDecimal(char* p, double value) {
   return nullptr;
 }
 
-// Writes the JSON text of a finite double at `p` (at most 32 bytes) and returns its end.
+// The longest text writeNumber writes.
+constexpr std::size_t kMaxNumber = 32;
+
+// Writes the JSON text of a finite double at `p` (room for kMaxNumber bytes) and returns its end.
 char* writeNumber(char* p, double value) {
   if (value == 0 && std::signbit(value)) {
     // "-0" would read back as the integer zero and lose its sign.
@@ -154,38 +142,120 @@ char* writeNumber(char* p, double value) {
   if (char* end = writeShortDecimal(p, value)) return end;
   // Integral text beyond 64 bits would read back as an integer too large for the parser.
   return std::fabs(value) >= 1e18
-             ? std::to_chars(p, p + 32, value, std::chars_format::scientific).ptr
-             : std::to_chars(p, p + 32, value).ptr;
+             ? std::to_chars(p, p + kMaxNumber, value, std::chars_format::scientific).ptr
+             : std::to_chars(p, p + kMaxNumber, value).ptr;
 }
-
-// Strings up to this length go out in one piece with their separator and quotes.
-constexpr std::size_t kShortString = 96;
 
 }  // namespace
 
+void appendJsonString(std::string& out, std::string_view value) {
+  JsonWriter(out).string(value);
+}
+
 void appendJsonNumber(std::string& out, double value) {
-  char buf[32];
+  char buf[kMaxNumber];
   out.append(buf, static_cast<std::size_t>(writeNumber(buf, value) - buf));
 }
 
-void JsonWriter::newline() {
-  *out_ += '\n';
-  out_->append(2 * stack_.size(), ' ');
+void JsonWriter::grow(std::size_t n) {
+  std::size_t used = size();
+  // Ahead by as much as is written, within bounds: few resizes (each clears what it adds), and
+  // a short text keeps a small buffer.
+  std::size_t ahead = std::clamp<std::size_t>(used, 256, std::size_t{64} << 10);
+  out_->resize(used + std::max(n, ahead));
+  cur_ = out_->data() + used;
+  end_ = out_->data() + out_->size();
 }
 
-bool JsonWriter::beforeValue() {
+void JsonWriter::flush() {
+  if (!cur_) return;
+  out_->resize(size());
+  cur_ = end_ = nullptr;
+}
+
+char* JsonWriter::newline(char* p) {
+  *p++ = '\n';
+  std::size_t indent = 2 * stack_.size();
+  std::memset(p, ' ', indent);
+  return p + indent;
+}
+
+char* JsonWriter::beforeValue(std::size_t n) {
   if (afterKey_) {
     afterKey_ = false;
-    return false;
+    return reserve(n);
   }
-  if (stack_.empty()) return false;
+  if (stack_.empty()) return reserve(n);
   Frame& top = stack_.back();
   bool comma = !top.empty;
   top.empty = false;
-  if (!pretty_) return comma;
-  if (comma) *out_ += ',';
-  newline();
-  return false;
+  char* p = reserve(n + 1 + (pretty_ ? 1 + 2 * stack_.size() : 0));
+  *p = ',';
+  p += comma;
+  return pretty_ ? newline(p) : p;
+}
+
+char* JsonWriter::quoted(char* p, std::string_view value) {
+  *p++ = '"';
+  std::size_t plain = copyPlain(p, value.data(), value.size());
+  p += plain;
+  if (plain != value.size()) {
+    cur_ = p;
+    escaped(value.data() + plain, value.size() - plain);
+    p = reserve(8);
+  }
+  *p++ = '"';
+  return p;
+}
+
+void JsonWriter::escaped(const char* s, std::size_t n) {
+  static constexpr char hex[] = "0123456789abcdef";
+  while (n > 0) {
+    char* p = reserve(n + 6);
+    std::size_t plain = copyPlain(p, s, n);
+    p += plain;
+    s += plain;
+    n -= plain;
+    if (n == 0) {
+      cur_ = p;
+      return;
+    }
+    auto c = static_cast<unsigned char>(*s++);
+    --n;
+    switch (c) {
+      case '"':
+        p = std::copy_n("\\\"", 2, p);
+        break;
+      case '\\':
+        p = std::copy_n("\\\\", 2, p);
+        break;
+      case '\n':
+        p = std::copy_n("\\n", 2, p);
+        break;
+      case '\r':
+        p = std::copy_n("\\r", 2, p);
+        break;
+      case '\t':
+        p = std::copy_n("\\t", 2, p);
+        break;
+      case '\b':
+        p = std::copy_n("\\b", 2, p);
+        break;
+      case '\f':
+        p = std::copy_n("\\f", 2, p);
+        break;
+      default:
+        if (c < 0x20) {
+          p = std::copy_n("\\u00", 4, p);
+          *p++ = hex[c >> 4];
+          *p++ = hex[c & 0xF];
+        } else {
+          // A plain byte in a short run that copyPlain gave back whole.
+          *p++ = static_cast<char>(c);
+        }
+    }
+    cur_ = p;
+  }
 }
 
 void JsonWriter::key(std::string_view name) {
@@ -193,92 +263,73 @@ void JsonWriter::key(std::string_view name) {
   bool comma = !top.empty;
   top.empty = false;
   afterKey_ = true;
-  if (!pretty_ && name.size() <= kShortString && plainPrefix(name) == name.size()) {
-    char buf[kShortString + 4];
-    char* p = buf;
-    *p = ',';
-    p += comma;
-    *p++ = '"';
-    std::memcpy(p, name.data(), name.size());
-    p += name.size();
-    *p++ = '"';
-    *p++ = ':';
-    out_->append(buf, static_cast<std::size_t>(p - buf));
-    return;
-  }
-  if (comma) *out_ += ',';
-  if (pretty_) newline();
-  appendJsonString(*out_, name);
-  *out_ += pretty_ ? ": " : ":";
+  char* p = reserve(name.size() + 5 + (pretty_ ? 1 + 2 * stack_.size() : 0));
+  *p = ',';
+  p += comma;
+  if (pretty_) p = newline(p);
+  p = quoted(p, name);
+  *p++ = ':';
+  if (pretty_) *p++ = ' ';
+  cur_ = p;
+}
+
+void JsonWriter::open(bool isObject, char bracket) {
+  char* p = beforeValue(1);
+  *p++ = bracket;
+  cur_ = p;
+  stack_.push_back({isObject, true});
 }
 
 void JsonWriter::beginObject() {
-  if (beforeValue()) *out_ += ',';
-  *out_ += '{';
-  stack_.push_back({true, true});
+  open(true, '{');
 }
 
 void JsonWriter::beginArray() {
-  if (beforeValue()) *out_ += ',';
-  *out_ += '[';
-  stack_.push_back({false, true});
+  open(false, '[');
+}
+
+void JsonWriter::end() {
+  Frame top = stack_.back();
+  stack_.pop_back();
+  char* p = reserve(pretty_ ? 2 + 2 * stack_.size() : 1);
+  if (pretty_ && !top.empty) p = newline(p);
+  *p++ = top.isObject ? '}' : ']';
+  afterValue(p);
 }
 
 void JsonWriter::endObject() {
-  bool empty = stack_.back().empty;
-  stack_.pop_back();
-  if (pretty_ && !empty) newline();
-  *out_ += '}';
+  end();
 }
 
 void JsonWriter::endArray() {
-  bool empty = stack_.back().empty;
-  stack_.pop_back();
-  if (pretty_ && !empty) newline();
-  *out_ += ']';
+  end();
 }
 
 void JsonWriter::null() {
-  out_->append(beforeValue() ? ",null" : "null");
+  char* p = beforeValue(4);
+  std::memcpy(p, "null", 4);
+  afterValue(p + 4);
 }
 
 void JsonWriter::boolean(bool value) {
-  if (beforeValue()) *out_ += ',';
-  *out_ += value ? "true" : "false";
+  char* p = beforeValue(5);
+  std::memcpy(p, value ? "true" : "false", 5);  // with its terminator for "true"
+  afterValue(p + (value ? 4 : 5));
 }
 
 void JsonWriter::integer(std::int64_t value) {
-  char buf[24];
-  char* p = buf;
-  *p = ',';
-  p += beforeValue();
-  out_->append(buf, static_cast<std::size_t>(std::to_chars(p, buf + sizeof buf, value).ptr - buf));
+  char* p = beforeValue(20);
+  afterValue(std::to_chars(p, p + 20, value).ptr);
 }
 
 void JsonWriter::number(double value) {
-  char buf[33];
-  char* p = buf;
-  *p = ',';
-  p += beforeValue();
-  out_->append(buf, static_cast<std::size_t>(writeNumber(p, value) - buf));
+  char* p = beforeValue(kMaxNumber);
+  afterValue(writeNumber(p, value));
 }
 
 void JsonWriter::string(std::string_view value) {
-  bool comma = beforeValue();
-  if (value.size() <= kShortString && plainPrefix(value) == value.size()) {
-    char buf[kShortString + 3];
-    char* p = buf;
-    *p = ',';
-    p += comma;
-    *p++ = '"';
-    std::memcpy(p, value.data(), value.size());
-    p += value.size();
-    *p++ = '"';
-    out_->append(buf, static_cast<std::size_t>(p - buf));
-    return;
-  }
-  if (comma) *out_ += ',';
-  appendJsonString(*out_, value);
+  char* p = beforeValue(value.size() + 2);
+  afterValue(quoted(p, value));
 }
 
 void JsonFieldWriter::number(double value) {

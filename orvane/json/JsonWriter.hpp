@@ -10,15 +10,23 @@
 
 namespace orvane {
 
+/// Writes straight into the buffer of `out`, which it grows ahead of the text: while a container
+/// is open, `out` is longer than the text and must not be changed. Once the outermost value is
+/// complete (or on `flush()`, or when the writer goes away), `out` holds exactly the text.
 class JsonWriter {
  public:
   /// Appends to `out`; `pretty` indents by two spaces.
   explicit JsonWriter(std::string& out, bool pretty = false) : out_(&out), pretty_(pretty) {}
+  ~JsonWriter() { flush(); }
+  JsonWriter(const JsonWriter&) = delete;
+  JsonWriter& operator=(const JsonWriter&) = delete;
 
   void beginObject();
   void endObject();
   void beginArray();
   void endArray();
+  /// Ends the innermost container, object or array.
+  void end();
   /// Starts a member of the innermost object.
   void key(std::string_view name);
 
@@ -32,17 +40,40 @@ class JsonWriter {
 
   /// How many containers are open.
   int depth() const { return static_cast<int>(stack_.size()); }
+  /// The length of the text in `out`, written so far.
+  std::size_t size() const {
+    return cur_ ? static_cast<std::size_t>(cur_ - out_->data()) : out_->size();
+  }
+  /// Trims `out` to the text written so far.
+  void flush();
 
  private:
   struct Frame {
     bool isObject;
     bool empty;
   };
-  /// Marks a value as written; true when a comma must precede it (written already when pretty).
-  bool beforeValue();
-  void newline();
+  /// Room for `n` more bytes at the returned cursor.
+  char* reserve(std::size_t n) {
+    if (static_cast<std::size_t>(end_ - cur_) < n) grow(n);
+    return cur_;
+  }
+  void grow(std::size_t n);
+  /// Marks a value as written and writes what must precede it (a comma, and when pretty the
+  /// line break). Returns the cursor with room for `n` more bytes.
+  char* beforeValue(std::size_t n);
+  char* newline(char* p);
+  /// After a value: the outermost one leaves `out` exact.
+  void afterValue(char* p) {
+    cur_ = p;
+    if (stack_.empty()) flush();
+  }
+  char* quoted(char* p, std::string_view value);
+  void escaped(const char* s, std::size_t n);
+  void open(bool isObject, char bracket);
 
   std::string* out_;
+  char* cur_ = nullptr;  // the end of the text, inside out_'s buffer; null when flushed
+  char* end_ = nullptr;  // the end of out_'s buffer
   bool pretty_;
   bool afterKey_ = false;
   std::vector<Frame> stack_;
