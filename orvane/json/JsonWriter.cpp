@@ -82,51 +82,88 @@ inline std::size_t copyPlain(char* d, const char* s, std::size_t n) {
   return n;
 }
 
+constexpr char kPairs[] =
+    "00010203040506070809101112131415161718192021222324252627282930313233343536373839"
+    "40414243444546474849505152535455565758596061626364656667686970717273747576777879"
+    "8081828384858687888990919293949596979899";
+
+// Writes the `count` lowest decimal digits of `u` at `p`, zero-padded, and returns their end.
+char* writeDigits(char* p, std::uint64_t u, int count) {
+  char* end = p + count;
+  char* q = end;
+  for (; count >= 2; count -= 2) {
+    q -= 2;
+    std::memcpy(q, kPairs + 2 * (u % 100), 2);
+    u /= 100;
+  }
+  if (count) *--q = static_cast<char>('0' + u % 10);
+  return end;
+}
+
+int digitCount(std::uint64_t u) {
+  int count = 1;
+  for (std::uint64_t limit = 10; count < 20 && u >= limit; limit *= 10) ++count;
+  return count;
+}
+
+// Writes a whole number below 2^50 at `p`, or returns null where scientific text is shorter
+// (many trailing zeros).
+char* writeWhole(char* p, std::uint64_t u) {
+  int count = digitCount(u);
+  if (count > 5) {
+    int zeros = 0;
+    for (std::uint64_t v = u; zeros < count - 1 && v % 10 == 0; v /= 10) ++zeros;
+    // Scientific text is "d" or "d.ddd" with "e+XX": shorter beyond these.
+    if (count - zeros == 1 || zeros > 5) return nullptr;
+  }
+  return writeDigits(p, u, count);
+}
+
 // Integers, and numbers with at most three decimals, below 2^50 in magnitude: their shortest
 // round-trip text is the integer m of value * 10^k for the least k with m / 10^k == value (the
 // division rounds as a parser does), with the point put back. Fixed notation is then never
 // longer than scientific, except for integers with many trailing zeros, which are left to
 // to_chars. Writes the same text as to_chars, several times faster.
-// Writes the text at `p` (at most 32 bytes) and returns its end, or null when the value is not
-// such a number.
+// Writes the text at `p` (room for 32 bytes) and returns its end, or null when the value is
+// not such a number.
 char* writeShortDecimal(char* p, double value) {
-  static constexpr double scales[] = {1, 10, 100, 1000};
-  if (!(std::fabs(value) < 0x1p50)) return nullptr;
-  for (int k = 0; k < 4; ++k) {
-    double m = std::nearbyint(value * scales[k]);
-    if (m / scales[k] != value) continue;
-    if (!(std::fabs(m) < 0x1p50)) return nullptr;
-    auto integer = static_cast<std::int64_t>(m);
-    char digits[24];
-    char* end = std::to_chars(digits, digits + sizeof digits, integer < 0 ? -integer : integer).ptr;
-    auto count = static_cast<int>(end - digits);
-    if (k == 0) {
-      int zeros = 0;
-      while (zeros < count - 1 && digits[count - 1 - zeros] == '0') ++zeros;
-      // Scientific text is "d" or "d.ddd" with "e+XX": shorter beyond these.
-      bool fixed = count - zeros == 1 ? count <= 5 : zeros <= 5;
-      if (!fixed) return nullptr;
-    }
-    if (integer < 0) *p++ = '-';
-    if (k == 0) {
-      std::memcpy(p, digits, count);
-      p += count;
-    } else if (count > k) {
-      std::memcpy(p, digits, count - k);
-      p += count - k;
-      *p++ = '.';
-      std::memcpy(p, digits + count - k, k);
-      p += k;
-    } else {
-      *p++ = '0';
-      *p++ = '.';
-      for (int i = count; i < k; ++i) *p++ = '0';
-      std::memcpy(p, digits, count);
-      p += count;
-    }
-    return p;
+  // A value that is m / 10^k is m * 10^(3-k) / 1000 too (the same quotient, rounded the same
+  // way), and the reverse: so one test with k = 3 decides, and m's trailing zeros give the
+  // least k. Few branches: whether a value is whole, and its length, vary from one to the next.
+  double x = value * 1000;
+  if (!(std::fabs(x) < 0x1p50)) {
+    if (!(std::fabs(value) < 0x1p50) || std::trunc(value) != value) return nullptr;
+    auto whole = static_cast<std::int64_t>(value);
+    *p = '-';
+    return writeWhole(p + (whole < 0), static_cast<std::uint64_t>(whole < 0 ? -whole : whole));
   }
-  return nullptr;
+  // When some m passes the test, x lies within a quarter of it: rounding half away from zero
+  // finds the same m as rounding to nearest would.
+  auto m = static_cast<std::int64_t>(x + std::copysign(0.5, x));
+  if (static_cast<double>(m) / 1000 != value) return nullptr;
+  *p = '-';
+  p += m < 0;
+  auto u = static_cast<std::uint64_t>(m < 0 ? -m : m);
+  std::uint64_t integral = u / 1000;
+  auto fraction = static_cast<unsigned>(u % 1000);
+  int k = (fraction != 0) + (fraction % 100 != 0) + (fraction % 10 != 0);
+  if (integral < 10000) {
+    // Four digits, of which the last `count` are kept.
+    char digits[8] = {};
+    std::memcpy(digits, kPairs + 2 * (integral / 100), 2);
+    std::memcpy(digits + 2, kPairs + 2 * (integral % 100), 2);
+    int count = 1 + (integral >= 10) + (integral >= 100) + (integral >= 1000);
+    std::memcpy(p, digits + 4 - count, 4);
+    p += count;
+  } else {
+    p = k == 0 ? writeWhole(p, integral) : writeDigits(p, integral, digitCount(integral));
+    if (!p) return nullptr;
+  }
+  // The point and three digits, of which the point and the first k are kept.
+  p[0] = '.';
+  p[1] = static_cast<char>('0' + fraction / 100);
+  std::memcpy(p + 2, kPairs + 2 * (fraction % 100), 2);
+  return p + k + (k != 0);
 }
 
 // The longest text writeNumber writes.
