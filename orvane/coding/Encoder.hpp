@@ -23,14 +23,22 @@ class EncoderBackend {
   virtual ~EncoderBackend();
 
   /// Starts a member `key` of the object at `level`.
-  virtual void member(int level, std::string_view key) = 0;
+  void member(int level, std::string_view key) {
+    closeAbove(level);
+    writeKey(key);
+  }
   /// Starts the next element of the array at `level`.
-  virtual void element(int level) = 0;
+  void element(int level) { closeAbove(level); }
   /// Opens an object or an array at the current position and returns its level.
   virtual int openObject() = 0;
   virtual int openArray() = 0;
   /// Closes every container above `level`.
-  virtual void closeAbove(int level) = 0;
+  void closeAbove(int level) {
+    // Nearly always the innermost container already: no call then.
+    if (level < depth_) closeTo(level);
+  }
+  /// Starts a member `key` of the innermost container, an object.
+  virtual void writeKey(std::string_view key) = 0;
 
   virtual void writeNull() = 0;
   virtual void writeString(std::string_view value) = 0;
@@ -40,6 +48,12 @@ class EncoderBackend {
   virtual void writeDouble(double value, const CodingPathLink* path) = 0;
   virtual void writeDate(Date value, const CodingPathLink* path) = 0;
   virtual void writeUrl(const Url& value) = 0;
+
+ protected:
+  /// Closes containers until the one at `level` is the innermost (or none is open at 0).
+  virtual void closeTo(int level) = 0;
+  /// How many containers are open: kept up to date by openObject, openArray and closeTo.
+  int depth_ = 0;
 };
 
 class KeyedEncodingContainer;

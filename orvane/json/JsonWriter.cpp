@@ -148,12 +148,19 @@ char* writeShortDecimal(char* p, double value) {
   auto fraction = static_cast<unsigned>(u % 1000);
   int k = (fraction != 0) + (fraction % 100 != 0) + (fraction % 10 != 0);
   if (integral < 10000) {
-    // Four digits, of which the last `count` are kept.
-    char digits[8] = {};
-    std::memcpy(digits, kPairs + 2 * (integral / 100), 2);
-    std::memcpy(digits + 2, kPairs + 2 * (integral % 100), 2);
+    // Four digits in a register (not a buffer read back across two stores, which stalls), of
+    // which the last `count` are kept.
+    std::uint16_t high, low;
+    std::memcpy(&high, kPairs + 2 * (integral / 100), 2);
+    std::memcpy(&low, kPairs + 2 * (integral % 100), 2);
     int count = 1 + (integral >= 10) + (integral >= 100) + (integral >= 1000);
-    std::memcpy(p, digits + 4 - count, 4);
+    auto drop = static_cast<unsigned>(8 * (4 - count));
+    std::uint32_t digits;
+    if constexpr (std::endian::native == std::endian::little)
+      digits = (high | std::uint32_t{low} << 16) >> drop;
+    else
+      digits = (std::uint32_t{high} << 16 | low) << drop;
+    std::memcpy(p, &digits, 4);
     p += count;
   } else {
     p = k == 0 ? writeWhole(p, integral) : writeDigits(p, integral, digitCount(integral));
@@ -168,6 +175,11 @@ char* writeShortDecimal(char* p, double value) {
 
 // The longest text writeNumber writes.
 constexpr std::size_t kMaxNumber = 32;
+
+// Keys and strings up to this length, and numbers, are written without a call when there is
+// this much room ahead.
+constexpr std::size_t kShortText = 64;
+constexpr std::size_t kShortRoom = kShortText + 8;
 
 // Writes the JSON text of a finite double at `p` (room for kMaxNumber bytes) and returns its end.
 char* writeNumber(char* p, double value) {
@@ -296,6 +308,27 @@ void JsonWriter::escaped(const char* s, std::size_t n) {
 }
 
 void JsonWriter::key(std::string_view name) {
+  // The common case first, with nothing to call: compact text, room ahead, a short plain key.
+  char* p = cur_;
+  if (!pretty_ && name.size() <= kShortText && static_cast<std::size_t>(end_ - p) >= kShortRoom) {
+    Frame& top = stack_.back();
+    *p = ',';
+    p += !top.empty;
+    *p++ = '"';
+    if (copyPlain(p, name.data(), name.size()) == name.size()) {
+      p += name.size();
+      p[0] = '"';
+      p[1] = ':';
+      cur_ = p + 2;
+      top.empty = false;
+      afterKey_ = true;
+      return;
+    }
+  }
+  anyKey(name);
+}
+
+void JsonWriter::anyKey(std::string_view name) {
   Frame& top = stack_.back();
   bool comma = !top.empty;
   top.empty = false;
@@ -360,12 +393,30 @@ void JsonWriter::integer(std::int64_t value) {
 }
 
 void JsonWriter::number(double value) {
+  if (afterKey_ && static_cast<std::size_t>(end_ - cur_) >= kShortRoom) {
+    afterKey_ = false;
+    cur_ = writeNumber(cur_, value);
+    return;
+  }
   char* p = beforeValue(kMaxNumber);
   afterValue(writeNumber(p, value));
 }
 
 void JsonWriter::string(std::string_view value) {
-  char* p = beforeValue(value.size() + 2);
+  // A member's short plain value, as key() does.
+  char* p = cur_;
+  if (afterKey_ && value.size() <= kShortText &&
+      static_cast<std::size_t>(end_ - p) >= kShortRoom) {
+    *p++ = '"';
+    if (copyPlain(p, value.data(), value.size()) == value.size()) {
+      p += value.size();
+      *p++ = '"';
+      cur_ = p;
+      afterKey_ = false;
+      return;
+    }
+  }
+  p = beforeValue(value.size() + 2);
   afterValue(quoted(p, value));
 }
 

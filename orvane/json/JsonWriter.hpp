@@ -69,6 +69,7 @@ class JsonWriter {
   }
   char* quoted(char* p, std::string_view value);
   void escaped(const char* s, std::size_t n);
+  void anyKey(std::string_view name);
   void open(bool isObject, char bracket);
 
   std::string* out_;
