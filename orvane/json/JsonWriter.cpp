@@ -9,78 +9,9 @@
 
 namespace orvane {
 
+using json_detail::copyPlain;
+
 namespace {
-
-constexpr std::uint64_t kOnes = 0x0101010101010101ull;
-constexpr std::uint64_t kHighs = 0x8080808080808080ull;
-
-// The high bit of each of the eight bytes of `w` that is a control character, a quote or a
-// backslash; bytes from 0x80 up (UTF-8 sequences) never count. Bits above the first flagged
-// byte may be spurious, the first one never is.
-inline std::uint64_t needsEscape(std::uint64_t w) {
-  auto zeroByte = [](std::uint64_t v) { return (v - kOnes) & ~v & kHighs; };
-  std::uint64_t control = (w - 0x20 * kOnes) & ~w & kHighs;
-  return control | zeroByte(w ^ ('"' * kOnes)) | zeroByte(w ^ ('\\' * kOnes));
-}
-
-// The index in memory order of the first byte flagged in `mask`.
-inline std::size_t firstFlagged(std::uint64_t mask) {
-  if constexpr (std::endian::native == std::endian::little)
-    return static_cast<std::size_t>(std::countr_zero(mask)) / 8;
-  else
-    return static_cast<std::size_t>(std::countl_zero(mask)) / 8;
-}
-
-inline std::uint64_t load64(const char* p) {
-  std::uint64_t w;
-  std::memcpy(&w, p, 8);
-  return w;
-}
-inline std::uint32_t load32(const char* p) {
-  std::uint32_t w;
-  std::memcpy(&w, p, 4);
-  return w;
-}
-
-// Copies from `s` to `d` the longest prefix of the `n` bytes that needs no escaping (for fewer
-// than eight bytes, either all or none) and returns its length. Writes nothing at or beyond
-// d + n, but may write past the prefix. Word-sized moves instead of a call to memcpy: nearly
-// every key and string is short.
-inline std::size_t copyPlain(char* d, const char* s, std::size_t n) {
-  if (n >= 8) {
-    std::size_t i = 0;
-    for (; i + 8 <= n; i += 8) {
-      std::uint64_t w = load64(s + i);
-      std::memcpy(d + i, &w, 8);
-      if (std::uint64_t m = needsEscape(w)) return i + firstFlagged(m);
-    }
-    if (i == n) return n;
-    // The last bytes, in a word that overlaps the one before (whose bytes are plain).
-    std::uint64_t w = load64(s + n - 8);
-    std::memcpy(d + n - 8, &w, 8);
-    if (std::uint64_t m = needsEscape(w)) return n - 8 + firstFlagged(m);
-    return n;
-  }
-  if (n >= 4) {
-    // Two words that overlap when n < 8.
-    std::uint32_t a = load32(s), b = load32(s + n - 4);
-    if (needsEscape(a | std::uint64_t{b} << 32)) return 0;
-    std::memcpy(d, &a, 4);
-    std::memcpy(d + n - 4, &b, 4);
-    return n;
-  }
-  if (n == 0) return 0;
-  // The first, middle and last bytes cover one to three, padded with a plain letter.
-  auto a = static_cast<unsigned char>(s[0]);
-  auto b = static_cast<unsigned char>(s[n / 2]);
-  auto c = static_cast<unsigned char>(s[n - 1]);
-  std::uint64_t w = a | std::uint64_t{b} << 8 | std::uint64_t{c} << 16 | 0x6161616161000000ull;
-  if (needsEscape(w)) return 0;
-  d[0] = static_cast<char>(a);
-  d[n / 2] = static_cast<char>(b);
-  d[n - 1] = static_cast<char>(c);
-  return n;
-}
 
 constexpr char kPairs[] =
     "00010203040506070809101112131415161718192021222324252627282930313233343536373839"
@@ -119,76 +50,48 @@ char* writeWhole(char* p, std::uint64_t u) {
   return writeDigits(p, u, count);
 }
 
-// Integers, and numbers with at most three decimals, below 2^50 in magnitude: their shortest
-// round-trip text is the integer m of value * 10^k for the least k with m / 10^k == value (the
-// division rounds as a parser does), with the point put back. Fixed notation is then never
-// longer than scientific, except for integers with many trailing zeros, which are left to
-// to_chars. Writes the same text as to_chars, several times faster.
-// Writes the text at `p` (room for 32 bytes) and returns its end, or null when the value is
-// not such a number.
-char* writeShortDecimal(char* p, double value) {
-  // A value that is m / 10^k is m * 10^(3-k) / 1000 too (the same quotient, rounded the same
-  // way), and the reverse: so one test with k = 3 decides, and m's trailing zeros give the
-  // least k. Few branches: whether a value is whole, and its length, vary from one to the next.
-  double x = value * 1000;
-  if (!(std::fabs(x) < 0x1p50)) {
-    if (!(std::fabs(value) < 0x1p50) || std::trunc(value) != value) return nullptr;
-    auto whole = static_cast<std::int64_t>(value);
-    *p = '-';
-    return writeWhole(p + (whole < 0), static_cast<std::uint64_t>(whole < 0 ? -whole : whole));
+// The text after the integral digits of m / 1000, by m % 1000: the point and up to three
+// digits without trailing zeros (nothing for zero), and how many of the four bytes count.
+struct Fractions {
+  char text[1000][4];
+  unsigned char length[1000];
+};
+constexpr Fractions kFractions = [] {
+  Fractions table{};
+  for (int f = 0; f < 1000; ++f) {
+    table.text[f][0] = '.';
+    table.text[f][1] = static_cast<char>('0' + f / 100);
+    table.text[f][2] = static_cast<char>('0' + f / 10 % 10);
+    table.text[f][3] = static_cast<char>('0' + f % 10);
+    int k = (f != 0) + (f % 100 != 0) + (f % 10 != 0);
+    table.length[f] = static_cast<unsigned char>(k == 0 ? 0 : k + 1);
   }
-  // When some m passes the test, x lies within a quarter of it: rounding half away from zero
-  // finds the same m as rounding to nearest would.
-  auto m = static_cast<std::int64_t>(x + std::copysign(0.5, x));
-  if (static_cast<double>(m) / 1000 != value) return nullptr;
-  *p = '-';
-  p += m < 0;
-  auto u = static_cast<std::uint64_t>(m < 0 ? -m : m);
-  std::uint64_t integral = u / 1000;
-  auto fraction = static_cast<unsigned>(u % 1000);
-  int k = (fraction != 0) + (fraction % 100 != 0) + (fraction % 10 != 0);
-  if (integral < 10000) {
-    // Four digits in a register (not a buffer read back across two stores, which stalls), of
-    // which the last `count` are kept.
-    std::uint16_t high, low;
-    std::memcpy(&high, kPairs + 2 * (integral / 100), 2);
-    std::memcpy(&low, kPairs + 2 * (integral % 100), 2);
-    int count = 1 + (integral >= 10) + (integral >= 100) + (integral >= 1000);
-    auto drop = static_cast<unsigned>(8 * (4 - count));
-    std::uint32_t digits;
-    if constexpr (std::endian::native == std::endian::little)
-      digits = (high | std::uint32_t{low} << 16) >> drop;
-    else
-      digits = (std::uint32_t{high} << 16 | low) << drop;
-    std::memcpy(p, &digits, 4);
-    p += count;
-  } else {
-    p = k == 0 ? writeWhole(p, integral) : writeDigits(p, integral, digitCount(integral));
-    if (!p) return nullptr;
-  }
-  // The point and three digits, of which the point and the first k are kept.
-  p[0] = '.';
-  p[1] = static_cast<char>('0' + fraction / 100);
-  std::memcpy(p + 2, kPairs + 2 * (fraction % 100), 2);
-  return p + k + (k != 0);
+  return table;
+}();
+
+// The integral part of a scaled number beyond four digits, or null when it is all there is
+// and scientific text is shorter. Out of line: it would cost the common case its registers.
+[[gnu::noinline]] char* writeLargeIntegral(char* p, std::uint64_t integral, bool whole) {
+  return whole ? writeWhole(p, integral) : writeDigits(p, integral, digitCount(integral));
 }
 
-// The longest text writeNumber writes.
+// The longest text writeJsonNumber writes.
 constexpr std::size_t kMaxNumber = 32;
 
-// Keys and strings up to this length, and numbers, are written without a call when there is
-// this much room ahead.
-constexpr std::size_t kShortText = 64;
-constexpr std::size_t kShortRoom = kShortText + 8;
-
-// Writes the JSON text of a finite double at `p` (room for kMaxNumber bytes) and returns its end.
-char* writeNumber(char* p, double value) {
-  if (value == 0 && std::signbit(value)) {
+// Every finite number the short path does not take: -0, large or long ones.
+[[gnu::noinline]] char* writeOtherNumber(char* p, double value) {
+  if (value == 0) {
     // "-0" would read back as the integer zero and lose its sign.
     std::memcpy(p, "-0.0", 4);
     return p + 4;
   }
-  if (char* end = writeShortDecimal(p, value)) return end;
+  // Whole numbers below 2^50 too large to scale, in fixed notation where that is not longer.
+  if (std::fabs(value) < 0x1p50 && std::trunc(value) == value) {
+    auto whole = static_cast<std::int64_t>(value);
+    auto magnitude = static_cast<std::uint64_t>(whole < 0 ? -whole : whole);
+    *p = '-';
+    if (char* end = writeWhole(p + (whole < 0), magnitude)) return end;
+  }
   // Integral text beyond 64 bits would read back as an integer too large for the parser.
   return std::fabs(value) >= 1e18
              ? std::to_chars(p, p + kMaxNumber, value, std::chars_format::scientific).ptr
@@ -197,13 +100,64 @@ char* writeNumber(char* p, double value) {
 
 }  // namespace
 
+// Integers, and numbers with at most three decimals, below 2^50 in magnitude once scaled by
+// 1000: their shortest round-trip text is the integer m of value * 10^k for the least k with
+// m / 10^k == value (the division rounds as a parser does), with the point put back. A value
+// that is m / 10^k is m * 10^(3-k) / 1000 too (the same quotient, rounded the same way), and
+// the reverse: so one test with k = 3 decides, and m's trailing zeros give the least k. Fixed
+// notation is then never longer than scientific, except for integers with many trailing zeros.
+// Writes the same text as to_chars, several times faster. Few branches: whether a value is
+// whole, and its length, vary unpredictably from one to the next.
+char* writeJsonNumber(char* p, double value) {
+  double x = value * 1000;
+  if (!(std::fabs(x) < 0x1p50)) return writeOtherNumber(p, value);
+  // When some m passes the test, x lies within a quarter of it: rounding half away from zero
+  // finds the same m as rounding to nearest would.
+  auto m = static_cast<std::int64_t>(x + std::copysign(0.5, x));
+  if (static_cast<double>(m) / 1000 != value || (m == 0 && std::signbit(value)))
+    return writeOtherNumber(p, value);
+  char* start = p;
+  *p = '-';
+  p += m < 0;
+  auto u = static_cast<std::uint64_t>(m < 0 ? -m : m);
+  std::uint64_t integral = u / 1000;
+  auto fraction = static_cast<unsigned>(u % 1000);
+  if (integral < 10000) {
+    // Four digits in a register (not a buffer read back across two stores, which stalls),
+    // without their leading zeros but the last.
+    std::uint16_t high, low;
+    std::memcpy(&high, kPairs + 2 * (integral / 100), 2);
+    std::memcpy(&low, kPairs + 2 * (integral % 100), 2);
+    std::uint32_t digits, values;
+    int zeros;
+    if constexpr (std::endian::native == std::endian::little) {
+      digits = high | std::uint32_t{low} << 16;
+      values = (digits ^ 0x30303030u) | 0x01000000u;
+      zeros = std::countr_zero(values) / 8;
+      digits >>= 8 * zeros;
+    } else {
+      digits = std::uint32_t{high} << 16 | low;
+      values = (digits ^ 0x30303030u) | 0x00000001u;
+      zeros = std::countl_zero(values) / 8;
+      digits <<= 8 * zeros;
+    }
+    std::memcpy(p, &digits, 4);
+    p += 4 - zeros;
+  } else {
+    p = writeLargeIntegral(p, integral, fraction == 0);
+    if (!p) return writeOtherNumber(start, value);
+  }
+  std::memcpy(p, kFractions.text[fraction], 4);
+  return p + kFractions.length[fraction];
+}
+
 void appendJsonString(std::string& out, std::string_view value) {
   JsonWriter(out).string(value);
 }
 
 void appendJsonNumber(std::string& out, double value) {
   char buf[kMaxNumber];
-  out.append(buf, static_cast<std::size_t>(writeNumber(buf, value) - buf));
+  out.append(buf, static_cast<std::size_t>(writeJsonNumber(buf, value) - buf));
 }
 
 void JsonWriter::grow(std::size_t n) {
@@ -307,27 +261,6 @@ void JsonWriter::escaped(const char* s, std::size_t n) {
   }
 }
 
-void JsonWriter::key(std::string_view name) {
-  // The common case first, with nothing to call: compact text, room ahead, a short plain key.
-  char* p = cur_;
-  if (!pretty_ && name.size() <= kShortText && static_cast<std::size_t>(end_ - p) >= kShortRoom) {
-    Frame& top = stack_.back();
-    *p = ',';
-    p += !top.empty;
-    *p++ = '"';
-    if (copyPlain(p, name.data(), name.size()) == name.size()) {
-      p += name.size();
-      p[0] = '"';
-      p[1] = ':';
-      cur_ = p + 2;
-      top.empty = false;
-      afterKey_ = true;
-      return;
-    }
-  }
-  anyKey(name);
-}
-
 void JsonWriter::anyKey(std::string_view name) {
   Frame& top = stack_.back();
   bool comma = !top.empty;
@@ -392,31 +325,13 @@ void JsonWriter::integer(std::int64_t value) {
   afterValue(std::to_chars(p, p + 20, value).ptr);
 }
 
-void JsonWriter::number(double value) {
-  if (afterKey_ && static_cast<std::size_t>(end_ - cur_) >= kShortRoom) {
-    afterKey_ = false;
-    cur_ = writeNumber(cur_, value);
-    return;
-  }
+void JsonWriter::anyNumber(double value) {
   char* p = beforeValue(kMaxNumber);
-  afterValue(writeNumber(p, value));
+  afterValue(writeJsonNumber(p, value));
 }
 
-void JsonWriter::string(std::string_view value) {
-  // A member's short plain value, as key() does.
-  char* p = cur_;
-  if (afterKey_ && value.size() <= kShortText &&
-      static_cast<std::size_t>(end_ - p) >= kShortRoom) {
-    *p++ = '"';
-    if (copyPlain(p, value.data(), value.size()) == value.size()) {
-      p += value.size();
-      *p++ = '"';
-      cur_ = p;
-      afterKey_ = false;
-      return;
-    }
-  }
-  p = beforeValue(value.size() + 2);
+void JsonWriter::anyString(std::string_view value) {
+  char* p = beforeValue(value.size() + 2);
   afterValue(quoted(p, value));
 }
 
