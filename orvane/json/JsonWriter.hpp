@@ -8,6 +8,10 @@
 #include <string_view>
 #include <vector>
 
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
 #include <orvane/coding/FieldVisitor.hpp>
 
 namespace orvane {
@@ -98,6 +102,25 @@ inline std::size_t copyPlain(char* d, const char* s, std::size_t n) {
   return n;
 }
 
+#if defined(__SSE2__)
+// Whether none of the sixteen bytes of `v` needs escaping. In vector registers the three
+// comparisons cost no general registers, which the short paths inline in callers need.
+inline bool plainBytes(__m128i v) {
+  __m128i bad = _mm_or_si128(_mm_cmpeq_epi8(v, _mm_set1_epi8('"')),
+                             _mm_cmpeq_epi8(v, _mm_set1_epi8('\\')));
+  __m128i control = _mm_set1_epi8(0x1f);
+  bad = _mm_or_si128(bad, _mm_cmpeq_epi8(_mm_min_epu8(v, control), v));
+  return _mm_movemask_epi8(bad) == 0;
+}
+inline bool plainWords(std::uint64_t a, std::uint64_t b) {
+  return plainBytes(_mm_set_epi64x(static_cast<long long>(b), static_cast<long long>(a)));
+}
+#else
+inline bool plainWords(std::uint64_t a, std::uint64_t b) {
+  return !(needsEscape(a) | needsEscape(b));
+}
+#endif
+
 // Copies `n` bytes, at most 16, from `s` to `d` and returns true when none needs escaping;
 // otherwise returns false, having written somewhere below d + n. For keys and short strings,
 // in a few moves and no loop.
@@ -107,13 +130,14 @@ inline bool copyShort(char* d, const char* s, std::size_t n) {
     std::uint64_t a = load64(s), b = load64(s + n - 8);
     std::memcpy(d, &a, 8);
     std::memcpy(d + n - 8, &b, 8);
-    return !(needsEscape(a) | needsEscape(b));
+    return plainWords(a, b);
   }
   if (n >= 4) {
     std::uint32_t a = load32(s), b = load32(s + n - 4);
     std::memcpy(d, &a, 4);
     std::memcpy(d + n - 4, &b, 4);
-    return !needsEscape(a | std::uint64_t{b} << 32);
+    std::uint64_t w = a | std::uint64_t{b} << 32;
+    return plainWords(w, w);
   }
   if (n == 0) return true;
   // The first, middle and last bytes cover one to three.
