@@ -33,15 +33,17 @@ inline std::uint64_t needsEscape(std::uint64_t w) {
 }
 
 // Per byte: whether it needs escaping.
-inline constexpr auto kEscaped = [] {
-  struct Table {
-    bool escaped[256] = {};
-  } table;
+struct EscapeTable {
+  bool escaped[256];
+};
+constexpr EscapeTable makeEscapeTable() {
+  EscapeTable table{};
   for (int c = 0; c < 0x20; ++c) table.escaped[c] = true;
   table.escaped[static_cast<unsigned char>('"')] = true;
   table.escaped[static_cast<unsigned char>('\\')] = true;
   return table;
-}();
+}
+inline constexpr EscapeTable kEscaped = makeEscapeTable();
 
 // The index in memory order of the first byte flagged in `mask`.
 inline std::size_t firstFlagged(std::uint64_t mask) {
@@ -106,8 +108,8 @@ inline std::size_t copyPlain(char* d, const char* s, std::size_t n) {
 // Whether none of the sixteen bytes of `v` needs escaping. In vector registers the three
 // comparisons cost no general registers, which the short paths inline in callers need.
 inline bool plainBytes(__m128i v) {
-  __m128i bad = _mm_or_si128(_mm_cmpeq_epi8(v, _mm_set1_epi8('"')),
-                             _mm_cmpeq_epi8(v, _mm_set1_epi8('\\')));
+  __m128i bad =
+      _mm_or_si128(_mm_cmpeq_epi8(v, _mm_set1_epi8('"')), _mm_cmpeq_epi8(v, _mm_set1_epi8('\\')));
   __m128i control = _mm_set1_epi8(0x1f);
   bad = _mm_or_si128(bad, _mm_cmpeq_epi8(_mm_min_epu8(v, control), v));
   return _mm_movemask_epi8(bad) == 0;
