@@ -208,6 +208,21 @@ struct EncodingOf<std::vector<T>> {
   }
 };
 
+template <class R>
+struct EncodingOf<std::vector<std::shared_ptr<R>>> {
+  static void encode(Encoder& e, const std::vector<std::shared_ptr<R>>& values) {
+    auto array = e.unkeyedContainer();
+    for (std::size_t i = 0; i < values.size(); ++i) {
+      // Records of a large graph lie all over the heap: ask for the next one while this one
+      // is written, rather than wait for it then.
+#if defined(__GNUC__)
+      if (i + 1 < values.size()) __builtin_prefetch(values[i + 1].get());
+#endif
+      array.encode(values[i]);
+    }
+  }
+};
+
 #define ORVANE_SCALAR_ENCODING(Type)                                                      \
   template <>                                                                             \
   struct EncodingOf<Type> {                                                               \
