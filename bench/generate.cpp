@@ -13,7 +13,7 @@ namespace {
 
 class Generator {
  public:
-  Generator(std::string& out, std::uint64_t seed) : out_(out), w_(out), rng_(seed) {}
+  Generator(std::string& out, std::uint64_t seed) : w_(out), rng_(seed) {}
 
   void snapshot() {
     w_.beginObject();
@@ -53,6 +53,8 @@ class Generator {
 
   void beginArray() { w_.beginArray(); }
   void endArray() { w_.endArray(); }
+  // The writer runs ahead of the text in `out`; this is the text's length.
+  std::size_t size() const { return w_.size(); }
 
   // A whole project: screens with their versions and dots, sections naming the screens, a
   // component tree, a style guide and members. Screens take most of the bytes, as they do in the
@@ -84,7 +86,7 @@ class Generator {
     w_.boolean(false);
 
     // Screens first: the sections that follow name them.
-    const std::size_t start = out_.size();
+    const std::size_t start = w_.size();
     const std::size_t screenBytes = targetBytes * 85 / 100;
     std::vector<std::string> screenIds;
     w_.key("screens");
@@ -92,9 +94,9 @@ class Generator {
     do {
       screenIds.push_back(hex(24));
       screen(screenIds.back());
-    } while (out_.size() - start < screenBytes);
+    } while (w_.size() - start < screenBytes);
     w_.endArray();
-    const std::size_t perScreen = (out_.size() - start) / screenIds.size();
+    const std::size_t perScreen = (w_.size() - start) / screenIds.size();
 
     w_.key("sections");
     w_.beginArray();
@@ -666,7 +668,6 @@ class Generator {
     w_.endArray();
   }
 
-  std::string& out_;
   JsonWriter w_;
   std::mt19937_64 rng_;
   int budget_ = 0;
@@ -689,7 +690,7 @@ std::string generateSnapshots(std::size_t targetBytes, std::uint64_t seed) {
   g.beginArray();
   do {
     g.snapshot();
-  } while (out.size() < targetBytes);
+  } while (g.size() < targetBytes);
   g.endArray();
   return out;
 }

@@ -23,14 +23,22 @@ class EncoderBackend {
   virtual ~EncoderBackend();
 
   /// Starts a member `key` of the object at `level`.
-  virtual void member(int level, std::string_view key) = 0;
+  void member(int level, std::string_view key) {
+    closeAbove(level);
+    writeKey(key);
+  }
   /// Starts the next element of the array at `level`.
-  virtual void element(int level) = 0;
+  void element(int level) { closeAbove(level); }
   /// Opens an object or an array at the current position and returns its level.
   virtual int openObject() = 0;
   virtual int openArray() = 0;
   /// Closes every container above `level`.
-  virtual void closeAbove(int level) = 0;
+  void closeAbove(int level) {
+    // Nearly always the innermost container already: no call then.
+    if (level < depth_) closeTo(level);
+  }
+  /// Starts a member `key` of the innermost container, an object.
+  virtual void writeKey(std::string_view key) = 0;
 
   virtual void writeNull() = 0;
   virtual void writeString(std::string_view value) = 0;
@@ -40,6 +48,12 @@ class EncoderBackend {
   virtual void writeDouble(double value, const CodingPathLink* path) = 0;
   virtual void writeDate(Date value, const CodingPathLink* path) = 0;
   virtual void writeUrl(const Url& value) = 0;
+
+ protected:
+  /// Closes containers until the one at `level` is the innermost (or none is open at 0).
+  virtual void closeTo(int level) = 0;
+  /// How many containers are open: kept up to date by openObject, openArray and closeTo.
+  int depth_ = 0;
 };
 
 class KeyedEncodingContainer;
@@ -191,6 +205,21 @@ struct EncodingOf<std::vector<T>> {
   static void encode(Encoder& e, const std::vector<T>& values) {
     auto array = e.unkeyedContainer();
     for (const auto& v : values) array.encode(v);
+  }
+};
+
+template <class R>
+struct EncodingOf<std::vector<std::shared_ptr<R>>> {
+  static void encode(Encoder& e, const std::vector<std::shared_ptr<R>>& values) {
+    auto array = e.unkeyedContainer();
+    for (std::size_t i = 0; i < values.size(); ++i) {
+      // Records of a large graph lie all over the heap: ask for the next one while this one
+      // is written, rather than wait for it then.
+#if defined(__GNUC__)
+      if (i + 1 < values.size()) __builtin_prefetch(values[i + 1].get());
+#endif
+      array.encode(values[i]);
+    }
   }
 };
 

@@ -14,29 +14,17 @@ class JsonEncoderBackend final : public EncoderBackend {
   JsonEncoderBackend(std::string& out, const JsonEncoderOptions& options)
       : writer_(out, options.pretty), dates_(options.dates) {}
 
-  void member(int level, std::string_view key) override {
-    closeAbove(level);
-    writer_.key(key);
-  }
-  void element(int level) override { closeAbove(level); }
+  void writeKey(std::string_view key) override { writer_.key(key); }
   int openObject() override {
     writer_.beginObject();
-    kinds_.push_back(true);
-    return writer_.depth();
+    return ++depth_;
   }
   int openArray() override {
     writer_.beginArray();
-    kinds_.push_back(false);
-    return writer_.depth();
+    return ++depth_;
   }
-  void closeAbove(int level) override {
-    while (writer_.depth() > level) {
-      if (kinds_.back())
-        writer_.endObject();
-      else
-        writer_.endArray();
-      kinds_.pop_back();
-    }
+  void closeTo(int level) override {
+    for (; depth_ > level; --depth_) writer_.end();
   }
 
   void writeNull() override { writer_.null(); }
@@ -75,7 +63,6 @@ class JsonEncoderBackend final : public EncoderBackend {
  private:
   JsonWriter writer_;
   DateStrategy dates_;
-  std::vector<bool> kinds_;  // per open container: object or array
 };
 
 }  // namespace

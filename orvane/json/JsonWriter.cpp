@@ -1,5 +1,7 @@
 #include <orvane/json/JsonWriter.hpp>
 
+#include <algorithm>
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
@@ -7,278 +9,330 @@
 
 namespace orvane {
 
-namespace {
-
-constexpr std::uint64_t kOnes = 0x0101010101010101ull;
-constexpr std::uint64_t kHighs = 0x8080808080808080ull;
-
-// Nonzero when one of the eight bytes of `w` is a control character, a quote or a backslash.
-// Bytes from 0x80 up (UTF-8 sequences) never count.
-inline std::uint64_t needsEscape(std::uint64_t w) {
-  auto zeroByte = [](std::uint64_t v) { return (v - kOnes) & ~v & kHighs; };
-  std::uint64_t control = (w - 0x20 * kOnes) & ~w & kHighs;
-  return control | zeroByte(w ^ ('"' * kOnes)) | zeroByte(w ^ ('\\' * kOnes));
-}
-
-// The length of the prefix of `value` that needs no escaping, or a shorter length.
-inline std::size_t plainPrefix(std::string_view value) {
-  const char* data = value.data();
-  std::size_t size = value.size();
-  std::uint64_t w;
-  if (size < 8) {
-    for (std::size_t i = 0; i < size; ++i) {
-      unsigned char c = static_cast<unsigned char>(data[i]);
-      if (c < 0x20 || c == '"' || c == '\\') return i;
-    }
-    return size;
-  }
-  std::size_t i = 0;
-  for (; i + 8 <= size; i += 8) {
-    std::memcpy(&w, data + i, 8);
-    if (needsEscape(w)) return i;
-  }
-  if (i == size) return i;
-  // The last bytes, in a word that overlaps the one before.
-  std::memcpy(&w, data + size - 8, 8);
-  return needsEscape(w) ? i : size;
-}
-
-}  // namespace
-
-void appendJsonString(std::string& out, std::string_view value) {
-  static constexpr char hex[] = "0123456789abcdef";
-  std::size_t plain = plainPrefix(value);
-  if (plain == value.size()) {
-    // Nearly every string: one copy, no per-byte work.
-    out += '"';
-    out.append(value.data(), value.size());
-    out += '"';
-    return;
-  }
-  out += '"';
-  out.append(value.data(), plain);
-  std::size_t run = plain;  // start of the pending run that needs no escaping
-  for (std::size_t i = plain; i < value.size(); ++i) {
-    unsigned char c = static_cast<unsigned char>(value[i]);
-    if (c >= 0x20 && c != '"' && c != '\\') continue;
-    out.append(value.data() + run, i - run);
-    run = i + 1;
-    switch (c) {
-      case '"':
-        out += "\\\"";
-        break;
-      case '\\':
-        out += "\\\\";
-        break;
-      case '\n':
-        out += "\\n";
-        break;
-      case '\r':
-        out += "\\r";
-        break;
-      case '\t':
-        out += "\\t";
-        break;
-      case '\b':
-        out += "\\b";
-        break;
-      case '\f':
-        out += "\\f";
-        break;
-      default:
-        out += "\\u00";
-        out += hex[c >> 4];
-        out += hex[c & 0xF];
-    }
-  }
-  out.append(value.data() + run, value.size() - run);
-  out += '"';
-}
+using json_detail::copyPlain;
 
 namespace {
 
-// Integers, and numbers with at most three decimals, below 2^50 in magnitude: their shortest
-// round-trip text is the integer m of value * 10^k for the least k with m / 10^k == value (the
-// division rounds as a parser does), with the point put back. Fixed notation is then never
-// longer than scientific, except for integers with many trailing zeros, which are left to
-// to_chars. Writes the same text as to_chars, several times faster.
-// Writes the text at `p` (at most 32 bytes) and returns its end, or null when the value is not
-// such a number.
-char* writeShortDecimal(char* p, double value) {
-  static constexpr double scales[] = {1, 10, 100, 1000};
-  if (!(std::fabs(value) < 0x1p50)) return nullptr;
-  for (int k = 0; k < 4; ++k) {
-    double m = std::nearbyint(value * scales[k]);
-    if (m / scales[k] != value) continue;
-    if (!(std::fabs(m) < 0x1p50)) return nullptr;
-    auto integer = static_cast<std::int64_t>(m);
-    char digits[24];
-    char* end = std::to_chars(digits, digits + sizeof digits, integer < 0 ? -integer : integer).ptr;
-    auto count = static_cast<int>(end - digits);
-    if (k == 0) {
-      int zeros = 0;
-      while (zeros < count - 1 && digits[count - 1 - zeros] == '0') ++zeros;
-      // Scientific text is "d" or "d.ddd" with "e+XX": shorter beyond these.
-      bool fixed = count - zeros == 1 ? count <= 5 : zeros <= 5;
-      if (!fixed) return nullptr;
-    }
-    if (integer < 0) *p++ = '-';
-    if (k == 0) {
-      std::memcpy(p, digits, count);
-      p += count;
-    } else if (count > k) {
-      std::memcpy(p, digits, count - k);
-      p += count - k;
-      *p++ = '.';
-      std::memcpy(p, digits + count - k, k);
-      p += k;
-    } else {
-      *p++ = '0';
-      *p++ = '.';
-      for (int i = count; i < k; ++i) *p++ = '0';
-      std::memcpy(p, digits, count);
-      p += count;
-    }
-    return p;
+constexpr char kPairs[] =
+    "00010203040506070809101112131415161718192021222324252627282930313233343536373839"
+    "40414243444546474849505152535455565758596061626364656667686970717273747576777879"
+    "8081828384858687888990919293949596979899";
+
+// Writes the `count` lowest decimal digits of `u` at `p`, zero-padded, and returns their end.
+char* writeDigits(char* p, std::uint64_t u, int count) {
+  char* end = p + count;
+  char* q = end;
+  for (; count >= 2; count -= 2) {
+    q -= 2;
+    std::memcpy(q, kPairs + 2 * (u % 100), 2);
+    u /= 100;
   }
-  return nullptr;
+  if (count) *--q = static_cast<char>('0' + u % 10);
+  return end;
 }
 
-// Writes the JSON text of a finite double at `p` (at most 32 bytes) and returns its end.
-char* writeNumber(char* p, double value) {
-  if (value == 0 && std::signbit(value)) {
+int digitCount(std::uint64_t u) {
+  int count = 1;
+  for (std::uint64_t limit = 10; count < 20 && u >= limit; limit *= 10) ++count;
+  return count;
+}
+
+// Writes a whole number below 2^50 at `p`, or returns null where scientific text is shorter
+// (many trailing zeros).
+char* writeWhole(char* p, std::uint64_t u) {
+  int count = digitCount(u);
+  if (count > 5) {
+    int zeros = 0;
+    for (std::uint64_t v = u; zeros < count - 1 && v % 10 == 0; v /= 10) ++zeros;
+    // Scientific text is "d" or "d.ddd" with "e+XX": shorter beyond these.
+    if (count - zeros == 1 || zeros > 5) return nullptr;
+  }
+  return writeDigits(p, u, count);
+}
+
+// The text after the integral digits of m / 1000, by m % 1000: the point and up to three
+// digits without trailing zeros (nothing for zero), and how many of the four bytes count.
+struct Fractions {
+  char text[1000][4];
+  unsigned char length[1000];
+};
+constexpr Fractions kFractions = [] {
+  Fractions table{};
+  for (int f = 0; f < 1000; ++f) {
+    table.text[f][0] = '.';
+    table.text[f][1] = static_cast<char>('0' + f / 100);
+    table.text[f][2] = static_cast<char>('0' + f / 10 % 10);
+    table.text[f][3] = static_cast<char>('0' + f % 10);
+    int k = (f != 0) + (f % 100 != 0) + (f % 10 != 0);
+    table.length[f] = static_cast<unsigned char>(k == 0 ? 0 : k + 1);
+  }
+  return table;
+}();
+
+// The integral part of a scaled number beyond four digits, or null when it is all there is
+// and scientific text is shorter. Out of line: it would cost the common case its registers.
+[[gnu::noinline]] char* writeLargeIntegral(char* p, std::uint64_t integral, bool whole) {
+  return whole ? writeWhole(p, integral) : writeDigits(p, integral, digitCount(integral));
+}
+
+// The longest text writeJsonNumber writes.
+constexpr std::size_t kMaxNumber = 32;
+
+// Every finite number the short path does not take: -0, large or long ones.
+[[gnu::noinline]] char* writeOtherNumber(char* p, double value) {
+  if (value == 0) {
     // "-0" would read back as the integer zero and lose its sign.
     std::memcpy(p, "-0.0", 4);
     return p + 4;
   }
-  if (char* end = writeShortDecimal(p, value)) return end;
+  // Whole numbers below 2^50 too large to scale, in fixed notation where that is not longer.
+  if (std::fabs(value) < 0x1p50 && std::trunc(value) == value) {
+    auto whole = static_cast<std::int64_t>(value);
+    auto magnitude = static_cast<std::uint64_t>(whole < 0 ? -whole : whole);
+    *p = '-';
+    if (char* end = writeWhole(p + (whole < 0), magnitude)) return end;
+  }
   // Integral text beyond 64 bits would read back as an integer too large for the parser.
   return std::fabs(value) >= 1e18
-             ? std::to_chars(p, p + 32, value, std::chars_format::scientific).ptr
-             : std::to_chars(p, p + 32, value).ptr;
+             ? std::to_chars(p, p + kMaxNumber, value, std::chars_format::scientific).ptr
+             : std::to_chars(p, p + kMaxNumber, value).ptr;
 }
-
-// Strings up to this length go out in one piece with their separator and quotes.
-constexpr std::size_t kShortString = 96;
 
 }  // namespace
 
+// Integers, and numbers with at most three decimals, below 2^50 in magnitude once scaled by
+// 1000: their shortest round-trip text is the integer m of value * 10^k for the least k with
+// m / 10^k == value (the division rounds as a parser does), with the point put back. A value
+// that is m / 10^k is m * 10^(3-k) / 1000 too (the same quotient, rounded the same way), and
+// the reverse: so one test with k = 3 decides, and m's trailing zeros give the least k. Fixed
+// notation is then never longer than scientific, except for integers with many trailing zeros.
+// Writes the same text as to_chars, several times faster. Few branches: whether a value is
+// whole, and its length, vary unpredictably from one to the next.
+char* writeJsonNumber(char* p, double value) {
+  double x = value * 1000;
+  if (!(std::fabs(x) < 0x1p50)) return writeOtherNumber(p, value);
+  // When some m passes the test, x lies within a quarter of it: rounding half away from zero
+  // finds the same m as rounding to nearest would.
+  auto m = static_cast<std::int64_t>(x + std::copysign(0.5, x));
+  if (static_cast<double>(m) / 1000 != value || (m == 0 && std::signbit(value)))
+    return writeOtherNumber(p, value);
+  char* start = p;
+  *p = '-';
+  p += m < 0;
+  auto u = static_cast<std::uint64_t>(m < 0 ? -m : m);
+  std::uint64_t integral = u / 1000;
+  auto fraction = static_cast<unsigned>(u % 1000);
+  if (integral < 10000) {
+    // Four digits in a register (not a buffer read back across two stores, which stalls),
+    // without their leading zeros but the last.
+    std::uint16_t high, low;
+    std::memcpy(&high, kPairs + 2 * (integral / 100), 2);
+    std::memcpy(&low, kPairs + 2 * (integral % 100), 2);
+    std::uint32_t digits, values;
+    int zeros;
+    if constexpr (std::endian::native == std::endian::little) {
+      digits = high | std::uint32_t{low} << 16;
+      values = (digits ^ 0x30303030u) | 0x01000000u;
+      zeros = std::countr_zero(values) / 8;
+      digits >>= 8 * zeros;
+    } else {
+      digits = std::uint32_t{high} << 16 | low;
+      values = (digits ^ 0x30303030u) | 0x00000001u;
+      zeros = std::countl_zero(values) / 8;
+      digits <<= 8 * zeros;
+    }
+    std::memcpy(p, &digits, 4);
+    p += 4 - zeros;
+  } else {
+    p = writeLargeIntegral(p, integral, fraction == 0);
+    if (!p) return writeOtherNumber(start, value);
+  }
+  std::memcpy(p, kFractions.text[fraction], 4);
+  return p + kFractions.length[fraction];
+}
+
+void appendJsonString(std::string& out, std::string_view value) {
+  JsonWriter(out).string(value);
+}
+
 void appendJsonNumber(std::string& out, double value) {
-  char buf[32];
-  out.append(buf, static_cast<std::size_t>(writeNumber(buf, value) - buf));
+  char buf[kMaxNumber];
+  out.append(buf, static_cast<std::size_t>(writeJsonNumber(buf, value) - buf));
 }
 
-void JsonWriter::newline() {
-  *out_ += '\n';
-  out_->append(2 * stack_.size(), ' ');
+void JsonWriter::grow(std::size_t n) {
+  std::size_t used = size();
+  // Ahead by as much as is written, within bounds: few resizes (each clears what it adds), and
+  // a short text keeps a small buffer.
+  std::size_t ahead = std::clamp<std::size_t>(used, 256, std::size_t{64} << 10);
+  out_->resize(used + std::max(n, ahead));
+  cur_ = out_->data() + used;
+  end_ = out_->data() + out_->size();
 }
 
-bool JsonWriter::beforeValue() {
+void JsonWriter::flush() {
+  if (!cur_) return;
+  out_->resize(size());
+  cur_ = end_ = nullptr;
+}
+
+char* JsonWriter::newline(char* p) {
+  *p++ = '\n';
+  std::size_t indent = 2 * stack_.size();
+  std::memset(p, ' ', indent);
+  return p + indent;
+}
+
+char* JsonWriter::beforeValue(std::size_t n) {
   if (afterKey_) {
     afterKey_ = false;
-    return false;
+    return reserve(n);
   }
-  if (stack_.empty()) return false;
+  if (stack_.empty()) return reserve(n);
   Frame& top = stack_.back();
   bool comma = !top.empty;
   top.empty = false;
-  if (!pretty_) return comma;
-  if (comma) *out_ += ',';
-  newline();
-  return false;
+  char* p = reserve(n + 1 + (pretty_ ? 1 + 2 * stack_.size() : 0));
+  *p = ',';
+  p += comma;
+  return pretty_ ? newline(p) : p;
 }
 
-void JsonWriter::key(std::string_view name) {
+char* JsonWriter::quoted(char* p, std::string_view value) {
+  *p++ = '"';
+  std::size_t plain = copyPlain(p, value.data(), value.size());
+  p += plain;
+  if (plain != value.size()) {
+    cur_ = p;
+    escaped(value.data() + plain, value.size() - plain);
+    p = reserve(8);
+  }
+  *p++ = '"';
+  return p;
+}
+
+void JsonWriter::escaped(const char* s, std::size_t n) {
+  static constexpr char hex[] = "0123456789abcdef";
+  while (n > 0) {
+    char* p = reserve(n + 6);
+    std::size_t plain = copyPlain(p, s, n);
+    p += plain;
+    s += plain;
+    n -= plain;
+    if (n == 0) {
+      cur_ = p;
+      return;
+    }
+    auto c = static_cast<unsigned char>(*s++);
+    --n;
+    switch (c) {
+      case '"':
+        p = std::copy_n("\\\"", 2, p);
+        break;
+      case '\\':
+        p = std::copy_n("\\\\", 2, p);
+        break;
+      case '\n':
+        p = std::copy_n("\\n", 2, p);
+        break;
+      case '\r':
+        p = std::copy_n("\\r", 2, p);
+        break;
+      case '\t':
+        p = std::copy_n("\\t", 2, p);
+        break;
+      case '\b':
+        p = std::copy_n("\\b", 2, p);
+        break;
+      case '\f':
+        p = std::copy_n("\\f", 2, p);
+        break;
+      default:
+        if (c < 0x20) {
+          p = std::copy_n("\\u00", 4, p);
+          *p++ = hex[c >> 4];
+          *p++ = hex[c & 0xF];
+        } else {
+          // A plain byte in a short run that copyPlain gave back whole.
+          *p++ = static_cast<char>(c);
+        }
+    }
+    cur_ = p;
+  }
+}
+
+void JsonWriter::anyKey(std::string_view name) {
   Frame& top = stack_.back();
   bool comma = !top.empty;
   top.empty = false;
   afterKey_ = true;
-  if (!pretty_ && name.size() <= kShortString && plainPrefix(name) == name.size()) {
-    char buf[kShortString + 4];
-    char* p = buf;
-    *p = ',';
-    p += comma;
-    *p++ = '"';
-    std::memcpy(p, name.data(), name.size());
-    p += name.size();
-    *p++ = '"';
-    *p++ = ':';
-    out_->append(buf, static_cast<std::size_t>(p - buf));
-    return;
-  }
-  if (comma) *out_ += ',';
-  if (pretty_) newline();
-  appendJsonString(*out_, name);
-  *out_ += pretty_ ? ": " : ":";
+  char* p = reserve(name.size() + 5 + (pretty_ ? 1 + 2 * stack_.size() : 0));
+  *p = ',';
+  p += comma;
+  if (pretty_) p = newline(p);
+  p = quoted(p, name);
+  *p++ = ':';
+  if (pretty_) *p++ = ' ';
+  cur_ = p;
+}
+
+void JsonWriter::open(bool isObject, char bracket) {
+  char* p = beforeValue(1);
+  *p++ = bracket;
+  cur_ = p;
+  stack_.push_back({isObject, true});
 }
 
 void JsonWriter::beginObject() {
-  if (beforeValue()) *out_ += ',';
-  *out_ += '{';
-  stack_.push_back({true, true});
+  open(true, '{');
 }
 
 void JsonWriter::beginArray() {
-  if (beforeValue()) *out_ += ',';
-  *out_ += '[';
-  stack_.push_back({false, true});
+  open(false, '[');
+}
+
+void JsonWriter::end() {
+  Frame top = stack_.back();
+  stack_.pop_back();
+  char* p = reserve(pretty_ ? 2 + 2 * stack_.size() : 1);
+  if (pretty_ && !top.empty) p = newline(p);
+  *p++ = top.isObject ? '}' : ']';
+  afterValue(p);
 }
 
 void JsonWriter::endObject() {
-  bool empty = stack_.back().empty;
-  stack_.pop_back();
-  if (pretty_ && !empty) newline();
-  *out_ += '}';
+  end();
 }
 
 void JsonWriter::endArray() {
-  bool empty = stack_.back().empty;
-  stack_.pop_back();
-  if (pretty_ && !empty) newline();
-  *out_ += ']';
+  end();
 }
 
 void JsonWriter::null() {
-  out_->append(beforeValue() ? ",null" : "null");
+  char* p = beforeValue(4);
+  std::memcpy(p, "null", 4);
+  afterValue(p + 4);
 }
 
 void JsonWriter::boolean(bool value) {
-  if (beforeValue()) *out_ += ',';
-  *out_ += value ? "true" : "false";
+  char* p = beforeValue(5);
+  std::memcpy(p, value ? "true" : "false", 5);  // with its terminator for "true"
+  afterValue(p + (value ? 4 : 5));
 }
 
 void JsonWriter::integer(std::int64_t value) {
-  char buf[24];
-  char* p = buf;
-  *p = ',';
-  p += beforeValue();
-  out_->append(buf, static_cast<std::size_t>(std::to_chars(p, buf + sizeof buf, value).ptr - buf));
+  char* p = beforeValue(20);
+  afterValue(std::to_chars(p, p + 20, value).ptr);
 }
 
-void JsonWriter::number(double value) {
-  char buf[33];
-  char* p = buf;
-  *p = ',';
-  p += beforeValue();
-  out_->append(buf, static_cast<std::size_t>(writeNumber(p, value) - buf));
+void JsonWriter::anyNumber(double value) {
+  char* p = beforeValue(kMaxNumber);
+  afterValue(writeJsonNumber(p, value));
 }
 
-void JsonWriter::string(std::string_view value) {
-  bool comma = beforeValue();
-  if (value.size() <= kShortString && plainPrefix(value) == value.size()) {
-    char buf[kShortString + 3];
-    char* p = buf;
-    *p = ',';
-    p += comma;
-    *p++ = '"';
-    std::memcpy(p, value.data(), value.size());
-    p += value.size();
-    *p++ = '"';
-    out_->append(buf, static_cast<std::size_t>(p - buf));
-    return;
-  }
-  if (comma) *out_ += ',';
-  appendJsonString(*out_, value);
+void JsonWriter::anyString(std::string_view value) {
+  char* p = beforeValue(value.size() + 2);
+  afterValue(quoted(p, value));
 }
 
 void JsonFieldWriter::number(double value) {
