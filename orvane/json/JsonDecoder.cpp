@@ -312,11 +312,6 @@ class TapeBackend final : public DecoderBackend {
     return true;
   }
 
-  static bool sameKey(const std::uint8_t* p, const std::uint8_t* q) noexcept {
-    auto length = load<std::uint32_t>(p);
-    return length == load<std::uint32_t>(q) && std::memcmp(p + 4, q + 4, length) == 0;
-  }
-
   static std::uint64_t keyBit(std::uint64_t word) noexcept {
     return 1ull << ((word * 0x9E3779B97F4A7C15ull) >> 58);
   }
@@ -338,8 +333,9 @@ class TapeBackend final : public DecoderBackend {
 
   // Whether the key at `key` is also one of the keys in [from, to).
   [[gnu::noinline]] bool repeats(Node from, Node to, const std::uint8_t* key) const noexcept {
+    std::string_view text(reinterpret_cast<const char*>(key + 4), load<std::uint32_t>(key));
     for (Node j = from; j < to; j = afterIndex(j + 1)) {
-      if (sameKey(keyAt(j), key)) return true;
+      if (keyEquals(keyAt(j), text)) return true;
     }
     return false;
   }
