@@ -13,6 +13,24 @@
 #include <sys/mman.h>
 #endif
 
+// Under AddressSanitizer, the free parts of chunks are poisoned, so that a record used after
+// its release is reported as it would be on the heap.
+#if defined(__SANITIZE_ADDRESS__)
+#define ORVANE_ASAN 1
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define ORVANE_ASAN 1
+#endif
+#endif
+#if defined(ORVANE_ASAN)
+#include <sanitizer/asan_interface.h>
+#define ORVANE_POISON(p, n) ASAN_POISON_MEMORY_REGION(p, n)
+#define ORVANE_UNPOISON(p, n) ASAN_UNPOISON_MEMORY_REGION(p, n)
+#else
+#define ORVANE_POISON(p, n) ((void)(p), (void)(n))
+#define ORVANE_UNPOISON(p, n) ((void)(p), (void)(n))
+#endif
+
 namespace orvane {
 
 namespace {
@@ -66,6 +84,7 @@ void* mapChunk(bool hugePages) {
 }
 
 void unmapChunk(void* chunk) noexcept {
+  ORVANE_UNPOISON(chunk, kChunk);
 #if defined(__linux__)
   munmap(chunk, kChunk);
 #else
@@ -113,6 +132,8 @@ void startChunk(detail::RecordArenaState& state) {
   // A scope's first chunk keeps small pages, so that a small decode touches little memory.
   if (!memory) memory = mapChunk(state.chunks > 0);
   retire(state);
+  ORVANE_UNPOISON(memory, sizeof(ChunkHeader));
+  ORVANE_POISON(static_cast<char*>(memory) + sizeof(ChunkHeader), kChunk - sizeof(ChunkHeader));
   auto* header = new (memory) ChunkHeader{kOwner};
   usedBytes.fetch_add(kChunk, std::memory_order_relaxed);
   state.chunk = header;
@@ -144,12 +165,14 @@ void* recordArenaAllocate(std::size_t bytes, std::size_t alignment) {
   }
   state.cursor = reinterpret_cast<char*>(at + bytes);
   ++state.count;
+  ORVANE_UNPOISON(reinterpret_cast<void*>(at), bytes);
   recordBytes.fetch_add(bytes, std::memory_order_relaxed);
   return reinterpret_cast<void*>(at);
 }
 
 void recordArenaRelease(void* block, std::size_t bytes) noexcept {
   recordBytes.fetch_sub(bytes, std::memory_order_relaxed);
+  ORVANE_POISON(block, bytes);
   auto* header =
       reinterpret_cast<ChunkHeader*>(reinterpret_cast<std::uintptr_t>(block) & ~(kChunk - 1));
   if (header->refs.fetch_sub(1, std::memory_order_acq_rel) == 1) giveBack(header);

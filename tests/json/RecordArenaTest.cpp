@@ -104,3 +104,30 @@ TEST(RecordArena, ScopesNestAndCanBeTurnedOff) {
   }
   EXPECT_EQ(used(), before);
 }
+
+#if defined(__SANITIZE_ADDRESS__)
+#define ORVANE_TEST_ASAN 1
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define ORVANE_TEST_ASAN 1
+#endif
+#endif
+
+TEST(RecordArenaDeathTest, ARecordUsedAfterItsReleaseIsReportedUnderTheSanitizer) {
+#if defined(ORVANE_TEST_ASAN)
+  RecordArenaScope scope;  // keeps the chunk in place
+  auto color = Color::make(0.5, 0, 0, 1);
+  auto neighbour = Color::make(0.25, 0, 0, 1);
+  const Color* released = color.get();
+  color.reset();
+  EXPECT_EQ(neighbour->red(), 0.25);
+  EXPECT_DEATH(
+      {
+        volatile double red = released->red();
+        (void)red;
+      },
+      "use-after-poison");
+#else
+  GTEST_SKIP() << "only AddressSanitizer sees released records";
+#endif
+}
