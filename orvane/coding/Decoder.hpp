@@ -39,11 +39,11 @@ class DecoderBackend {
   virtual bool isArray(Node node) const noexcept = 0;
 
   /// Per-container lookup state that the backend keeps between lookups in one object (a
-  /// cursor, a filter of the keys present); starts zeroed.
+  /// cursor, a filter of the keys present, the filter bits of keys that repeat); starts zeroed.
   struct LookupState {
     std::uint64_t position = 0;
     std::uint64_t filter = 0;
-    std::uint64_t collisions = 0;
+    std::uint64_t repeated = 0;
   };
 
   /// Finds `key` in the object `object`. Records read their keys in a fixed order, so the

@@ -316,7 +316,7 @@ class TapeBackend final : public DecoderBackend {
     return 1ull << ((word * 0x9E3779B97F4A7C15ull) >> 58);
   }
 
-  // The filter, and in `collisions` the bits of keys that really repeat (none nearly always).
+  // The filter, and in `repeated` the bits of keys that really repeat (none nearly always).
   [[gnu::noinline]] void prepare(Node object, LookupState& state) const noexcept {
     std::uint64_t filter = 0, repeated = 0;
     Node begin = object + 1, end = objectEnd(object);
@@ -327,7 +327,7 @@ class TapeBackend final : public DecoderBackend {
       filter |= bit;
     }
     state.filter = filter;
-    state.collisions = repeated;
+    state.repeated = repeated;
     state.position = begin;
   }
 
@@ -350,7 +350,7 @@ bool TapeBackend::findMember(Node object, std::string_view key, Node& value,
   if (state.position == 0) prepare(object, state);
   Node start = state.position;
   Node end = objectEnd(object);
-  if (start < end && state.collisions == 0 && keyEquals(keyAt(start), key)) {
+  if (start < end && state.repeated == 0 && keyEquals(keyAt(start), key)) {
     value = start + 1;
     Node next = afterIndex(start + 1);
     state.position = next < end ? next : object + 1;
@@ -367,13 +367,15 @@ bool TapeBackend::search(Node object, std::string_view key, Node& value,
   Node begin = object + 1;
   Node end = objectEnd(object);
   Node start = state.position;
+  // Without repeated keys, findMember has compared the member at the cursor already.
+  Node afterCursor = state.repeated == 0 && start < end ? afterIndex(start + 1) : start;
   for (int pass = 0; pass < 2; ++pass) {
-    Node from = pass == 0 ? start : begin;
+    Node from = pass == 0 ? afterCursor : begin;
     Node to = pass == 0 ? end : start;
     for (Node i = from; i < to; i = afterIndex(i + 1)) {
       if (!keyEquals(keyAt(i), key)) continue;
       Node found = i + 1;
-      if (state.collisions & bit) {
+      if (state.repeated & bit) {
         // The key may repeat further on; the last one counts.
         for (Node j = afterIndex(found); j < end; j = afterIndex(j + 1)) {
           if (keyEquals(keyAt(j), key)) found = j + 1;
