@@ -167,23 +167,9 @@ std::optional<std::string_view> SingleValueDecodingContainer::tryStringView() co
 
 // --- Keyed --------------------------------------------------------------------------------
 
-bool KeyedDecodingContainer::find(std::string_view key, Node& value) const noexcept {
-  return context_->backend->findMember(object_, key, value, lookup_);
-}
-
 void KeyedDecodingContainer::throwKeyNotFound(std::string_view key) const {
   throw DecodingError(DecodingError::Kind::keyNotFound, codingPath(), quoted(key),
                       std::string(key));
-}
-
-Node KeyedDecodingContainer::require(std::string_view key) const {
-  Node value;
-  if (!find(key, value)) throwKeyNotFound(key);
-  return value;
-}
-
-bool KeyedDecodingContainer::lookupPresent(std::string_view key, Node& value) const noexcept {
-  return find(key, value) && !context_->backend->isNull(value);
 }
 
 bool KeyedDecodingContainer::contains(std::string_view key) const {
@@ -236,12 +222,32 @@ std::optional<T> tolerantRead(const DecodingContext& ctx, Node value) noexcept {
     return requiredScalar<View, T>(*context_, pathLink(), key, value);                           \
   }
 ORVANE_KEYED_SCALAR(std::string, std::string_view, String)
-ORVANE_KEYED_SCALAR(double, double, Double)
 ORVANE_KEYED_SCALAR(std::int64_t, std::int64_t, Int)
 ORVANE_KEYED_SCALAR(bool, bool, Bool)
 ORVANE_KEYED_SCALAR(Date, Date, Date)
 ORVANE_KEYED_SCALAR(Url, UrlView, Url)
 #undef ORVANE_KEYED_SCALAR
+
+// Doubles take the member at the cursor inline (see the header); these are the other ways.
+double KeyedDecodingContainer::readDouble(std::string_view key, Node value) const {
+  return requiredScalar<double, double>(*context_, pathLink(), key, value);
+}
+std::optional<double> KeyedDecodingContainer::readDoubleIfPresent(std::string_view key,
+                                                                  Node value) const {
+  if (context_->backend->isNull(value)) return std::nullopt;
+  return requiredScalar<double, double>(*context_, pathLink(), key, value);
+}
+double KeyedDecodingContainer::decodeDoubleElsewhere(std::string_view key) const {
+  Node value;
+  if (!findElsewhere(key, value)) throwKeyNotFound(key);
+  return readDouble(key, value);
+}
+std::optional<double> KeyedDecodingContainer::decodeDoubleIfPresentElsewhere(
+    std::string_view key) const {
+  Node value;
+  if (!findElsewhere(key, value)) return std::nullopt;
+  return readDoubleIfPresent(key, value);
+}
 
 #define ORVANE_TOLERANT_SCALAR(T, View, Name)                                                    \
   std::optional<T> KeyedDecodingContainer::tolerant##Name(std::string_view key) const noexcept { \

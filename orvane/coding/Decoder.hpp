@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -38,9 +39,26 @@ class DecoderBackend {
   virtual bool isObject(Node node) const noexcept = 0;
   virtual bool isArray(Node node) const noexcept = 0;
 
-  /// Per-container lookup state that the backend keeps between lookups in one object (a
-  /// cursor, a filter of the keys present, the filter bits of keys that repeat); starts zeroed.
+  /// How a member's value looks, as far as the containers read it without asking the backend.
+  enum class MemberKind : std::uint8_t { number, null, other };
+
+  /// Per-container lookup state. The backend lays out the members that follow the cursor in
+  /// `ahead` (only while no key of the object repeats), so that a record reading its keys in
+  /// order finds each one, and a number's value, without a call into the backend. The rest is
+  /// the backend's own: where the members after `ahead` begin (zero before the first lookup),
+  /// a filter of the keys present, the filter bits of keys that repeat.
   struct LookupState {
+    struct Member {
+      const char* key;
+      std::uint32_t keyLength;
+      MemberKind kind;
+      Node value;
+      double number;  // the value as readDouble reads it, when kind is number
+    };
+    static constexpr std::uint8_t kAhead = 8;
+    Member ahead[kAhead];  // filled by the backend; entries from `count` on are unset
+    std::uint8_t count = 0;
+    std::uint8_t next = 0;  // the member at the cursor, when below count
     std::uint64_t position = 0;
     std::uint64_t filter = 0;
     std::uint64_t repeated = 0;
@@ -48,7 +66,7 @@ class DecoderBackend {
 
   /// Finds `key` in the object `object`. Records read their keys in a fixed order, so the
   /// backend may resume where the previous lookup ended. When a key appears twice, the last one
-  /// counts.
+  /// counts. Called when the member at the cursor in `state.ahead` is not the key.
   virtual bool findMember(Node object, std::string_view key, Node& value,
                           LookupState& state) const noexcept = 0;
 
@@ -193,13 +211,24 @@ class KeyedDecodingContainer {
 
   // Scalar reads behind the templates; each does one lookup and one backend read.
   std::string decodeString(std::string_view key) const;
-  double decodeDouble(std::string_view key) const;
+  double decodeDouble(std::string_view key) const {
+    if (const Member* m = takeNext(key)) {
+      return m->kind == MemberKind::number ? m->number : readDouble(key, m->value);
+    }
+    return decodeDoubleElsewhere(key);
+  }
   std::int64_t decodeInt(std::string_view key) const;
   bool decodeBool(std::string_view key) const;
   Date decodeDate(std::string_view key) const;
   Url decodeUrl(std::string_view key) const;
   std::optional<std::string> decodeStringIfPresent(std::string_view key) const;
-  std::optional<double> decodeDoubleIfPresent(std::string_view key) const;
+  std::optional<double> decodeDoubleIfPresent(std::string_view key) const {
+    if (const Member* m = takeNext(key)) {
+      if (m->kind == MemberKind::number) return m->number;
+      return readDoubleIfPresent(key, m->value);
+    }
+    return decodeDoubleIfPresentElsewhere(key);
+  }
   std::optional<std::int64_t> decodeIntIfPresent(std::string_view key) const;
   std::optional<bool> decodeBoolIfPresent(std::string_view key) const;
   std::optional<Date> decodeDateIfPresent(std::string_view key) const;
@@ -212,12 +241,52 @@ class KeyedDecodingContainer {
   std::optional<Url> tolerantUrl(std::string_view key) const noexcept;
 
  private:
-  bool find(std::string_view key, Node& value) const noexcept;
+  using Member = DecoderBackend::LookupState::Member;
+  using MemberKind = DecoderBackend::MemberKind;
+
+  /// The member at the cursor when its key is `key`, and the cursor moved past it; otherwise
+  /// null. Inline, so that a record's constant key compares as a constant.
+  const Member* takeNext(std::string_view key) const noexcept {
+    auto& s = lookup_;
+    if (s.next < s.count) {
+      const Member& m = s.ahead[s.next];
+      if (m.keyLength == key.size() && std::memcmp(m.key, key.data(), key.size()) == 0) {
+        ++s.next;
+        return &m;
+      }
+    }
+    return nullptr;
+  }
+  /// The lookup in the backend, once takeNext found nothing.
+  bool findElsewhere(std::string_view key, Node& value) const noexcept {
+    return context_->backend->findMember(object_, key, value, lookup_);
+  }
+  bool find(std::string_view key, Node& value) const noexcept {
+    if (const Member* m = takeNext(key)) {
+      value = m->value;
+      return true;
+    }
+    return findElsewhere(key, value);
+  }
   /// The value under a required key; raises keyNotFound when absent.
-  Node require(std::string_view key) const;
+  Node require(std::string_view key) const {
+    Node value;
+    if (!find(key, value)) throwKeyNotFound(key);
+    return value;
+  }
   /// The value under an optional key: false when absent or null.
-  bool lookupPresent(std::string_view key, Node& value) const noexcept;
+  bool lookupPresent(std::string_view key, Node& value) const noexcept {
+    if (const Member* m = takeNext(key)) {
+      value = m->value;
+      return m->kind != MemberKind::null;
+    }
+    return findElsewhere(key, value) && !context_->backend->isNull(value);
+  }
   [[noreturn]] void throwKeyNotFound(std::string_view key) const;
+  double readDouble(std::string_view key, Node value) const;
+  std::optional<double> readDoubleIfPresent(std::string_view key, Node value) const;
+  double decodeDoubleElsewhere(std::string_view key) const;
+  std::optional<double> decodeDoubleIfPresentElsewhere(std::string_view key) const;
 
   template <class T>
   static constexpr bool isScalar = std::is_same_v<T, std::string> || std::is_same_v<T, double> ||

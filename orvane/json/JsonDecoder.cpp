@@ -316,19 +316,70 @@ class TapeBackend final : public DecoderBackend {
     return 1ull << ((word * 0x9E3779B97F4A7C15ull) >> 58);
   }
 
-  // The filter, and in `repeated` the bits of keys that really repeat (none nearly always).
+  // The filter, and in `repeated` the bits of keys that really repeat (none nearly always); the
+  // first members laid out ahead of the cursor, in the same walk.
   [[gnu::noinline]] void prepare(Node object, LookupState& state) const noexcept {
     std::uint64_t filter = 0, repeated = 0;
-    Node begin = object + 1, end = objectEnd(object);
+    Node begin = object + 1, end = objectEnd(object), after = end;
+    std::uint8_t count = 0;
     for (Node i = begin; i < end; i = afterIndex(i + 1)) {
       const std::uint8_t* key = keyAt(i);
       std::uint64_t bit = keyBit(keyWordAt(key));
       if ((filter & bit) && !(repeated & bit) && repeats(begin, i, key)) repeated |= bit;
       filter |= bit;
+      if (count < LookupState::kAhead) {
+        setMember(state.ahead[count++], i);
+        if (count == LookupState::kAhead) after = afterIndex(i + 1);
+      }
     }
     state.filter = filter;
     state.repeated = repeated;
-    state.position = begin;
+    state.next = 0;
+    // Members ahead only when no key repeats: a later duplicate could hide behind any of them.
+    state.count = repeated == 0 ? count : 0;
+    state.position = repeated == 0 ? after : begin;
+  }
+
+  // Lays out the members from `from` on (from the first one when `from` is the object's end)
+  // ahead of the cursor.
+  void fill(Node object, Node from, LookupState& state) const noexcept {
+    Node end = objectEnd(object);
+    if (from >= end) from = object + 1;
+    std::uint8_t count = 0;
+    Node i = from;
+    for (; i < end && count < LookupState::kAhead; i = afterIndex(i + 1)) {
+      setMember(state.ahead[count++], i);
+    }
+    state.count = count;
+    state.next = 0;
+    state.position = i;
+  }
+
+  void setMember(LookupState::Member& m, Node i) const noexcept {
+    const std::uint8_t* key = keyAt(i);
+    m.key = reinterpret_cast<const char*>(key + 4);
+    m.keyLength = load<std::uint32_t>(key);
+    m.value = i + 1;
+    switch (type(i + 1)) {
+      case 'd':
+        m.kind = MemberKind::number;
+        m.number = payload<double>(i + 1);
+        break;
+      case 'l':
+        m.kind = MemberKind::number;
+        m.number = static_cast<double>(payload<std::int64_t>(i + 1));
+        break;
+      case 'u':
+        m.kind = MemberKind::number;
+        m.number = static_cast<double>(payload<std::uint64_t>(i + 1));
+        break;
+      case 'n':
+        m.kind = MemberKind::null;
+        break;
+      default:
+        m.kind = MemberKind::other;
+        break;
+    }
   }
 
   // Whether the key at `key` is also one of the keys in [from, to).
@@ -347,14 +398,22 @@ class TapeBackend final : public DecoderBackend {
 
 bool TapeBackend::findMember(Node object, std::string_view key, Node& value,
                              LookupState& state) const noexcept {
-  if (state.position == 0) prepare(object, state);
-  Node start = state.position;
-  Node end = objectEnd(object);
-  if (start < end && state.repeated == 0 && keyEquals(keyAt(start), key)) {
-    value = start + 1;
-    Node next = afterIndex(start + 1);
-    state.position = next < end ? next : object + 1;
-    return true;
+  // The container has compared the member at the cursor already, unless there was none laid
+  // out: before the first lookup, or once the members ahead are used up.
+  if (state.position == 0) {
+    prepare(object, state);
+  } else if (state.repeated == 0 && state.next >= state.count) {
+    fill(object, state.position, state);
+  } else {
+    return search(object, key, value, state);
+  }
+  if (state.next < state.count) {
+    const LookupState::Member& m = state.ahead[state.next];
+    if (keyEquals(reinterpret_cast<const std::uint8_t*>(m.key) - 4, key)) {
+      value = m.value;
+      ++state.next;
+      return true;
+    }
   }
   return search(object, key, value, state);
 }
@@ -366,8 +425,9 @@ bool TapeBackend::search(Node object, std::string_view key, Node& value,
   if (!(state.filter & bit)) return false;
   Node begin = object + 1;
   Node end = objectEnd(object);
-  Node start = state.position;
-  // Without repeated keys, findMember has compared the member at the cursor already.
+  bool ahead = state.next < state.count;
+  Node start = ahead ? state.ahead[state.next].value - 1 : state.position;
+  // Without repeated keys, the member at the cursor has been compared already.
   Node afterCursor = state.repeated == 0 && start < end ? afterIndex(start + 1) : start;
   for (int pass = 0; pass < 2; ++pass) {
     Node from = pass == 0 ? afterCursor : begin;
@@ -383,7 +443,10 @@ bool TapeBackend::search(Node object, std::string_view key, Node& value,
       }
       Node next = afterIndex(found);
       value = found;
-      state.position = next < end ? next : begin;
+      // The members after this one are laid out at the next lookup.
+      state.count = 0;
+      state.next = 0;
+      state.position = next < end || state.repeated == 0 ? next : begin;
       return true;
     }
   }

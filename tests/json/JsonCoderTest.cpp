@@ -1,6 +1,9 @@
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <map>
+#include <random>
 
 #include <gtest/gtest.h>
 
@@ -207,6 +210,91 @@ TEST(JsonDocuments, ADuplicateWinsAlsoWhereTheFirstIsReadInOrder) {
   json += "\"k7\":700}";
   KeyReader::keys = {"k0", "k7", "k8", "k99"};
   EXPECT_EQ(decode<KeyReader>(json).values, (std::vector<std::int64_t>{0, 700, 8, 99}));
+}
+
+// Reads doubles under `keys` in that order, each through a required, an optional or a tolerant
+// read; a failed read gives NaN, an absent or null one gives no value.
+struct DoubleReader {
+  enum class Read { required, optional, tolerant };
+  static inline std::vector<std::pair<std::string, Read>> keys;
+  std::vector<std::optional<double>> values;
+  static DoubleReader decode(const Decoder& d) {
+    auto c = d.container();
+    DoubleReader r;
+    for (const auto& [key, read] : keys) {
+      try {
+        switch (read) {
+          case Read::required:
+            r.values.emplace_back(c.decode<double>(key));
+            break;
+          case Read::optional:
+            r.values.push_back(c.decodeIfPresent<double>(key));
+            break;
+          case Read::tolerant:
+            r.values.push_back(c.decodeTolerant<double>(key));
+            break;
+        }
+      } catch (const DecodingError&) {
+        r.values.emplace_back(std::nan(""));
+      }
+    }
+    return r;
+  }
+};
+
+TEST(JsonDocuments, LookupsAgreeWithAMapOfTheLastMembers) {
+  // Objects of every size around the members a container lays out ahead, read in order, in
+  // reverse, with gaps, twice over and with absent keys, and some with repeated keys: every
+  // read must give what the last member under its key holds.
+  using Read = DoubleReader::Read;
+  std::mt19937 random(7);
+  auto pick = [&](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
+  const char* values[] = {"1.5", "-2", "18446744073709551615", "null", "\"s\"", "{}", "[1]", "0"};
+  for (int size = 0; size <= 20; ++size) {
+    for (int round = 0; round < 12; ++round) {
+      std::map<std::string, std::string> last;
+      std::string json = "{";
+      std::vector<std::string> names;
+      for (int i = 0; i < size; ++i) {
+        bool repeat = round % 3 == 2 && i > 0 && pick(4) == 0;
+        std::string name = repeat ? names[pick(i)] : "key" + std::to_string(i);
+        std::string value = values[pick(8)];
+        json += (i ? "," : "") + ("\"" + name + "\":") + value;
+        last[name] = value;
+        names.push_back(name);
+      }
+      json += "}";
+      std::vector<std::string> order;
+      for (int i = 0; i < size + 2; ++i) order.push_back("key" + std::to_string(i));
+      if (round % 3 == 1) std::reverse(order.begin(), order.end());
+      if (round % 4 == 3) std::shuffle(order.begin(), order.end(), random);
+      if (round % 2 == 1) order.insert(order.end(), order.begin(), order.end());
+      DoubleReader::keys.clear();
+      std::vector<std::optional<double>> expected;
+      for (const auto& name : order) {
+        auto read = static_cast<Read>(pick(3));
+        DoubleReader::keys.emplace_back(name, read);
+        auto it = last.find(name);
+        std::string value = it == last.end() ? "" : it->second;
+        bool number = !value.empty() && (std::isdigit(static_cast<unsigned char>(value[0])) || value[0] == '-');
+        if (number) {
+          expected.emplace_back(std::strtod(value.c_str(), nullptr));
+        } else if (read == Read::tolerant || (read == Read::optional && (value.empty() || value == "null"))) {
+          expected.emplace_back(std::nullopt);
+        } else {
+          expected.emplace_back(std::nan(""));
+        }
+      }
+      auto got = decode<DoubleReader>(json).values;
+      ASSERT_EQ(got.size(), expected.size());
+      for (std::size_t i = 0; i < got.size(); ++i) {
+        bool same = got[i].has_value() == expected[i].has_value() &&
+                    (!got[i] || (std::isnan(*got[i]) ? std::isnan(*expected[i]) : *got[i] == *expected[i]));
+        EXPECT_TRUE(same) << json << " key " << DoubleReader::keys[i].first << " read "
+                          << static_cast<int>(DoubleReader::keys[i].second);
+      }
+    }
+  }
 }
 
 TEST(JsonDocuments, MembersCanBeReadInAnyOrder) {
