@@ -40,20 +40,35 @@ constexpr std::size_t kChunk = std::size_t{2} << 20;
 // Chunks kept for reuse: enough for the records of a document of about ten megabytes.
 constexpr std::size_t kMaxCached = 16;
 
-// The chunk's count of live records, plus kOwner while a scope is still filling it, so that it
-// cannot reach zero before the scope has added up what it placed.
+// What a chunk holds, in one word so that a release is one atomic operation: kRecord for each
+// live record plus its bytes, and kOwner while a scope is still filling it, so that it cannot
+// reach zero before the scope has added up what it placed. Chunks in use are linked for the
+// statistics (under the cache's mutex).
 struct alignas(64) ChunkHeader {
-  std::atomic<std::int64_t> refs;
+  std::atomic<std::int64_t> live;
+  ChunkHeader* previous = nullptr;
+  ChunkHeader* next = nullptr;
 };
-constexpr std::int64_t kOwner = std::int64_t{1} << 48;
+constexpr std::int64_t kRecord = std::int64_t{1} << 24;
+constexpr std::int64_t kOwner = std::int64_t{1} << 60;
+static_assert(kChunk < kRecord / 2, "a chunk's bytes fit below one record's unit");
+
+// The live record bytes of a chunk that nobody fills (or that the caller fills: its bytes
+// placed so far are not in the word yet, and those released are).
+std::int64_t liveBytes(const ChunkHeader& header) {
+  std::int64_t word = header.live.load(std::memory_order_relaxed);
+  if (word > kOwner / 2) word -= kOwner;
+  std::int64_t records = (word + kRecord / 2) >> 24;
+  return word - records * kRecord;
+}
 
 std::atomic<std::size_t> usedBytes{0};
 std::atomic<std::size_t> cachedBytes{0};
-std::atomic<std::size_t> recordBytes{0};
 
 struct Cache {
   std::mutex mutex;
   std::vector<void*> chunks;
+  ChunkHeader* inUse = nullptr;  // the chunks that hold records or are being filled
 };
 // Never destroyed: records held by statics may be released after other statics are gone.
 Cache& cache() {
@@ -94,10 +109,12 @@ void unmapChunk(void* chunk) noexcept {
 
 void giveBack(ChunkHeader* header) noexcept {
   usedBytes.fetch_sub(kChunk, std::memory_order_relaxed);
-  header->~ChunkHeader();
   {
     auto& c = cache();
     std::lock_guard lock(c.mutex);
+    (header->previous ? header->previous->next : c.inUse) = header->next;
+    if (header->next) header->next->previous = header->previous;
+    header->~ChunkHeader();
     if (c.chunks.size() < kMaxCached) {
       c.chunks.push_back(header);
       cachedBytes.fetch_add(kChunk, std::memory_order_relaxed);
@@ -111,11 +128,13 @@ void giveBack(ChunkHeader* header) noexcept {
 void retire(detail::RecordArenaState& state) noexcept {
   if (!state.chunk) return;
   auto* header = static_cast<ChunkHeader*>(state.chunk);
-  std::int64_t delta = static_cast<std::int64_t>(state.count) - kOwner;
-  if (header->refs.fetch_add(delta, std::memory_order_acq_rel) + delta == 0) giveBack(header);
+  std::int64_t delta = static_cast<std::int64_t>(state.count) * kRecord +
+                       static_cast<std::int64_t>(state.bytes) - kOwner;
+  if (header->live.fetch_add(delta, std::memory_order_acq_rel) + delta == 0) giveBack(header);
   state.chunk = nullptr;
   state.cursor = state.end = nullptr;
   state.count = 0;
+  state.bytes = 0;
 }
 
 void startChunk(detail::RecordArenaState& state) {
@@ -135,11 +154,19 @@ void startChunk(detail::RecordArenaState& state) {
   ORVANE_UNPOISON(memory, sizeof(ChunkHeader));
   ORVANE_POISON(static_cast<char*>(memory) + sizeof(ChunkHeader), kChunk - sizeof(ChunkHeader));
   auto* header = new (memory) ChunkHeader{kOwner};
+  {
+    auto& c = cache();
+    std::lock_guard lock(c.mutex);
+    header->next = c.inUse;
+    if (c.inUse) c.inUse->previous = header;
+    c.inUse = header;
+  }
   usedBytes.fetch_add(kChunk, std::memory_order_relaxed);
   state.chunk = header;
   state.cursor = static_cast<char*>(memory) + sizeof(ChunkHeader);
   state.end = static_cast<char*>(memory) + kChunk;
   state.count = 0;
+  state.bytes = 0;
   ++state.chunks;
 }
 
@@ -165,17 +192,17 @@ void* recordArenaAllocate(std::size_t bytes, std::size_t alignment) {
   }
   state.cursor = reinterpret_cast<char*>(at + bytes);
   ++state.count;
+  state.bytes += bytes;
   ORVANE_UNPOISON(reinterpret_cast<void*>(at), bytes);
-  recordBytes.fetch_add(bytes, std::memory_order_relaxed);
   return reinterpret_cast<void*>(at);
 }
 
 void recordArenaRelease(void* block, std::size_t bytes) noexcept {
-  recordBytes.fetch_sub(bytes, std::memory_order_relaxed);
   ORVANE_POISON(block, bytes);
   auto* header =
       reinterpret_cast<ChunkHeader*>(reinterpret_cast<std::uintptr_t>(block) & ~(kChunk - 1));
-  if (header->refs.fetch_sub(1, std::memory_order_acq_rel) == 1) giveBack(header);
+  std::int64_t share = kRecord + static_cast<std::int64_t>(bytes);
+  if (header->live.fetch_sub(share, std::memory_order_acq_rel) == share) giveBack(header);
 }
 
 }  // namespace detail
@@ -191,7 +218,13 @@ RecordArenaScope::~RecordArenaScope() {
 }
 
 RecordArenaStatistics recordArenaStatistics() {
-  return {usedBytes.load(std::memory_order_relaxed), recordBytes.load(std::memory_order_relaxed),
+  std::int64_t records = static_cast<std::int64_t>(current.bytes);
+  {
+    auto& c = cache();
+    std::lock_guard lock(c.mutex);
+    for (const ChunkHeader* h = c.inUse; h; h = h->next) records += liveBytes(*h);
+  }
+  return {usedBytes.load(std::memory_order_relaxed), static_cast<std::size_t>(records),
           cachedBytes.load(std::memory_order_relaxed)};
 }
 

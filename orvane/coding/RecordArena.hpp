@@ -12,6 +12,7 @@ struct RecordArenaState {
   char* end = nullptr;
   void* chunk = nullptr;
   std::size_t count = 0;   // records placed in the current chunk
+  std::size_t bytes = 0;   // and their bytes
   std::size_t chunks = 0;  // chunks this scope has filled
   bool active = false;
 };
@@ -43,7 +44,8 @@ class RecordArenaScope {
 struct RecordArenaStatistics {
   /// Chunks that hold live records or that a scope is filling.
   std::size_t usedBytes = 0;
-  /// The live records in those chunks.
+  /// The live records in those chunks. Not yet counted: the records of the chunk that a scope
+  /// on another thread is filling, and of an outer scope's chunk while an inner one is open.
   std::size_t recordBytes = 0;
   /// Released chunks kept for reuse by later decodes.
   std::size_t cachedBytes = 0;

@@ -46,12 +46,18 @@ TEST(RecordArena, ChunksComeBackWhenTheirRecordsAreReleased) {
   const std::size_t recordsBefore = recordArenaStatistics().recordBytes;
   auto graph = decodeMany(json);
   EXPECT_GT(used(), before + (std::size_t{2} << 20)) << "several chunks filled";
+  const std::size_t records = recordArenaStatistics().recordBytes - recordsBefore;
+  EXPECT_GT(records, std::size_t{2} << 20);
+  EXPECT_LE(records, used() - before);
   // One layer kept from the released graph keeps its chunk, and stays whole.
   Ref<Layer> kept = graph.back()->layers()->front();
   const std::string keptText = test::encodeJson(kept);
   graph.clear();
   EXPECT_GT(used(), before);
   EXPECT_LT(used(), before + (std::size_t{5} << 20));
+  // Only that layer's records (its own, its fills, ...) are counted still.
+  EXPECT_GE(recordArenaStatistics().recordBytes, recordsBefore + sizeof(Layer));
+  EXPECT_LT(recordArenaStatistics().recordBytes, recordsBefore + (std::size_t{64} << 10));
   EXPECT_EQ(test::encodeJson(kept), keptText);
   kept.reset();
   EXPECT_EQ(used(), before);
@@ -61,9 +67,11 @@ TEST(RecordArena, ChunksComeBackWhenTheirRecordsAreReleased) {
 TEST(RecordArena, RecordsReleasedOnAnotherThreadGiveTheirChunksBack) {
   const std::string json = manySnapshots(50);
   const std::size_t before = used();
+  const std::size_t recordsBefore = recordArenaStatistics().recordBytes;
   auto graph = decodeMany(json);
   std::thread([g = std::move(graph)]() mutable { g.clear(); }).join();
   EXPECT_EQ(used(), before);
+  EXPECT_EQ(recordArenaStatistics().recordBytes, recordsBefore);
 }
 
 TEST(RecordArena, AFailedDecodeLeavesNoChunkBehind) {
