@@ -99,17 +99,20 @@ T own(T v) {
 // --- Decoder ------------------------------------------------------------------------------
 
 KeyedDecodingContainer Decoder::container() const {
+  KeyedDecodingContainer c(*context_, node_, path_);
+  if (!c.open()) throwNotAnObject();
+  return c;
+}
+
+void Decoder::throwNotAnObject() const {
   const auto& b = *context_->backend;
-  if (!b.isObject(node_)) {
-    if (b.isNull(node_)) {
-      throw DecodingError(DecodingError::Kind::valueNotFound, codingPath(),
-                          "Expected a keyed object but found null instead.");
-    }
-    throw DecodingError(
-        DecodingError::Kind::typeMismatch, codingPath(),
-        "Expected to decode a keyed object but found " + b.describe(node_) + " instead.");
+  if (b.isNull(node_)) {
+    throw DecodingError(DecodingError::Kind::valueNotFound, codingPath(),
+                        "Expected a keyed object but found null instead.");
   }
-  return KeyedDecodingContainer(*context_, node_, path_);
+  throw DecodingError(
+      DecodingError::Kind::typeMismatch, codingPath(),
+      "Expected to decode a keyed object but found " + b.describe(node_) + " instead.");
 }
 
 UnkeyedDecodingContainer Decoder::unkeyedContainer() const {
@@ -185,8 +188,9 @@ bool KeyedDecodingContainer::decodeNil(std::string_view key) const {
 KeyedDecodingContainer KeyedDecodingContainer::nestedContainer(std::string_view key) const {
   CodingPathLink link{pathLink(), key};
   Decoder sub(*context_, require(key), &link);
-  (void)sub.container();  // raises when the value is not an object
-  return KeyedDecodingContainer(*context_, sub.node(), pathLink(), key);
+  KeyedDecodingContainer c(*context_, sub.node(), pathLink(), key);
+  if (!c.open()) sub.throwNotAnObject();
+  return c;
 }
 
 UnkeyedDecodingContainer KeyedDecodingContainer::nestedUnkeyedContainer(

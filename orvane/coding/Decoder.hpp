@@ -64,6 +64,13 @@ class DecoderBackend {
     std::uint64_t repeated = 0;
   };
 
+  /// Whether `node` is an object; when it is, the backend may prepare `state` for its lookups
+  /// (containers call this as they open an object, with a zeroed state).
+  virtual bool openObject(Node node, LookupState& state) const noexcept {
+    (void)state;
+    return isObject(node);
+  }
+
   /// Finds `key` in the object `object`. Records read their keys in a fixed order, so the
   /// backend may resume where the previous lookup ended. When a key appears twice, the last one
   /// counts. Called when the member at the cursor in `state.ahead` is not the key.
@@ -137,6 +144,9 @@ class Decoder {
   Node node() const { return node_; }
 
  private:
+  friend class KeyedDecodingContainer;
+  [[noreturn]] void throwNotAnObject() const;
+
   const DecodingContext* context_;
   Node node_;
   const CodingPathLink* path_;
@@ -283,6 +293,9 @@ class KeyedDecodingContainer {
     return findElsewhere(key, value) && !context_->backend->isNull(value);
   }
   [[noreturn]] void throwKeyNotFound(std::string_view key) const;
+  friend class Decoder;
+  /// Whether the value is an object, and the lookups prepared when it is.
+  bool open() const noexcept { return context_->backend->openObject(object_, lookup_); }
   double readDouble(std::string_view key, Node value) const;
   std::optional<double> readDoubleIfPresent(std::string_view key, Node value) const;
   double decodeDoubleElsewhere(std::string_view key) const;

@@ -33,6 +33,11 @@ class TapeBackend final : public DecoderBackend {
 
   bool isNull(Node n) const noexcept override { return type(n) == 'n'; }
   bool isObject(Node n) const noexcept override { return type(n) == '{'; }
+  bool openObject(Node n, LookupState& state) const noexcept override {
+    if (type(n) != '{') return false;
+    prepare(n, state);
+    return true;
+  }
   bool isArray(Node n) const noexcept override { return type(n) == '['; }
 
   bool findMember(Node object, std::string_view key, Node& value,
