@@ -21,6 +21,36 @@ namespace orvane {
 /// A value in the backend's document: an opaque handle whose meaning only the backend knows.
 using Node = std::uint64_t;
 
+namespace detail {
+/// Whether n bytes at a and b are the same: in a few overlapping word loads, which fold into
+/// constants for a record's constant keys, and without a library call otherwise.
+inline bool equalBytes(const void* a, const void* b, std::size_t n) noexcept {
+  auto word64 = [](const void* p) {
+    std::uint64_t v;
+    std::memcpy(&v, p, 8);
+    return v;
+  };
+  auto word32 = [](const void* p) {
+    std::uint32_t v;
+    std::memcpy(&v, p, 4);
+    return v;
+  };
+  const auto* x = static_cast<const unsigned char*>(a);
+  const auto* y = static_cast<const unsigned char*>(b);
+  if (n >= 8) {
+    for (std::size_t i = 0; i + 8 < n; i += 8) {
+      if (word64(x + i) != word64(y + i)) return false;
+    }
+    return word64(x + n - 8) == word64(y + n - 8);
+  }
+  if (n >= 4) return word32(x) == word32(y) && word32(x + n - 4) == word32(y + n - 4);
+  for (std::size_t i = 0; i < n; ++i) {
+    if (x[i] != y[i]) return false;
+  }
+  return true;
+}
+}  // namespace detail
+
 /// What a typed read of the backend found. Reads never throw: the containers turn a status into
 /// the right error, or into no value for a tolerant key.
 enum class ReadStatus : std::uint8_t {
@@ -260,7 +290,7 @@ class KeyedDecodingContainer {
     auto& s = lookup_;
     if (s.next < s.count) {
       const Member& m = s.ahead[s.next];
-      if (m.keyLength == key.size() && std::memcmp(m.key, key.data(), key.size()) == 0) {
+      if (m.keyLength == key.size() && detail::equalBytes(m.key, key.data(), key.size())) {
         ++s.next;
         return &m;
       }

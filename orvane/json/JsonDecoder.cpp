@@ -294,27 +294,9 @@ class TapeBackend final : public DecoderBackend {
     return v;
   }
 
-  // Whether the stored key at `p` (length prefix, then bytes) is `key`. Only `p` may be read
-  // past its end; `key` is read within its bounds, in overlapping words.
+  // Whether the stored key at `p` (length prefix, then bytes) is `key`.
   static bool keyEquals(const std::uint8_t* p, std::string_view key) noexcept {
-    if (load<std::uint32_t>(p) != key.size()) return false;
-    const std::uint8_t* a = p + 4;
-    const char* b = key.data();
-    std::size_t n = key.size();
-    if (n >= 8) {
-      for (std::size_t i = 0; i + 8 < n; i += 8) {
-        if (load<std::uint64_t>(a + i) != load<std::uint64_t>(b + i)) return false;
-      }
-      return load<std::uint64_t>(a + n - 8) == load<std::uint64_t>(b + n - 8);
-    }
-    if (n >= 4) {
-      return load<std::uint32_t>(a) == load<std::uint32_t>(b) &&
-             load<std::uint32_t>(a + n - 4) == load<std::uint32_t>(b + n - 4);
-    }
-    for (std::size_t i = 0; i < n; ++i) {
-      if (a[i] != static_cast<unsigned char>(b[i])) return false;
-    }
-    return true;
+    return load<std::uint32_t>(p) == key.size() && detail::equalBytes(p + 4, key.data(), key.size());
   }
 
   static std::uint64_t keyBit(std::uint64_t word) noexcept {
