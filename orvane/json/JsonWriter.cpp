@@ -211,18 +211,14 @@ char* JsonWriter::quoted(char* p, std::string_view value) {
   return p;
 }
 
-void JsonWriter::escaped(const char* s, std::size_t n) {
+char* json_detail::writeEscaped(char* p, const char* s, std::size_t n) {
   static constexpr char hex[] = "0123456789abcdef";
   while (n > 0) {
-    char* p = reserve(n + 6);
     std::size_t plain = copyPlain(p, s, n);
     p += plain;
     s += plain;
     n -= plain;
-    if (n == 0) {
-      cur_ = p;
-      return;
-    }
+    if (n == 0) break;
     auto c = static_cast<unsigned char>(*s++);
     --n;
     switch (c) {
@@ -257,7 +253,17 @@ void JsonWriter::escaped(const char* s, std::size_t n) {
           *p++ = static_cast<char>(c);
         }
     }
-    cur_ = p;
+  }
+  return p;
+}
+
+void JsonWriter::escaped(const char* s, std::size_t n) {
+  // In slices, so that a long text needs no room for six times its length at once.
+  while (n > 0) {
+    std::size_t slice = std::min<std::size_t>(n, json_detail::kEscapeSlice);
+    cur_ = json_detail::writeEscaped(reserve(6 * slice), s, slice);
+    s += slice;
+    n -= slice;
   }
 }
 
