@@ -104,8 +104,9 @@ class CompactBackend final : public EncoderBackend {
     char* p = ensure(2 * static_cast<std::size_t>(depth_ - level));
     const char* closers = closers_.data();
     for (int d = depth_; d > level; --d) {
-      // The comma after the last value, or the opening bracket when there is none.
-      p -= p[-1] == ',';
+      // Over the comma after the last value; an empty container (nothing written since it
+      // opened) has none. Known without reading back what was just written.
+      p -= p != lastOpen_;
       p[0] = closers[d - 1];
       p[1] = ',';
       p += 2;
@@ -191,9 +192,11 @@ class CompactBackend final : public EncoderBackend {
     // Ahead by as much as is written, within bounds: few resizes (each clears what it adds),
     // and a short text keeps a small buffer.
     std::size_t ahead = std::clamp<std::size_t>(used - start_, 256, std::size_t{64} << 10);
+    std::size_t open = lastOpen_ ? static_cast<std::size_t>(lastOpen_ - out_->data()) : 0;
     out_->resize(used + std::max(n, ahead));
     cur_ = out_->data() + used;
     end_ = out_->data() + out_->size();
+    if (lastOpen_) lastOpen_ = out_->data() + open;
   }
 
   [[noreturn, gnu::noinline, gnu::cold]] static void throwNonFiniteMember(
@@ -208,7 +211,7 @@ class CompactBackend final : public EncoderBackend {
     closers_[static_cast<std::size_t>(depth_)] = closer;
     char* p = ensure(kShortRoom);
     *p = bracket;
-    cur_ = p + 1;
+    cur_ = lastOpen_ = p + 1;
     return ++depth_;
   }
 
@@ -294,6 +297,7 @@ class CompactBackend final : public EncoderBackend {
   std::size_t start_;  // where this text begins in `out`
   char* cur_ = nullptr;
   char* end_ = nullptr;
+  char* lastOpen_ = nullptr;  // just after the bracket of the container opened last
   DateStrategy dates_;
   std::vector<char> closers_;  // by level - 1, what ends each open container
 };
