@@ -2,6 +2,7 @@
 // written in the order its encoding operation writes them, with no tree built in between.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -232,9 +233,14 @@ struct EncodingOf<std::vector<std::shared_ptr<R>>> {
     auto array = e.unkeyedContainer();
     for (std::size_t i = 0; i < values.size(); ++i) {
       // Records of a large graph lie all over the heap: ask for the next one while this one
-      // is written, rather than wait for it then.
+      // is written, rather than wait for it then; all of it, as its members are read in an
+      // order of their own.
 #if defined(__GNUC__)
-      if (i + 1 < values.size()) __builtin_prefetch(values[i + 1].get());
+      if (i + 1 < values.size()) {
+        const char* next = reinterpret_cast<const char*>(values[i + 1].get());
+        constexpr std::size_t lines = std::min<std::size_t>((sizeof(R) + 63) / 64, 16);
+        for (std::size_t line = 0; line < lines; ++line) __builtin_prefetch(next + 64 * line);
+      }
 #endif
       array.encode(values[i]);
     }
