@@ -97,7 +97,9 @@ class CompactBackend final : public EncoderBackend {
     if (static_cast<std::size_t>(cur_ - out_->data()) > start_ && cur_[-1] == ',') --cur_;
   }
 
-  void writeKey(std::string_view key) override { cur_ = keyAt(ensure(kShortRoom), key); }
+  void writeKey(std::string_view key) override {
+    cur_ = keyAt(ensure(kShortRoom + kNumberRoom), key);
+  }
   int openObject() override { return open('{', '}'); }
   int openArray() override { return open('[', ']'); }
   [[gnu::noinline]] void closeTo(int level) override {
@@ -139,8 +141,7 @@ class CompactBackend final : public EncoderBackend {
   void memberString(int level, std::string_view key, std::string_view value) override {
     if (level < depth_) [[unlikely]]
       closeTo(level);
-    char* p = keyAt(ensure(2 * kShortRoom), key);
-    cur_ = stringAt(p, value);
+    cur_ = stringAt(keyAt(ensure(kShortRoom + kNumberRoom), key), value);
   }
   void memberDouble(int level, std::string_view key, double value,
                     const CodingPathLink* parent) override {
@@ -148,20 +149,17 @@ class CompactBackend final : public EncoderBackend {
       closeTo(level);
     if (!std::isfinite(value)) [[unlikely]]
       throwNonFiniteMember(value, parent, key);
-    char* p = keyAt(ensure(kShortRoom + kNumberRoom), key);
-    cur_ = numberAt(room(p, kNumberRoom), value);
+    cur_ = numberAt(keyAt(ensure(kShortRoom + kNumberRoom), key), value);
   }
   void memberInt(int level, std::string_view key, std::int64_t value) override {
     if (level < depth_) [[unlikely]]
       closeTo(level);
-    char* p = keyAt(ensure(kShortRoom + kNumberRoom), key);
-    cur_ = integerAt(room(p, kNumberRoom), value);
+    cur_ = integerAt(keyAt(ensure(kShortRoom + kNumberRoom), key), value);
   }
   void memberBool(int level, std::string_view key, bool value) override {
     if (level < depth_) [[unlikely]]
       closeTo(level);
-    char* p = keyAt(ensure(kShortRoom + 8), key);
-    cur_ = booleanAt(room(p, 8), value);
+    cur_ = booleanAt(keyAt(ensure(kShortRoom + kNumberRoom), key), value);
   }
 
  private:
@@ -170,22 +168,17 @@ class CompactBackend final : public EncoderBackend {
   static constexpr std::size_t kShortRoom = 48;
   // A number, integral or not, and its comma.
   static constexpr std::size_t kNumberRoom = 40;
+  // A member's value has room without asking again: after a short key out of the room asked
+  // for with it, and after any other text out of what quoted() leaves.
+  static constexpr std::size_t kAfterQuoted = 2 * kShortRoom - 3;
+  static_assert(kShortRoom + kNumberRoom - (kShortText + 3) >= std::max(kShortRoom, kNumberRoom));
+  static_assert(kAfterQuoted - 1 >= std::max(kShortRoom, kNumberRoom));
 
   // Room for `n` more bytes at the returned cursor.
   char* ensure(std::size_t n) {
     if (static_cast<std::size_t>(end_ - cur_) < n) [[unlikely]]
       grow(n);
     return cur_;
-  }
-  // Room for `n` more bytes after `p`, the end of the text so far (beyond the cursor when a
-  // long key took the room asked for).
-  char* room(char* p, std::size_t n) {
-    if (static_cast<std::size_t>(end_ - p) < n) [[unlikely]] {
-      cur_ = p;
-      grow(n);
-      return cur_;
-    }
-    return p;
   }
   [[gnu::noinline]] void grow(std::size_t n) {
     std::size_t used = cur_ ? static_cast<std::size_t>(cur_ - out_->data()) : out_->size();
@@ -244,7 +237,8 @@ class CompactBackend final : public EncoderBackend {
     return head & tail;
   }
 
-  // `"key":` at `p`, which has room for kShortRoom bytes; returns the end.
+  // `"key":` at `p`, which has room for kShortRoom + kNumberRoom bytes; returns the end, with
+  // room for kShortRoom and for kNumberRoom bytes after it.
   char* keyAt(char* p, std::string_view key) {
     if (key.size() <= kShortText) [[likely]] {
       *p = '"';
@@ -271,7 +265,7 @@ class CompactBackend final : public EncoderBackend {
     return quoted(p, value, ',');
   }
   // Any text quoted at `p`, the end of the text so far, and `after` it; returns the end, with
-  // room for kShortRoom more bytes.
+  // room for kAfterQuoted more bytes.
   [[gnu::noinline]] char* quoted(char* p, std::string_view text, char after) {
     cur_ = p;
     p = ensure(text.size() + 2 * kShortRoom);
