@@ -98,17 +98,23 @@ class CompactBackend final : public EncoderBackend {
   }
 
   void writeKey(std::string_view key) override {
-    cur_ = keyAt(ensure(kShortRoom + kNumberRoom), key);
+    if (!ready(depth_)) [[unlikely]]
+      return writeKeyAfter(key);
+    cur_ = keyAt(cur_, key);
   }
   int openObject() override { return open('{', '}'); }
   int openArray() override { return open('[', ']'); }
   [[gnu::noinline]] void closeTo(int level) override {
-    char* p = ensure(2 * static_cast<std::size_t>(depth_ - level));
+    if (static_cast<std::size_t>(end_ - cur_) < 2 * static_cast<std::size_t>(depth_ - level))
+        [[unlikely]]
+      return closeToAfterGrowing(level);
+    char* p = cur_;
+    const char* open = lastOpen_;
     const char* closers = closers_.data();
     for (int d = depth_; d > level; --d) {
       // Over the comma after the last value; an empty container (nothing written since it
       // opened) has none. Known without reading back what was just written.
-      p -= p != lastOpen_;
+      p -= p != open;
       p[0] = closers[d - 1];
       p[1] = ',';
       p += 2;
@@ -138,28 +144,31 @@ class CompactBackend final : public EncoderBackend {
   }
   void writeUrl(const Url& value) override { writeString(value.text()); }
 
+  // Each member first closes what is open above its object and makes room; when either is
+  // needed it goes round by a function of its own, reached by a tail call, so that the usual
+  // case saves no registers for a call it does not make.
   void memberString(int level, std::string_view key, std::string_view value) override {
-    if (level < depth_) [[unlikely]]
-      closeTo(level);
-    cur_ = stringAt(keyAt(ensure(kShortRoom + kNumberRoom), key), value);
+    if (!ready(level)) [[unlikely]]
+      return memberStringAfter(level, key, value);
+    cur_ = stringAt(keyAt(cur_, key), value);
   }
   void memberDouble(int level, std::string_view key, double value,
                     const CodingPathLink* parent) override {
-    if (level < depth_) [[unlikely]]
-      closeTo(level);
     if (!std::isfinite(value)) [[unlikely]]
       throwNonFiniteMember(value, parent, key);
-    cur_ = numberAt(keyAt(ensure(kShortRoom + kNumberRoom), key), value);
+    if (!ready(level)) [[unlikely]]
+      return memberDoubleAfter(level, key, value, parent);
+    cur_ = numberAt(keyAt(cur_, key), value);
   }
   void memberInt(int level, std::string_view key, std::int64_t value) override {
-    if (level < depth_) [[unlikely]]
-      closeTo(level);
-    cur_ = integerAt(keyAt(ensure(kShortRoom + kNumberRoom), key), value);
+    if (!ready(level)) [[unlikely]]
+      return memberIntAfter(level, key, value);
+    cur_ = integerAt(keyAt(cur_, key), value);
   }
   void memberBool(int level, std::string_view key, bool value) override {
-    if (level < depth_) [[unlikely]]
-      closeTo(level);
-    cur_ = booleanAt(keyAt(ensure(kShortRoom + kNumberRoom), key), value);
+    if (!ready(level)) [[unlikely]]
+      return memberBoolAfter(level, key, value);
+    cur_ = booleanAt(keyAt(cur_, key), value);
   }
 
  private:
@@ -199,13 +208,57 @@ class CompactBackend final : public EncoderBackend {
   }
 
   int open(char bracket, char closer) {
-    if (static_cast<std::size_t>(depth_) >= closers_.size()) [[unlikely]]
-      closers_.resize(2 * closers_.size() + 16);
+    if (static_cast<std::size_t>(depth_) >= closers_.size() ||
+        static_cast<std::size_t>(end_ - cur_) < kShortRoom) [[unlikely]]
+      return openAfter(bracket, closer);
     closers_[static_cast<std::size_t>(depth_)] = closer;
-    char* p = ensure(kShortRoom);
+    char* p = cur_;
     *p = bracket;
     cur_ = lastOpen_ = p + 1;
     return ++depth_;
+  }
+  [[gnu::noinline]] int openAfter(char bracket, char closer) {
+    if (static_cast<std::size_t>(depth_) >= closers_.size())
+      closers_.resize(2 * closers_.size() + 16);
+    ensure(kShortRoom);
+    return open(bracket, closer);
+  }
+
+  [[gnu::noinline]] void closeToAfterGrowing(int level) {
+    grow(2 * static_cast<std::size_t>(depth_ - level));
+    closeTo(level);
+  }
+  [[gnu::noinline]] void writeKeyAfter(std::string_view key) {
+    ensure(kShortRoom + kNumberRoom);
+    writeKey(key);
+  }
+
+  // Whether a member of the object at `level` can be written at the cursor as it is: that
+  // object is the innermost, and there is room for a short key and any scalar value.
+  bool ready(int level) const {
+    return level >= depth_ && static_cast<std::size_t>(end_ - cur_) >= kShortRoom + kNumberRoom;
+  }
+  void prepare(int level) {
+    if (level < depth_) closeTo(level);
+    ensure(kShortRoom + kNumberRoom);
+  }
+  [[gnu::noinline]] void memberStringAfter(int level, std::string_view key,
+                                           std::string_view value) {
+    prepare(level);
+    memberString(level, key, value);
+  }
+  [[gnu::noinline]] void memberDoubleAfter(int level, std::string_view key, double value,
+                                           const CodingPathLink* parent) {
+    prepare(level);
+    memberDouble(level, key, value, parent);
+  }
+  [[gnu::noinline]] void memberIntAfter(int level, std::string_view key, std::int64_t value) {
+    prepare(level);
+    memberInt(level, key, value);
+  }
+  [[gnu::noinline]] void memberBoolAfter(int level, std::string_view key, bool value) {
+    prepare(level);
+    memberBool(level, key, value);
   }
 
   static char* booleanAt(char* p, bool value) {
