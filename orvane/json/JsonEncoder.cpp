@@ -191,9 +191,9 @@ class CompactBackend final : public EncoderBackend {
   }
   [[gnu::noinline]] void grow(std::size_t n) {
     std::size_t used = cur_ ? static_cast<std::size_t>(cur_ - out_->data()) : out_->size();
-    // Ahead by as much as is written, within bounds: few resizes (each clears what it adds),
-    // and a short text keeps a small buffer.
-    std::size_t ahead = std::clamp<std::size_t>(used - start_, 256, std::size_t{64} << 10);
+    // Ahead by as much as is written, within bounds: a short text keeps a small buffer, and
+    // what a resize clears is still in the first-level cache when the text is written over it.
+    std::size_t ahead = std::clamp<std::size_t>(used - start_, 256, std::size_t{8} << 10);
     std::size_t open = lastOpen_ ? static_cast<std::size_t>(lastOpen_ - out_->data()) : 0;
     out_->resize(used + std::max(n, ahead));
     cur_ = out_->data() + used;
