@@ -2,7 +2,6 @@
 // written in the order its encoding operation writes them, with no tree built in between.
 #pragma once
 
-#include <algorithm>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -238,7 +237,7 @@ struct EncodingOf<std::vector<std::shared_ptr<R>>> {
 #if defined(__GNUC__)
       if (i + 1 < values.size()) {
         const char* next = reinterpret_cast<const char*>(values[i + 1].get());
-        constexpr std::size_t lines = std::min<std::size_t>((sizeof(R) + 63) / 64, 16);
+        constexpr std::size_t whole = (sizeof(R) + 63) / 64, lines = whole < 16 ? whole : 16;
         for (std::size_t line = 0; line < lines; ++line) __builtin_prefetch(next + 64 * line);
       }
 #endif
