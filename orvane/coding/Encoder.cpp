@@ -4,25 +4,27 @@ namespace orvane {
 
 EncoderBackend::~EncoderBackend() = default;
 
-KeyedEncodingContainer Encoder::container() {
-  if (objectLevel_ < 0) objectLevel_ = backend_->openObject();
-  return KeyedEncodingContainer(*backend_, objectLevel_, path_);
+void EncoderBackend::memberString(int level, std::string_view key, std::string_view value) {
+  member(level, key);
+  writeString(value);
 }
-
-UnkeyedEncodingContainer Encoder::unkeyedContainer() {
-  if (arrayLevel_ < 0) arrayLevel_ = backend_->openArray();
-  return UnkeyedEncodingContainer(*backend_, arrayLevel_, path_);
+void EncoderBackend::memberDouble(int level, std::string_view key, double value,
+                                  const CodingPathLink* parent) {
+  member(level, key);
+  CodingPathLink link{parent, key};
+  writeDouble(value, &link);
+}
+void EncoderBackend::memberInt(int level, std::string_view key, std::int64_t value) {
+  member(level, key);
+  writeInt(value);
+}
+void EncoderBackend::memberBool(int level, std::string_view key, bool value) {
+  member(level, key);
+  writeBool(value);
 }
 
 SingleValueEncodingContainer Encoder::singleValueContainer() {
   return SingleValueEncodingContainer(*this);
-}
-
-void Encoder::finish() {
-  if (objectLevel_ < 0 && arrayLevel_ < 0 && !wroteScalar_) {
-    backend_->openObject();
-  }
-  backend_->closeAbove(level_);
 }
 
 void SingleValueEncodingContainer::begin() {
@@ -75,23 +77,6 @@ UnkeyedEncodingContainer KeyedEncodingContainer::nestedUnkeyedContainer(std::str
   return UnkeyedEncodingContainer(*backend_, level, pathLink(), key);
 }
 
-void KeyedEncodingContainer::encode(std::string_view key, std::string_view value) {
-  backend_->member(level_, key);
-  backend_->writeString(value);
-}
-void KeyedEncodingContainer::encode(std::string_view key, double value) {
-  backend_->member(level_, key);
-  CodingPathLink link{pathLink(), key};
-  backend_->writeDouble(value, &link);
-}
-void KeyedEncodingContainer::encode(std::string_view key, std::int64_t value) {
-  backend_->member(level_, key);
-  backend_->writeInt(value);
-}
-void KeyedEncodingContainer::encode(std::string_view key, bool value) {
-  backend_->member(level_, key);
-  backend_->writeBool(value);
-}
 void KeyedEncodingContainer::encode(std::string_view key, Date value) {
   backend_->member(level_, key);
   CodingPathLink link{pathLink(), key};

@@ -49,6 +49,15 @@ class EncoderBackend {
   virtual void writeDate(Date value, const CodingPathLink* path) = 0;
   virtual void writeUrl(const Url& value) = 0;
 
+  /// A member `key` of the object at `level` with a scalar value, in one call: most members
+  /// are scalars, and a backend can write key and value together. `parent` is the path of the
+  /// object, for errors. By default member() then the matching write.
+  virtual void memberString(int level, std::string_view key, std::string_view value);
+  virtual void memberDouble(int level, std::string_view key, double value,
+                            const CodingPathLink* parent);
+  virtual void memberInt(int level, std::string_view key, std::int64_t value);
+  virtual void memberBool(int level, std::string_view key, bool value);
+
  protected:
   /// Closes containers until the one at `level` is the innermost (or none is open at 0).
   virtual void closeTo(int level) = 0;
@@ -70,15 +79,18 @@ class Encoder {
   Encoder(EncoderBackend& backend, int level, const CodingPathLink* path)
       : backend_(&backend), level_(level), path_(path) {}
 
-  KeyedEncodingContainer container();
-  UnkeyedEncodingContainer unkeyedContainer();
+  inline KeyedEncodingContainer container();
+  inline UnkeyedEncodingContainer unkeyedContainer();
   SingleValueEncodingContainer singleValueContainer();
   CodingPath codingPath() const { return CodingPathLink::materialize(path_); }
   const CodingPathLink* pathLink() const { return path_; }
 
   /// Ends the value: one that wrote nothing becomes an empty object, and every container it
   /// opened is closed.
-  void finish();
+  void finish() {
+    if (objectLevel_ < 0 && arrayLevel_ < 0 && !wroteScalar_) backend_->openObject();
+    backend_->closeAbove(level_);
+  }
 
  private:
   friend class SingleValueEncodingContainer;
@@ -133,14 +145,18 @@ class KeyedEncodingContainer {
   const CodingPathLink* pathLink() const { return nested_ ? &self_ : path_; }
   CodingPath codingPath() const { return CodingPathLink::materialize(pathLink()); }
 
-  void encode(std::string_view key, std::string_view value);
+  void encode(std::string_view key, std::string_view value) {
+    backend_->memberString(level_, key, value);
+  }
   void encode(std::string_view key, const std::string& value) {
     encode(key, std::string_view(value));
   }
   void encode(std::string_view key, const char* value) { encode(key, std::string_view(value)); }
-  void encode(std::string_view key, double value);
-  void encode(std::string_view key, std::int64_t value);
-  void encode(std::string_view key, bool value);
+  void encode(std::string_view key, double value) {
+    backend_->memberDouble(level_, key, value, pathLink());
+  }
+  void encode(std::string_view key, std::int64_t value) { backend_->memberInt(level_, key, value); }
+  void encode(std::string_view key, bool value) { backend_->memberBool(level_, key, value); }
   void encode(std::string_view key, Date value);
   void encode(std::string_view key, const Url& value);
 
@@ -184,7 +200,9 @@ class UnkeyedEncodingContainer {
 // --- How each kind of value encodes -------------------------------------------------------
 
 /// A value type writes itself through `void encode(Encoder&) const`, a record held by
-/// reference likewise; raw-value enumerations, scalars and lists specialise this.
+/// reference likewise; raw-value enumerations, scalars and lists specialise this. A
+/// specialisation whose value is always one string may also give it as `static text(value)`
+/// (a string view or a string), which a keyed container then writes as the member directly.
 template <class T>
 struct EncodingOf {
   static void encode(Encoder& e, const T& value) { value.encode(e); }
@@ -214,9 +232,14 @@ struct EncodingOf<std::vector<std::shared_ptr<R>>> {
     auto array = e.unkeyedContainer();
     for (std::size_t i = 0; i < values.size(); ++i) {
       // Records of a large graph lie all over the heap: ask for the next one while this one
-      // is written, rather than wait for it then.
+      // is written, rather than wait for it then; all of it, as its members are read in an
+      // order of their own.
 #if defined(__GNUC__)
-      if (i + 1 < values.size()) __builtin_prefetch(values[i + 1].get());
+      if (i + 1 < values.size()) {
+        const char* next = reinterpret_cast<const char*>(values[i + 1].get());
+        constexpr std::size_t whole = (sizeof(R) + 63) / 64, lines = whole < 16 ? whole : 16;
+        for (std::size_t line = 0; line < lines; ++line) __builtin_prefetch(next + 64 * line);
+      }
 #endif
       array.encode(values[i]);
     }
@@ -236,10 +259,23 @@ ORVANE_SCALAR_ENCODING(Date)
 ORVANE_SCALAR_ENCODING(Url)
 #undef ORVANE_SCALAR_ENCODING
 
+inline KeyedEncodingContainer Encoder::container() {
+  if (objectLevel_ < 0) objectLevel_ = backend_->openObject();
+  return KeyedEncodingContainer(*backend_, objectLevel_, path_);
+}
+
+inline UnkeyedEncodingContainer Encoder::unkeyedContainer() {
+  if (arrayLevel_ < 0) arrayLevel_ = backend_->openArray();
+  return UnkeyedEncodingContainer(*backend_, arrayLevel_, path_);
+}
+
 template <class T>
 void KeyedEncodingContainer::encode(std::string_view key, const T& value) {
   if constexpr (std::is_integral_v<T> && !std::is_same_v<T, bool>) {
     encode(key, static_cast<std::int64_t>(value));
+  } else if constexpr (requires { EncodingOf<T>::text(value); }) {
+    // Written as a single string: the member in one call.
+    encode(key, EncodingOf<T>::text(value));
   } else {
     backend_->member(level_, key);
     CodingPathLink link{pathLink(), key};

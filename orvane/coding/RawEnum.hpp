@@ -88,6 +88,7 @@ struct Coding<E> {
 template <RawEnum E>
 struct EncodingOf<E> {
   static void encode(Encoder& e, E value) { e.singleValueContainer().encode(rawValue(value)); }
+  static std::string_view text(E value) { return rawValue(value); }
 };
 
 }  // namespace orvane

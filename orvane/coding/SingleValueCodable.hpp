@@ -40,6 +40,7 @@ struct EncodingOf<T> {
   static void encode(Encoder& e, const T& value) {
     e.singleValueContainer().encode(std::string_view(value.rawValue()));
   }
+  static decltype(auto) text(const T& value) { return value.rawValue(); }
 };
 
 }  // namespace orvane

@@ -1,6 +1,11 @@
 #include <orvane/json/JsonEncoder.hpp>
 
+#include <algorithm>
+#include <charconv>
 #include <cmath>
+#include <cstring>
+#include <optional>
+#include <vector>
 
 #include <orvane/json/JsonWriter.hpp>
 #include "DateText.hpp"
@@ -9,10 +14,33 @@ namespace orvane {
 
 namespace {
 
-class JsonEncoderBackend final : public EncoderBackend {
+[[noreturn]] void throwNonFinite(double value, const CodingPathLink* path) {
+  throw EncodingError(CodingPathLink::materialize(path),
+                      "Unable to encode Double." + std::string(std::isnan(value) ? "nan" : "inf") +
+                          " directly in JSON.");
+}
+
+// A date as the number the strategy writes, or nothing when it writes text.
+std::optional<double> dateNumber(Date value, DateStrategy dates) {
+  double micros = static_cast<double>(value.time_since_epoch().count());
+  switch (dates) {
+    case DateStrategy::iso8601:
+      return std::nullopt;
+    case DateStrategy::seconds:
+      return micros / 1e6;
+    case DateStrategy::milliseconds:
+      return micros / 1e3;
+    case DateStrategy::deferred:
+      return micros / 1e6 - kReferenceDateOffset;
+  }
+  return std::nullopt;
+}
+
+// Indented text, through the general writer.
+class PrettyBackend final : public EncoderBackend {
  public:
-  JsonEncoderBackend(std::string& out, const JsonEncoderOptions& options)
-      : writer_(out, options.pretty), dates_(options.dates) {}
+  PrettyBackend(std::string& out, const JsonEncoderOptions& options)
+      : writer_(out, true), dates_(options.dates) {}
 
   void writeKey(std::string_view key) override { writer_.key(key); }
   int openObject() override {
@@ -32,31 +60,14 @@ class JsonEncoderBackend final : public EncoderBackend {
   void writeBool(bool value) override { writer_.boolean(value); }
   void writeInt(std::int64_t value) override { writer_.integer(value); }
   void writeDouble(double value, const CodingPathLink* path) override {
-    if (!std::isfinite(value)) {
-      throw EncodingError(CodingPathLink::materialize(path),
-                          "Unable to encode Double." +
-                              std::string(std::isnan(value) ? "nan" : "inf") +
-                              " directly in JSON.");
-    }
+    if (!std::isfinite(value)) throwNonFinite(value, path);
     writer_.number(value);
   }
   void writeDate(Date value, const CodingPathLink* path) override {
-    using namespace std::chrono;
-    double micros = static_cast<double>(value.time_since_epoch().count());
-    switch (dates_) {
-      case DateStrategy::iso8601:
-        writer_.string(formatIso8601(value));
-        return;
-      case DateStrategy::seconds:
-        writeDouble(micros / 1e6, path);
-        return;
-      case DateStrategy::milliseconds:
-        writeDouble(micros / 1e3, path);
-        return;
-      case DateStrategy::deferred:
-        writeDouble(micros / 1e6 - kReferenceDateOffset, path);
-        return;
-    }
+    if (auto number = dateNumber(value, dates_))
+      writeDouble(*number, path);
+    else
+      writer_.string(formatIso8601(value));
   }
   void writeUrl(const Url& value) override { writer_.string(value.text()); }
 
@@ -65,14 +76,295 @@ class JsonEncoderBackend final : public EncoderBackend {
   DateStrategy dates_;
 };
 
+// Compact text, written straight into the output's buffer. Every value is followed by a comma,
+// so that nothing is decided before a member or an element: a container's end takes the place
+// of its last comma (an empty one has none), and the outermost value's comma is dropped.
+// The paths for scalar members are inline and short; whatever is rare (growing, long or escaped
+// text, closing containers, errors) is out of line so that they keep their registers.
+class CompactBackend final : public EncoderBackend {
+ public:
+  CompactBackend(std::string& out, const JsonEncoderOptions& options)
+      : out_(&out), start_(out.size()), dates_(options.dates) {
+    grow(0);
+  }
+  // On an error half-way, `out` keeps what was written.
+  ~CompactBackend() override { out_->resize(static_cast<std::size_t>(cur_ - out_->data())); }
+  CompactBackend(const CompactBackend&) = delete;
+  CompactBackend& operator=(const CompactBackend&) = delete;
+
+  /// Once the outermost value is complete: `out` ends with its text.
+  void finish() {
+    if (static_cast<std::size_t>(cur_ - out_->data()) > start_ && cur_[-1] == ',') --cur_;
+  }
+
+  void writeKey(std::string_view key) override {
+    if (!ready(depth_)) [[unlikely]]
+      return writeKeyAfter(key);
+    cur_ = keyAt(cur_, key);
+  }
+  int openObject() override { return open('{', '}'); }
+  int openArray() override { return open('[', ']'); }
+  [[gnu::noinline]] void closeTo(int level) override {
+    if (static_cast<std::size_t>(end_ - cur_) < 2 * static_cast<std::size_t>(depth_ - level))
+        [[unlikely]]
+      return closeToAfterGrowing(level);
+    char* p = cur_;
+    const char* open = lastOpen_;
+    const char* closers = closers_.data();
+    for (int d = depth_; d > level; --d) {
+      // Over the comma after the last value; an empty container (nothing written since it
+      // opened) has none. Known without reading back what was just written.
+      p -= p != open;
+      p[0] = closers[d - 1];
+      p[1] = ',';
+      p += 2;
+    }
+    depth_ = level;
+    cur_ = p;
+  }
+
+  void writeNull() override {
+    char* p = ensure(8);
+    std::memcpy(p, "null,", 5);
+    cur_ = p + 5;
+  }
+  void writeBool(bool value) override { cur_ = booleanAt(ensure(8), value); }
+  void writeInt(std::int64_t value) override { cur_ = integerAt(ensure(kNumberRoom), value); }
+  void writeDouble(double value, const CodingPathLink* path) override {
+    if (!std::isfinite(value)) [[unlikely]]
+      throwNonFinite(value, path);
+    cur_ = numberAt(ensure(kNumberRoom), value);
+  }
+  void writeString(std::string_view value) override { cur_ = stringAt(ensure(kShortRoom), value); }
+  void writeDate(Date value, const CodingPathLink* path) override {
+    if (auto number = dateNumber(value, dates_))
+      writeDouble(*number, path);
+    else
+      writeString(formatIso8601(value));
+  }
+  void writeUrl(const Url& value) override { writeString(value.text()); }
+
+  // Each member first closes what is open above its object and makes room; when either is
+  // needed it goes round by a function of its own, reached by a tail call, so that the usual
+  // case saves no registers for a call it does not make.
+  void memberString(int level, std::string_view key, std::string_view value) override {
+    if (!ready(level)) [[unlikely]]
+      return memberStringAfter(level, key, value);
+    cur_ = stringAt(keyAt(cur_, key), value);
+  }
+  void memberDouble(int level, std::string_view key, double value,
+                    const CodingPathLink* parent) override {
+    if (!std::isfinite(value)) [[unlikely]]
+      throwNonFiniteMember(value, parent, key);
+    if (!ready(level)) [[unlikely]]
+      return memberDoubleAfter(level, key, value, parent);
+    cur_ = numberAt(keyAt(cur_, key), value);
+  }
+  void memberInt(int level, std::string_view key, std::int64_t value) override {
+    if (!ready(level)) [[unlikely]]
+      return memberIntAfter(level, key, value);
+    cur_ = integerAt(keyAt(cur_, key), value);
+  }
+  void memberBool(int level, std::string_view key, bool value) override {
+    if (!ready(level)) [[unlikely]]
+      return memberBoolAfter(level, key, value);
+    cur_ = booleanAt(keyAt(cur_, key), value);
+  }
+
+ private:
+  // Keys and strings up to kShortText bytes are written inline, with room for kShortRoom.
+  static constexpr std::size_t kShortText = 32;
+  static constexpr std::size_t kShortRoom = 48;
+  // A number, integral or not, and its comma.
+  static constexpr std::size_t kNumberRoom = 40;
+  // A member's value has room without asking again: after a short key out of the room asked
+  // for with it, and after any other text out of what quoted() leaves.
+  static constexpr std::size_t kAfterQuoted = 2 * kShortRoom - 3;
+  static_assert(kShortRoom + kNumberRoom - (kShortText + 3) >= std::max(kShortRoom, kNumberRoom));
+  static_assert(kAfterQuoted - 1 >= std::max(kShortRoom, kNumberRoom));
+
+  // Room for `n` more bytes at the returned cursor.
+  char* ensure(std::size_t n) {
+    if (static_cast<std::size_t>(end_ - cur_) < n) [[unlikely]]
+      grow(n);
+    return cur_;
+  }
+  [[gnu::noinline]] void grow(std::size_t n) {
+    std::size_t used = cur_ ? static_cast<std::size_t>(cur_ - out_->data()) : out_->size();
+    // Ahead by as much as is written, within bounds: a short text keeps a small buffer, and
+    // what a resize clears is still in the first-level cache when the text is written over it.
+    std::size_t ahead = std::clamp<std::size_t>(used - start_, 256, std::size_t{8} << 10);
+    std::size_t open = lastOpen_ ? static_cast<std::size_t>(lastOpen_ - out_->data()) : 0;
+    out_->resize(used + std::max(n, ahead));
+    cur_ = out_->data() + used;
+    end_ = out_->data() + out_->size();
+    if (lastOpen_) lastOpen_ = out_->data() + open;
+  }
+
+  [[noreturn, gnu::noinline, gnu::cold]] static void throwNonFiniteMember(
+      double value, const CodingPathLink* parent, std::string_view key) {
+    CodingPathLink link{parent, key};
+    throwNonFinite(value, &link);
+  }
+
+  int open(char bracket, char closer) {
+    if (static_cast<std::size_t>(depth_) >= closers_.size() ||
+        static_cast<std::size_t>(end_ - cur_) < kShortRoom) [[unlikely]]
+      return openAfter(bracket, closer);
+    closers_[static_cast<std::size_t>(depth_)] = closer;
+    char* p = cur_;
+    *p = bracket;
+    cur_ = lastOpen_ = p + 1;
+    return ++depth_;
+  }
+  [[gnu::noinline]] int openAfter(char bracket, char closer) {
+    if (static_cast<std::size_t>(depth_) >= closers_.size())
+      closers_.resize(2 * closers_.size() + 16);
+    ensure(kShortRoom);
+    return open(bracket, closer);
+  }
+
+  [[gnu::noinline]] void closeToAfterGrowing(int level) {
+    grow(2 * static_cast<std::size_t>(depth_ - level));
+    closeTo(level);
+  }
+  [[gnu::noinline]] void writeKeyAfter(std::string_view key) {
+    ensure(kShortRoom + kNumberRoom);
+    writeKey(key);
+  }
+
+  // Whether a member of the object at `level` can be written at the cursor as it is: that
+  // object is the innermost, and there is room for a short key and any scalar value.
+  bool ready(int level) const {
+    return level >= depth_ && static_cast<std::size_t>(end_ - cur_) >= kShortRoom + kNumberRoom;
+  }
+  void prepare(int level) {
+    if (level < depth_) closeTo(level);
+    ensure(kShortRoom + kNumberRoom);
+  }
+  [[gnu::noinline]] void memberStringAfter(int level, std::string_view key,
+                                           std::string_view value) {
+    prepare(level);
+    memberString(level, key, value);
+  }
+  [[gnu::noinline]] void memberDoubleAfter(int level, std::string_view key, double value,
+                                           const CodingPathLink* parent) {
+    prepare(level);
+    memberDouble(level, key, value, parent);
+  }
+  [[gnu::noinline]] void memberIntAfter(int level, std::string_view key, std::int64_t value) {
+    prepare(level);
+    memberInt(level, key, value);
+  }
+  [[gnu::noinline]] void memberBoolAfter(int level, std::string_view key, bool value) {
+    prepare(level);
+    memberBool(level, key, value);
+  }
+
+  static char* booleanAt(char* p, bool value) {
+    if (value) {
+      std::memcpy(p, "true,", 5);
+      return p + 5;
+    }
+    std::memcpy(p, "false,", 6);
+    return p + 6;
+  }
+  static char* numberAt(char* p, double value) {
+    p = writeJsonNumber(p, value);
+    *p = ',';
+    return p + 1;
+  }
+  static char* integerAt(char* p, std::int64_t value) {
+    p = std::to_chars(p, p + 20, value).ptr;
+    *p = ',';
+    return p + 1;
+  }
+
+  // Copies a short text (at most kShortText bytes) to `d`: whether none of it needs escaping.
+  static bool copyShortText(char* d, const char* s, std::size_t n) {
+    if (n <= 16) [[likely]]
+      return json_detail::copyShort(d, s, n);
+    // Two halves that overlap when n < 32.
+    bool head = json_detail::copyShort(d, s, 16);
+    bool tail = json_detail::copyShort(d + n - 16, s + n - 16, 16);
+    return head & tail;
+  }
+
+  // `"key":` at `p`, which has room for kShortRoom + kNumberRoom bytes; returns the end, with
+  // room for kShortRoom and for kNumberRoom bytes after it.
+  char* keyAt(char* p, std::string_view key) {
+    if (key.size() <= kShortText) [[likely]] {
+      *p = '"';
+      if (copyShortText(p + 1, key.data(), key.size())) [[likely]] {
+        p += 1 + key.size();
+        p[0] = '"';
+        p[1] = ':';
+        return p + 2;
+      }
+    }
+    return quoted(p, key, ':');
+  }
+  // A string value and its comma at `p`, which has room for kShortRoom bytes.
+  char* stringAt(char* p, std::string_view value) {
+    if (value.size() <= kShortText) [[likely]] {
+      *p = '"';
+      if (copyShortText(p + 1, value.data(), value.size())) [[likely]] {
+        p += 1 + value.size();
+        p[0] = '"';
+        p[1] = ',';
+        return p + 2;
+      }
+    }
+    return quoted(p, value, ',');
+  }
+  // Any text quoted at `p`, the end of the text so far, and `after` it; returns the end, with
+  // room for kAfterQuoted more bytes.
+  [[gnu::noinline]] char* quoted(char* p, std::string_view text, char after) {
+    cur_ = p;
+    p = ensure(text.size() + 2 * kShortRoom);
+    *p++ = '"';
+    std::size_t plain = json_detail::copyPlain(p, text.data(), text.size());
+    p += plain;
+    const char* s = text.data() + plain;
+    std::size_t n = text.size() - plain;
+    while (n > 0) {
+      // In slices, so that a long text needs no room for six times its length at once.
+      std::size_t slice = std::min(n, json_detail::kEscapeSlice);
+      cur_ = p;
+      p = json_detail::writeEscaped(ensure(6 * slice + 2 * kShortRoom), s, slice);
+      s += slice;
+      n -= slice;
+    }
+    p[0] = '"';
+    p[1] = after;
+    return p + 2;
+  }
+
+  std::string* out_;
+  std::size_t start_;  // where this text begins in `out`
+  char* cur_ = nullptr;
+  char* end_ = nullptr;
+  char* lastOpen_ = nullptr;  // just after the bracket of the container opened last
+  DateStrategy dates_;
+  std::vector<char> closers_;  // by level - 1, what ends each open container
+};
+
 }  // namespace
 
 void JsonEncoder::run(std::string& out, void (*fn)(Encoder&, const void*),
                       const void* value) const {
-  JsonEncoderBackend backend(out, options_);
+  if (options_.pretty) {
+    PrettyBackend backend(out, options_);
+    Encoder root(backend, 0, nullptr);
+    fn(root, value);
+    root.finish();
+    return;
+  }
+  CompactBackend backend(out, options_);
   Encoder root(backend, 0, nullptr);
   fn(root, value);
   root.finish();
+  backend.finish();
 }
 
 }  // namespace orvane

@@ -69,12 +69,6 @@ constexpr Fractions kFractions = [] {
   return table;
 }();
 
-// The integral part of a scaled number beyond four digits, or null when it is all there is
-// and scientific text is shorter. Out of line: it would cost the common case its registers.
-[[gnu::noinline]] char* writeLargeIntegral(char* p, std::uint64_t integral, bool whole) {
-  return whole ? writeWhole(p, integral) : writeDigits(p, integral, digitCount(integral));
-}
-
 // The longest text writeJsonNumber writes.
 constexpr std::size_t kMaxNumber = 32;
 
@@ -96,6 +90,18 @@ constexpr std::size_t kMaxNumber = 32;
   return std::fabs(value) >= 1e18
              ? std::to_chars(p, p + kMaxNumber, value, std::chars_format::scientific).ptr
              : std::to_chars(p, p + kMaxNumber, value).ptr;
+}
+
+// A scaled number `u` whose integral part is beyond four digits, after its sign at `p`;
+// `start` is where the sign would go. Out of line, and reached by a tail call, so that the
+// common case keeps nothing across calls and saves no registers.
+[[gnu::noinline]] char* writeLargeNumber(char* start, char* p, std::uint64_t u, double value) {
+  std::uint64_t integral = u / 1000;
+  auto fraction = static_cast<unsigned>(u % 1000);
+  p = fraction == 0 ? writeWhole(p, integral) : writeDigits(p, integral, digitCount(integral));
+  if (!p) return writeOtherNumber(start, value);
+  std::memcpy(p, kFractions.text[fraction], 4);
+  return p + kFractions.length[fraction];
 }
 
 }  // namespace
@@ -120,33 +126,29 @@ char* writeJsonNumber(char* p, double value) {
   *p = '-';
   p += m < 0;
   auto u = static_cast<std::uint64_t>(m < 0 ? -m : m);
+  if (u >= 10000000) return writeLargeNumber(start, p, u, value);
   std::uint64_t integral = u / 1000;
   auto fraction = static_cast<unsigned>(u % 1000);
-  if (integral < 10000) {
-    // Four digits in a register (not a buffer read back across two stores, which stalls),
-    // without their leading zeros but the last.
-    std::uint16_t high, low;
-    std::memcpy(&high, kPairs + 2 * (integral / 100), 2);
-    std::memcpy(&low, kPairs + 2 * (integral % 100), 2);
-    std::uint32_t digits, values;
-    int zeros;
-    if constexpr (std::endian::native == std::endian::little) {
-      digits = high | std::uint32_t{low} << 16;
-      values = (digits ^ 0x30303030u) | 0x01000000u;
-      zeros = std::countr_zero(values) / 8;
-      digits >>= 8 * zeros;
-    } else {
-      digits = std::uint32_t{high} << 16 | low;
-      values = (digits ^ 0x30303030u) | 0x00000001u;
-      zeros = std::countl_zero(values) / 8;
-      digits <<= 8 * zeros;
-    }
-    std::memcpy(p, &digits, 4);
-    p += 4 - zeros;
+  // The integral part, four digits at most, in a register (not a buffer read back across two
+  // stores, which stalls), without their leading zeros but the last.
+  std::uint16_t high, low;
+  std::memcpy(&high, kPairs + 2 * (integral / 100), 2);
+  std::memcpy(&low, kPairs + 2 * (integral % 100), 2);
+  std::uint32_t digits, values;
+  int zeros;
+  if constexpr (std::endian::native == std::endian::little) {
+    digits = high | std::uint32_t{low} << 16;
+    values = (digits ^ 0x30303030u) | 0x01000000u;
+    zeros = std::countr_zero(values) / 8;
+    digits >>= 8 * zeros;
   } else {
-    p = writeLargeIntegral(p, integral, fraction == 0);
-    if (!p) return writeOtherNumber(start, value);
+    digits = std::uint32_t{high} << 16 | low;
+    values = (digits ^ 0x30303030u) | 0x00000001u;
+    zeros = std::countl_zero(values) / 8;
+    digits <<= 8 * zeros;
   }
+  std::memcpy(p, &digits, 4);
+  p += 4 - zeros;
   std::memcpy(p, kFractions.text[fraction], 4);
   return p + kFractions.length[fraction];
 }
@@ -211,18 +213,14 @@ char* JsonWriter::quoted(char* p, std::string_view value) {
   return p;
 }
 
-void JsonWriter::escaped(const char* s, std::size_t n) {
+char* json_detail::writeEscaped(char* p, const char* s, std::size_t n) {
   static constexpr char hex[] = "0123456789abcdef";
   while (n > 0) {
-    char* p = reserve(n + 6);
     std::size_t plain = copyPlain(p, s, n);
     p += plain;
     s += plain;
     n -= plain;
-    if (n == 0) {
-      cur_ = p;
-      return;
-    }
+    if (n == 0) break;
     auto c = static_cast<unsigned char>(*s++);
     --n;
     switch (c) {
@@ -257,7 +255,17 @@ void JsonWriter::escaped(const char* s, std::size_t n) {
           *p++ = static_cast<char>(c);
         }
     }
-    cur_ = p;
+  }
+  return p;
+}
+
+void JsonWriter::escaped(const char* s, std::size_t n) {
+  // In slices, so that a long text needs no room for six times its length at once.
+  while (n > 0) {
+    std::size_t slice = std::min<std::size_t>(n, json_detail::kEscapeSlice);
+    cur_ = json_detail::writeEscaped(reserve(6 * slice), s, slice);
+    s += slice;
+    n -= slice;
   }
 }
 

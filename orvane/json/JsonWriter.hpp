@@ -152,6 +152,12 @@ inline bool copyShort(char* d, const char* s, std::size_t n) {
   return !(kEscaped.escaped[a] | kEscaped.escaped[b] | kEscaped.escaped[c]);
 }
 
+// Writes the `n` bytes at `s` with quotes, backslashes and control characters escaped, at `p`,
+// which has room for 6 * n bytes, and returns the end.
+char* writeEscaped(char* p, const char* s, std::size_t n);
+// How many bytes of text writeEscaped is given at a time by the writers.
+constexpr std::size_t kEscapeSlice = 4096;
+
 }  // namespace json_detail
 
 /// Writes the JSON text of a finite double at `p`, which has room for 32 bytes, and returns
