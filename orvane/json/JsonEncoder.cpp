@@ -353,18 +353,25 @@ class CompactBackend final : public EncoderBackend {
 
 void JsonEncoder::run(std::string& out, void (*fn)(Encoder&, const void*),
                       const void* value) const {
-  if (options_.pretty) {
-    PrettyBackend backend(out, options_);
+  // A failed encoding leaves `out` as it found it; the backends are gone before it is cut back.
+  const std::size_t start = out.size();
+  try {
+    if (options_.pretty) {
+      PrettyBackend backend(out, options_);
+      Encoder root(backend, 0, nullptr);
+      fn(root, value);
+      root.finish();
+      return;
+    }
+    CompactBackend backend(out, options_);
     Encoder root(backend, 0, nullptr);
     fn(root, value);
     root.finish();
-    return;
+    backend.finish();
+  } catch (...) {
+    out.resize(start);
+    throw;
   }
-  CompactBackend backend(out, options_);
-  Encoder root(backend, 0, nullptr);
-  fn(root, value);
-  root.finish();
-  backend.finish();
 }
 
 }  // namespace orvane

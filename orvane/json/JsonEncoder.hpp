@@ -27,7 +27,7 @@ class JsonEncoder {
     return out;
   }
 
-  /// Appends the JSON text of `value` to `out`.
+  /// Appends the JSON text of `value` to `out`; when the encoding fails, `out` is left as it was.
   template <class T>
   void encodeInto(std::string& out, const T& value) const {
     run(

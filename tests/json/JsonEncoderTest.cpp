@@ -251,13 +251,19 @@ TEST(JsonEncoderErrors, NonFiniteNumbersNameTheirPath) {
       root.kind = Tree::object;
       root.children = {{"a", value}};
       std::string expected = path == "<root>" ? "a" : path[0] == '[' ? "a" + path : "a." + path;
+      // Text already in the output stays as it was, and nothing of the failed value is added.
+      const std::string before = "[\"kept\",";
+      std::string out = before;
       try {
-        encoded(root, pretty);
+        JsonEncoderOptions options;
+        options.pretty = pretty;
+        JsonEncoder(options).encodeInto(out, root);
         ADD_FAILURE() << path << " " << pretty;
       } catch (const EncodingError& e) {
         EXPECT_EQ(formatCodingPath(e.codingPath()), expected) << pretty;
         EXPECT_EQ(e.description(), "Unable to encode Double.inf directly in JSON.");
       }
+      EXPECT_EQ(out, before) << path << " " << pretty;
     }
   }
 }
