@@ -292,30 +292,21 @@ class CompactBackend final : public EncoderBackend {
 
   // `"key":` at `p`, which has room for kShortRoom + kNumberRoom bytes; returns the end, with
   // room for kShortRoom and for kNumberRoom bytes after it.
-  char* keyAt(char* p, std::string_view key) {
-    if (key.size() <= kShortText) [[likely]] {
-      *p = '"';
-      if (copyShortText(p + 1, key.data(), key.size())) [[likely]] {
-        p += 1 + key.size();
-        p[0] = '"';
-        p[1] = ':';
-        return p + 2;
-      }
-    }
-    return quoted(p, key, ':');
-  }
+  char* keyAt(char* p, std::string_view key) { return quotedAt(p, key, ':'); }
   // A string value and its comma at `p`, which has room for kShortRoom bytes.
-  char* stringAt(char* p, std::string_view value) {
-    if (value.size() <= kShortText) [[likely]] {
+  char* stringAt(char* p, std::string_view value) { return quotedAt(p, value, ','); }
+  // Short text without escapes inline, the rest through `quoted`.
+  char* quotedAt(char* p, std::string_view text, char after) {
+    if (text.size() <= kShortText) [[likely]] {
       *p = '"';
-      if (copyShortText(p + 1, value.data(), value.size())) [[likely]] {
-        p += 1 + value.size();
+      if (copyShortText(p + 1, text.data(), text.size())) [[likely]] {
+        p += 1 + text.size();
         p[0] = '"';
-        p[1] = ',';
+        p[1] = after;
         return p + 2;
       }
     }
-    return quoted(p, value, ',');
+    return quoted(p, text, after);
   }
   // Any text quoted at `p`, the end of the text so far, and `after` it; returns the end, with
   // room for kAfterQuoted more bytes.
