@@ -75,7 +75,7 @@ class DecoderBackend {
   /// Per-container lookup state. The backend lays out the members that follow the cursor in
   /// `ahead` (only while no key of the object repeats), so that a record reading its keys in
   /// order finds each one, and a number's value, without a call into the backend. The rest is
-  /// the backend's own: where the members after `ahead` begin (zero before the first lookup),
+  /// the backend's own: where the members after `ahead` begin (zero until it is prepared),
   /// a filter of the keys present, the filter bits of keys that repeat.
   struct LookupState {
     struct Member {
