@@ -236,11 +236,6 @@ ORVANE_KEYED_SCALAR(Url, UrlView, Url)
 double KeyedDecodingContainer::readDouble(std::string_view key, Node value) const {
   return requiredScalar<double, double>(*context_, pathLink(), key, value);
 }
-std::optional<double> KeyedDecodingContainer::readDoubleIfPresent(std::string_view key,
-                                                                  Node value) const {
-  if (context_->backend->isNull(value)) return std::nullopt;
-  return requiredScalar<double, double>(*context_, pathLink(), key, value);
-}
 double KeyedDecodingContainer::decodeDoubleElsewhere(std::string_view key) const {
   Node value;
   if (!findElsewhere(key, value)) throwKeyNotFound(key);
@@ -249,8 +244,8 @@ double KeyedDecodingContainer::decodeDoubleElsewhere(std::string_view key) const
 std::optional<double> KeyedDecodingContainer::decodeDoubleIfPresentElsewhere(
     std::string_view key) const {
   Node value;
-  if (!findElsewhere(key, value)) return std::nullopt;
-  return readDoubleIfPresent(key, value);
+  if (!findElsewhere(key, value) || context_->backend->isNull(value)) return std::nullopt;
+  return readDouble(key, value);
 }
 
 #define ORVANE_TOLERANT_SCALAR(T, View, Name)                                                    \

@@ -84,6 +84,10 @@ class DecoderBackend {
       MemberKind kind;
       Node value;
       double number;  // the value as readDouble reads it, when kind is number
+
+      bool hasKey(std::string_view text) const noexcept {
+        return keyLength == text.size() && detail::equalBytes(key, text.data(), text.size());
+      }
     };
     static constexpr std::uint8_t kAhead = 8;
     Member ahead[kAhead];  // filled by the backend; entries from `count` on are unset
@@ -265,7 +269,8 @@ class KeyedDecodingContainer {
   std::optional<double> decodeDoubleIfPresent(std::string_view key) const {
     if (const Member* m = takeNext(key)) {
       if (m->kind == MemberKind::number) return m->number;
-      return readDoubleIfPresent(key, m->value);
+      if (m->kind == MemberKind::null) return std::nullopt;
+      return readDouble(key, m->value);
     }
     return decodeDoubleIfPresentElsewhere(key);
   }
@@ -290,7 +295,7 @@ class KeyedDecodingContainer {
     auto& s = lookup_;
     if (s.next < s.count) {
       const Member& m = s.ahead[s.next];
-      if (m.keyLength == key.size() && detail::equalBytes(m.key, key.data(), key.size())) {
+      if (m.hasKey(key)) {
         ++s.next;
         return &m;
       }
@@ -327,7 +332,6 @@ class KeyedDecodingContainer {
   /// Whether the value is an object, and the lookups prepared when it is.
   bool open() const noexcept { return context_->backend->openObject(object_, lookup_); }
   double readDouble(std::string_view key, Node value) const;
-  std::optional<double> readDoubleIfPresent(std::string_view key, Node value) const;
   double decodeDoubleElsewhere(std::string_view key) const;
   std::optional<double> decodeDoubleIfPresentElsewhere(std::string_view key) const;
 

@@ -386,7 +386,7 @@ class TapeBackend final : public DecoderBackend {
 bool TapeBackend::findMember(Node object, std::string_view key, Node& value,
                              LookupState& state) const noexcept {
   // The container has compared the member at the cursor already, unless there was none laid
-  // out: before the first lookup, or once the members ahead are used up.
+  // out: before the object was prepared, or once the members ahead are used up.
   if (state.position == 0) {
     prepare(object, state);
   } else if (state.repeated == 0 && state.next >= state.count) {
@@ -396,7 +396,7 @@ bool TapeBackend::findMember(Node object, std::string_view key, Node& value,
   }
   if (state.next < state.count) {
     const LookupState::Member& m = state.ahead[state.next];
-    if (keyEquals(reinterpret_cast<const std::uint8_t*>(m.key) - 4, key)) {
+    if (m.hasKey(key)) {
       value = m.value;
       ++state.next;
       return true;
@@ -433,7 +433,7 @@ bool TapeBackend::search(Node object, std::string_view key, Node& value,
       // The members after this one are laid out at the next lookup.
       state.count = 0;
       state.next = 0;
-      state.position = next < end || state.repeated == 0 ? next : begin;
+      state.position = next < end ? next : begin;
       return true;
     }
   }
