@@ -51,8 +51,27 @@ DecodingError::DecodingError(Kind kind, CodingPath codingPath, std::string descr
       key_(std::move(key)),
       description_(std::move(description)),
       underlying_(std::move(underlying)) {
+  describe();
+}
+
+void DecodingError::setLocation(std::optional<TextLocation> location) {
+  location_ = location;
+  describe();
+}
+
+void DecodingError::setReason(std::optional<std::string> reason) {
+  reason_ = std::move(reason);
+  describe();
+}
+
+void DecodingError::describe() {
   what_ =
       std::string(kindName(kind_)) + " at " + formatCodingPath(codingPath_) + ": " + description_;
+  if (reason_) what_ += " (" + *reason_ + ")";
+  if (location_) {
+    what_ += " (line " + std::to_string(location_->line) + ", column " +
+             std::to_string(location_->column) + ")";
+  }
 }
 
 EncodingError::EncodingError(CodingPath codingPath, std::string description)

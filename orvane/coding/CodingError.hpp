@@ -51,6 +51,13 @@ struct CodingPathLink {
   static CodingPath materialize(const CodingPathLink* link);
 };
 
+/// Where in a document's text something is: 1-based line, and column counted in bytes.
+struct TextLocation {
+  std::size_t line = 1;
+  std::size_t column = 1;
+  bool operator==(const TextLocation&) const = default;
+};
+
 /// The error raised when a document does not decode as the requested type.
 class DecodingError : public std::exception {
  public:
@@ -74,7 +81,17 @@ class DecodingError : public std::exception {
   const std::string& description() const { return description_; }
   /// The error that caused this one (for example the parser's reason for invalid JSON).
   std::exception_ptr underlyingError() const { return underlying_; }
-  /// `kind at path: description`.
+  /// Where the failure is in the document's text, when the coder could place it: the value at
+  /// the coding path (for keyNotFound, the object that lacks the key), or for invalid JSON the
+  /// first byte where the text stops being JSON.
+  const std::optional<TextLocation>& location() const { return location_; }
+  /// For invalid JSON, the parser's own reason.
+  const std::optional<std::string>& reason() const { return reason_; }
+  /// Places the error in the text; `what()` then ends with ` (line L, column C)`.
+  void setLocation(std::optional<TextLocation> location);
+  /// Adds the parser's reason; `what()` then carries it after the description, in parentheses.
+  void setReason(std::optional<std::string> reason);
+  /// `kind at path: description`, then ` (reason)` and ` (line L, column C)` when known.
   const char* what() const noexcept override { return what_.c_str(); }
 
  private:
@@ -83,7 +100,11 @@ class DecodingError : public std::exception {
   std::optional<std::string> key_;
   std::string description_;
   std::exception_ptr underlying_;
+  std::optional<TextLocation> location_;
+  std::optional<std::string> reason_;
   std::string what_;
+
+  void describe();
 };
 
 std::string_view kindName(DecodingError::Kind kind);

@@ -3,6 +3,7 @@
 namespace orvane {
 
 DecoderBackend::~DecoderBackend() = default;
+DecodingWarnings::~DecodingWarnings() = default;
 
 namespace {
 

@@ -129,11 +129,33 @@ class DecoderBackend {
   virtual std::string corruptionReason(Node node, std::string_view type) const = 0;
 };
 
-/// What every decoder of one decode shares.
-struct DecodingContext {
-  const DecoderBackend* backend = nullptr;
-  const UserInfo* userInfo = nullptr;
-  bool fromImportSource = false;
+/// Told of every value that a tolerant key dropped although the document held one (an unknown
+/// enumeration string, a value of another kind). Absent keys and nulls are not reported.
+class DecodingWarnings {
+ public:
+  virtual ~DecodingWarnings();
+  /// `path` leads to the dropped value; `reason` is the description that a required read of
+  /// it would have raised.
+  virtual void dropped(const CodingPath& path, const std::string& reason) = 0;
+};
+
+/// What every decoder of one decode shares. A coder makes one per decode over its backend and
+/// the caller's user-info map; the import-source flag is read from that map here, once, so
+/// every coder gets the same import behaviour.
+class DecodingContext {
+ public:
+  DecodingContext(const DecoderBackend& backend, const UserInfo& userInfo,
+                  DecodingWarnings* warnings = nullptr)
+      : backend(&backend),
+        userInfo(&userInfo),
+        warnings(warnings),
+        fromImportSource(isFromImportSource(userInfo)) {}
+
+  const DecoderBackend* const backend;
+  const UserInfo* const userInfo;
+  /// Null unless the caller asked to hear of dropped values.
+  DecodingWarnings* const warnings;
+  const bool fromImportSource;
 };
 
 class KeyedDecodingContainer;

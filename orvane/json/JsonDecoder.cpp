@@ -476,7 +476,7 @@ void JsonDecoder::run(std::string_view json, bool padded, void (*fn)(const Decod
   }
   RecordArenaScope arena(options_.packRecords);
   TapeBackend backend(p.parser.doc, options_.dates);
-  DecodingContext context{&backend, &options_.userInfo, isFromImportSource(options_.userInfo)};
+  DecodingContext context(backend, options_.userInfo, options_.warnings);
   Decoder root(context, backend.root(), nullptr);
   fn(root, out);
 }

@@ -22,6 +22,9 @@ struct JsonDecoderOptions {
   /// but a record kept from a released graph keeps its chunk. Turn it off to decode records
   /// that will be kept long after the rest of their graph is gone.
   bool packRecords = true;
+  /// When set, told of every value that a tolerant key dropped although the document held one
+  /// (see `DecodingWarnings`). Off by default; costs nothing when off.
+  DecodingWarnings* warnings = nullptr;
 };
 
 /// Parses a document and decodes a value of the requested type from it. Invalid JSON, invalid
