@@ -39,4 +39,11 @@ bool canonicallyEquivalent(std::string_view a, std::string_view b) {
   return *na == *nb;
 }
 
+// ASCII is its own normal form, and nearly all text is ASCII: hashed as bytes without a copy.
+std::size_t canonicalHash(std::string_view text) {
+  if (isAscii(text)) return std::hash<std::string_view>{}(text);
+  auto normal = nfc(text);
+  return std::hash<std::string_view>{}(normal ? std::string_view(*normal) : text);
+}
+
 }  // namespace orvane

@@ -4,32 +4,9 @@
 #include <cstdlib>
 #include <random>
 
-#include <utf8proc.h>
+#include <orvane/coding/CanonicalText.hpp>
 
 namespace orvane {
-
-namespace {
-
-bool isAscii(std::string_view s) {
-  for (unsigned char c : s) {
-    if (c & 0x80) return false;
-  }
-  return true;
-}
-
-// NFC of a UTF-8 string; text that is not valid UTF-8 is compared as bytes.
-std::string nfc(std::string_view s) {
-  utf8proc_uint8_t* out = nullptr;
-  utf8proc_ssize_t n = utf8proc_map(
-      reinterpret_cast<const utf8proc_uint8_t*>(s.data()), static_cast<utf8proc_ssize_t>(s.size()),
-      &out, static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_COMPOSE));
-  if (n < 0) return std::string(s);
-  std::string result(reinterpret_cast<char*>(out), static_cast<std::size_t>(n));
-  std::free(out);
-  return result;
-}
-
-}  // namespace
 
 // Nothing is worked out up front: identifiers are decoded by the thousand and nearly all are
 // ASCII, which compares and hashes as bytes.
@@ -77,14 +54,11 @@ Identifier Identifier::local() {
 }
 
 bool Identifier::canonicallyEqual(std::string_view a, std::string_view b) {
-  if (isAscii(a) && isAscii(b)) return false;
-  return nfc(a) == nfc(b);
+  return canonicallyEquivalent(a, b);
 }
 
 std::size_t Identifier::hash() const {
-  std::string_view raw = rawValue();
-  if (isAscii(raw)) return std::hash<std::string_view>{}(raw);
-  return std::hash<std::string>{}(nfc(raw));
+  return canonicalHash(rawValue());
 }
 
 }  // namespace orvane

@@ -6,12 +6,12 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <utility>
 #include <variant>
 #include <vector>
 
 #include <orvane/coding/BlendMode.hpp>
+#include <orvane/coding/CanonicalText.hpp>
 #include <orvane/coding/Decoder.hpp>
 #include <orvane/coding/Encoder.hpp>
 #include <orvane/coding/FieldVisitor.hpp>
@@ -98,7 +98,8 @@ class Layer : public std::enable_shared_from_this<Layer> {
 
   struct Flattened {
     std::vector<Ref<Layer>> flattenedLayers;
-    std::unordered_set<std::string> componentNames;
+    /// Canonically equivalent spellings of a name count once.
+    CanonicalStringSet componentNames;
   };
 
   Layer(Passkey<Layer>, Identifier identifier, std::string name, Identifier sourceIdentifier,

@@ -64,11 +64,15 @@ TEST(LayerFlattening, InteractionLevelPlacesTheGroup) {
 
 TEST(LayerFlattening, OriginAndComponentNamesFromAllDepths) {
   auto inner = group("I", {shape("X", {1, 1, 1, 1})}, Level::top, {5, 5, 1, 1}, "Button");
-  auto outer = group("O", {inner, group("J", {}, std::nullopt, {}, "Button")}, std::nullopt,
+  // One name in two spellings, composed and decomposed, is one name.
+  auto cafe =
+      group("K", {group("L", {}, std::nullopt, {}, "Cafe\u0301")}, std::nullopt, {}, "Caf\u00E9");
+  auto outer = group("O", {inner, group("J", {}, std::nullopt, {}, "Button"), cafe}, std::nullopt,
                      {10, 0, 1, 1}, "Card");
   auto result = Layer::flattenedLayersAndComponentNames({outer}, {1000, 2000});
   EXPECT_EQ(ids(result.flattenedLayers), "XI");
-  EXPECT_EQ(result.componentNames, (std::unordered_set<std::string>{"Button", "Card"}));
+  EXPECT_EQ(result.componentNames, (CanonicalStringSet{"Button", "Card", "Caf\u00E9"}));
+  EXPECT_EQ(result.componentNames.size(), 3u);
   EXPECT_EQ(result.flattenedLayers[0]->absoluteFrame(), Rect(1016, 2006, 1, 1));
 }
 
