@@ -4,13 +4,39 @@
 
 namespace orvane {
 
+namespace {
+constexpr std::string_view kSourceFile = "orvane/project/ComponentSection.cpp";
+
+[[noreturn]] void cycle(const ComponentSection& section, std::string_view how, int line) {
+  fatalError("Component section tree has a cycle: section \"" +
+                 std::string(section.identifier().rawValue()) + "\" " + std::string(how) + ".",
+             kSourceFile, line);
+}
+}  // namespace
+
+// Marks a section while the project is passed down below it: meeting a marked section again
+// means the section is inside its own subtree.
+class ComponentSection::Visit {
+ public:
+  explicit Visit(ComponentSection& section) : section_(section) {
+    if (section.visiting_) cycle(section, "is inside its own subtree", __LINE__);
+    section.visiting_ = true;
+  }
+  ~Visit() { section_.visiting_ = false; }
+  Visit(const Visit&) = delete;
+  Visit& operator=(const Visit&) = delete;
+
+ private:
+  ComponentSection& section_;
+};
+
 Ref<ComponentSection> ComponentSection::make(
     std::string name, std::optional<std::string> description,
     std::optional<std::vector<Ref<ComponentSection>>> sections,
     std::optional<std::vector<Ref<Component>>> components, Identifier identifier) {
-  auto section = makeRef<ComponentSection>(
-      Passkey<ComponentSection>{}, std::move(identifier), std::move(name), std::move(description),
-      std::move(sections), std::move(components));
+  auto section =
+      makeRef<ComponentSection>(Passkey<ComponentSection>{}, std::move(identifier), std::move(name),
+                                std::move(description), std::move(sections), std::move(components));
   section->wireSections(false);
   section->wireComponents(false);
   return section;
@@ -24,9 +50,9 @@ Ref<ComponentSection> ComponentSection::decode(const Decoder& decoder) {
   auto description = c.decodeStringIfPresent(K::description);
   auto sections = c.decodeIfPresent<std::vector<Ref<ComponentSection>>>(K::sections);
   auto components = c.decodeIfPresent<std::vector<Ref<Component>>>(K::components);
-  auto section = makeRef<ComponentSection>(
-      Passkey<ComponentSection>{}, std::move(identifier), std::move(name), std::move(description),
-      std::move(sections), std::move(components));
+  auto section =
+      makeRef<ComponentSection>(Passkey<ComponentSection>{}, std::move(identifier), std::move(name),
+                                std::move(description), std::move(sections), std::move(components));
   section->wireSections(false);
   section->wireComponents(false);
   return section;
@@ -44,8 +70,19 @@ void ComponentSection::encode(Encoder& encoder) const {
 
 std::string ComponentSection::identifierPathComponent() const {
   std::vector<std::string_view> parts{identifier_.rawValue()};
-  for (auto ancestor = parent(); ancestor; ancestor = ancestor->parent())
+  // A chain of parents that loops is found by comparing each ancestor with one saved at
+  // doubling distances.
+  const ComponentSection* saved = this;
+  std::size_t steps = 0, reach = 1;
+  for (auto ancestor = parent(); ancestor; ancestor = ancestor->parent()) {
+    if (ancestor.get() == saved) cycle(*ancestor, "is its own ancestor", __LINE__);
     parts.push_back(ancestor->identifier_.rawValue());
+    if (++steps == reach) {
+      saved = ancestor.get();
+      steps = 0;
+      reach *= 2;
+    }
+  }
   std::string path;
   for (auto it = parts.rbegin(); it != parts.rend(); ++it) {
     if (it->empty()) continue;
@@ -67,6 +104,7 @@ void ComponentSection::setComponents(std::optional<std::vector<Ref<Component>>> 
 
 void ComponentSection::setProject(const Ref<Project>& value) {
   project_ = value;
+  Visit visit(*this);
   if (sections_) {
     for (const auto& section : *sections_) {
       if (section) section->setProject(value);

@@ -21,7 +21,9 @@ class Project;
 
 /// Owns nested component sections and components; each nested section refers back through
 /// `parent`, each component through `section`. The project is passed down the whole subtree on
-/// every assignment of `project`, `sections` or `components`.
+/// every assignment of `project`, `sections` or `components`. A section placed inside its own
+/// subtree, or made its own ancestor through `setParent`, is a programming error that stops the
+/// process with `fatalError` when the tree is walked.
 class ComponentSection : public std::enable_shared_from_this<ComponentSection> {
  public:
   struct CodingKeys {
@@ -100,6 +102,8 @@ class ComponentSection : public std::enable_shared_from_this<ComponentSection> {
   /// Adopts the components; `passProject` hands this section's project down as well.
   void wireComponents(bool passProject);
 
+  class Visit;
+
   Identifier identifier_;
   std::string name_;
   std::optional<std::string> description_;
@@ -107,6 +111,7 @@ class ComponentSection : public std::enable_shared_from_this<ComponentSection> {
   std::optional<std::vector<Ref<Component>>> components_;
   WeakRef<Project> project_;
   WeakRef<ComponentSection> parent_;
+  bool visiting_ = false;  // the project is being passed down below this section
 };
 
 /// The decode-only subset of a component section; every member optional.

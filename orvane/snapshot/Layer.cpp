@@ -5,6 +5,32 @@
 
 namespace orvane {
 
+namespace {
+constexpr std::string_view kSourceFile = "orvane/snapshot/Layer.cpp";
+
+[[noreturn]] void cycle(const Layer& layer, std::string_view how, int line) {
+  fatalError("Layer tree has a cycle: layer \"" + std::string(layer.identifier().rawValue()) +
+                 "\" " + std::string(how) + ".",
+             kSourceFile, line);
+}
+}  // namespace
+
+// Marks a group while a walk of the tree is below it: meeting a marked group again means the
+// group is inside its own subtree.
+class Layer::Visit {
+ public:
+  explicit Visit(const Layer& group) : group_(group) {
+    if (group.flags_ & kVisiting) cycle(group, "is inside its own subtree", __LINE__);
+    group.flags_ |= kVisiting;
+  }
+  ~Visit() { group_.flags_ &= static_cast<std::uint8_t>(~kVisiting); }
+  Visit(const Visit&) = delete;
+  Visit& operator=(const Visit&) = delete;
+
+ private:
+  const Layer& group_;
+};
+
 Layer::Kind::Key Layer::Kind::key() const {
   if (asText()) return Key::text;
   if (asGroup()) return Key::group;
@@ -74,10 +100,10 @@ Ref<Layer> Layer::make(std::string name, Identifier sourceIdentifier, std::optio
                        bool isExportable, std::optional<std::vector<Ref<Fill>>> fills,
                        std::optional<std::vector<Ref<Border>>> borders,
                        std::optional<std::vector<Ref<Shadow>>> shadows, Identifier identifier) {
-  auto layer = makeRef<Layer>(
-      Passkey<Layer>{}, std::move(identifier), std::move(name), std::move(sourceIdentifier),
-      std::move(kind), frame, rotation, cornerRadius, opacity, blendMode, std::move(blur),
-      isExportable, std::move(fills), std::move(borders), std::move(shadows));
+  auto layer = makeRef<Layer>(Passkey<Layer>{}, std::move(identifier), std::move(name),
+                              std::move(sourceIdentifier), std::move(kind), frame, rotation,
+                              cornerRadius, opacity, blendMode, std::move(blur), isExportable,
+                              std::move(fills), std::move(borders), std::move(shadows));
   layer->adoptChildren();
   return layer;
 }
@@ -121,10 +147,10 @@ Ref<Layer> Layer::decode(const Decoder& decoder) {
   auto fills = c.decodeIfPresent<std::vector<Ref<Fill>>>(K::fills);
   auto borders = c.decodeIfPresent<std::vector<Ref<Border>>>(K::borders);
   auto shadows = c.decodeIfPresent<std::vector<Ref<Shadow>>>(K::shadows);
-  auto layer = makeRef<Layer>(
-      Passkey<Layer>{}, std::move(identifier), std::move(name), std::move(sourceIdentifier),
-      std::move(kind), frame, rotation, cornerRadius, opacity, blendMode, std::move(blur),
-      isExportable, std::move(fills), std::move(borders), std::move(shadows));
+  auto layer = makeRef<Layer>(Passkey<Layer>{}, std::move(identifier), std::move(name),
+                              std::move(sourceIdentifier), std::move(kind), frame, rotation,
+                              cornerRadius, opacity, blendMode, std::move(blur), isExportable,
+                              std::move(fills), std::move(borders), std::move(shadows));
   layer->adoptChildren();
   return layer;
 }
@@ -195,6 +221,7 @@ void Layer::setKind(std::optional<Kind> value) {
 void Layer::kindChanged() {
   if (!kind_) return;
   if (auto* group = kind_->asGroup()) {
+    Visit visit(*this);
     auto self = shared_from_this();
     auto snapshot = snapshot_.lock();
     for (const auto& child : group->layers) {
@@ -208,6 +235,7 @@ void Layer::setSnapshot(const Ref<Snapshot>& value) {
   snapshot_ = value;
   if (!kind_) return;
   if (const auto* group = kind_->asGroup()) {
+    Visit visit(*this);
     for (const auto& child : group->layers) child->setSnapshot(value);
   }
 }
@@ -215,8 +243,19 @@ void Layer::setSnapshot(const Ref<Snapshot>& value) {
 Rect Layer::absoluteFrame() const {
   if (!(flags_ & kHasAbsoluteFrame)) {
     Rect frame = frame_;
-    for (auto ancestor = parent_.lock(); ancestor; ancestor = ancestor->parent_.lock())
+    // A chain of parents that loops is found by comparing each ancestor with one saved at
+    // doubling distances, without a record of the whole chain.
+    const Layer* saved = this;
+    std::size_t steps = 0, reach = 1;
+    for (auto ancestor = parent_.lock(); ancestor; ancestor = ancestor->parent_.lock()) {
+      if (ancestor.get() == saved) cycle(*ancestor, "is its own ancestor", __LINE__);
       frame = frame.offsetBy(ancestor->frame_.origin.x, ancestor->frame_.origin.y);
+      if (++steps == reach) {
+        saved = ancestor.get();
+        steps = 0;
+        reach *= 2;
+      }
+    }
     absoluteFrame_ = frame;
     flags_ |= kHasAbsoluteFrame;
   }
@@ -233,6 +272,7 @@ void Layer::flatten(const std::vector<Ref<Layer>>& layers, Point origin, Flatten
       out.flattenedLayers.push_back(layer);
       continue;
     }
+    Visit visit(*layer);
     if (gatherNames && group->componentName) out.componentNames.insert(*group->componentName);
     const auto level = group->interactionLevel;
     if (level == InteractionLevel::bottom) out.flattenedLayers.push_back(layer);
@@ -241,17 +281,18 @@ void Layer::flatten(const std::vector<Ref<Layer>>& layers, Point origin, Flatten
   }
 }
 
-namespace {
 // An upper bound of what a flattening of `layers` yields: each layer at most once.
-std::size_t countLayers(const std::vector<Ref<Layer>>& layers) {
+std::size_t Layer::countLayers(const std::vector<Ref<Layer>>& layers) {
   std::size_t count = layers.size();
   for (const auto& layer : layers) {
     const auto& kind = layer->kind();
-    if (const auto* group = kind ? kind->asGroup() : nullptr) count += countLayers(group->layers);
+    if (const auto* group = kind ? kind->asGroup() : nullptr) {
+      Visit visit(*layer);
+      count += countLayers(group->layers);
+    }
   }
   return count;
 }
-}  // namespace
 
 std::vector<Ref<Layer>> Layer::flattenedLayers(const std::vector<Ref<Layer>>& layers,
                                                Point origin) {

@@ -30,7 +30,9 @@ namespace orvane {
 class Snapshot;
 
 /// A node of a snapshot's layer tree. Groups own their children; every layer points weakly at
-/// its enclosing group and at the snapshot of its tree.
+/// its enclosing group and at the snapshot of its tree. A group placed inside its own subtree
+/// is a programming error: the walks of the tree (passing the snapshot down, flattening)
+/// stop the process with `fatalError` rather than recurse forever.
 class Layer : public std::enable_shared_from_this<Layer> {
  public:
   /// Where a group stands relative to its children when a tree is flattened.
@@ -184,6 +186,7 @@ class Layer : public std::enable_shared_from_this<Layer> {
 
   /// The frame in the snapshot's coordinates. Computed through the parents on first read and
   /// kept from then on, so a later move of an ancestor is not seen until it is assigned again.
+  /// A layer that is its own ancestor (through `setParent`) stops the process.
   Rect absoluteFrame() const;
   void setAbsoluteFrame(Rect value) {
     absoluteFrame_ = value;
@@ -195,6 +198,7 @@ class Layer : public std::enable_shared_from_this<Layer> {
   void kindChanged();
   static void flatten(const std::vector<Ref<Layer>>& layers, Point origin, Flattened& out,
                       bool gatherNames);
+  static std::size_t countLayers(const std::vector<Ref<Layer>>& layers);
 
   // Layers are the most numerous records of a decoded graph, so their storage is packed: the
   // optional scalars are a value and a presence bit, and what layers seldom carry (a blur, a
@@ -209,7 +213,9 @@ class Layer : public std::enable_shared_from_this<Layer> {
     kIsExportable = 4,
     kExportsBitmap = 8,
     kHasAbsoluteFrame = 16,
+    kVisiting = 32,  // a walk of the tree is below this group
   };
+  class Visit;
   void setFlag(Flag flag, bool on) {
     flags_ = static_cast<std::uint8_t>(on ? flags_ | flag : flags_ & ~flag);
   }

@@ -204,3 +204,36 @@ TEST(SectionPartial, ThreeOptionalMembers) {
   EXPECT_FALSE(component.description);
   EXPECT_EQ(decodeError<ComponentSection::Partial>(R"({"name":1})").kind(), Kind::typeMismatch);
 }
+
+TEST(ComponentSectionDeathTest, ASectionInsideItsOwnSubtreeStops) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  auto leaf = [](const char* id) {
+    return ComponentSection::make(id, std::nullopt, std::nullopt, std::nullopt, Identifier(id));
+  };
+  const char* inside =
+      "Component section tree has a cycle: section \"A\" is inside its own subtree";
+  EXPECT_DEATH(
+      {
+        auto a = leaf("A");
+        a->editSections([&](auto& sections) { sections = std::vector{a}; });
+      },
+      inside);
+  EXPECT_DEATH(
+      {
+        auto a = leaf("A");
+        auto b = ComponentSection::make("b", std::nullopt, std::vector{leaf("C")}, std::nullopt,
+                                        Identifier("B"));
+        a->setSections(std::vector{b});
+        b->editSections([&](auto& sections) { sections->push_back(a); });
+      },
+      "Component section tree has a cycle: section \"[AB]\" is inside its own subtree");
+  EXPECT_DEATH(
+      {
+        auto a = leaf("A");
+        auto b = leaf("B");
+        a->setParent(b);
+        b->setParent(a);
+        a->identifierPathComponent();
+      },
+      "Component section tree has a cycle: section \"[AB]\" is its own ancestor");
+}

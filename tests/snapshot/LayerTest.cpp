@@ -192,3 +192,50 @@ TEST(LayerStorage, OptionalMembersSetAndClearIndependently) {
   EXPECT_FALSE(layer->exportsBitmap());
   EXPECT_FALSE(layer->rotation());
 }
+
+TEST(LayerTreeDeathTest, AGroupInsideItsOwnSubtreeStopsEveryWalk) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  const char* inside = "Layer tree has a cycle: layer \"G\" is inside its own subtree";
+  // Made a cycle by a new kind: the snapshot is passed down at once.
+  EXPECT_DEATH(
+      {
+        auto g = group("G", {shape("A")}, Level::top);
+        g->setKind(Layer::Kind::group({group("H", {g}, Level::top)}, std::nullopt, Level::top));
+      },
+      inside);
+  // Made a cycle in place: the child's own walk finds it.
+  EXPECT_DEATH(
+      {
+        auto inner = group("H", {}, Level::top);
+        auto g = group("G", {inner}, Level::top);
+        inner->editKind([&](auto& kind) { kind->asGroup()->layers.push_back(g); });
+      },
+      "Layer tree has a cycle: layer \"H\" is inside its own subtree");
+  EXPECT_DEATH(
+      {
+        auto g = group("G", {}, std::nullopt);
+        g->editKind([&](auto& kind) { kind->asGroup()->layers.push_back(g); });
+      },
+      inside);
+  // A chain of parents that loops, made through the setter, stops the absolute frame.
+  EXPECT_DEATH(
+      {
+        auto a = shape("A");
+        auto b = shape("B");
+        auto c = shape("C");
+        a->setParent(b);
+        b->setParent(c);
+        c->setParent(b);
+        a->absoluteFrame();
+      },
+      "Layer tree has a cycle: layer \"[BC]\" is its own ancestor");
+}
+
+TEST(LayerTree, ALayerInTwoPlacesIsNoCycle) {
+  auto shared = shape("A", {1, 1, 1, 1});
+  auto g = group("G", {shared, group("H", {shared}, Level::top, {10, 10, 1, 1})}, Level::top);
+  auto snapshot = emptySnapshot();
+  snapshot->setLayers(std::vector{g, g});
+  EXPECT_EQ(ids(*snapshot->flattenedLayers()), "AAHGAAHG");
+  EXPECT_EQ(shared->snapshot(), snapshot);
+}
