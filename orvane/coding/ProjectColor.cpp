@@ -4,8 +4,8 @@ namespace orvane {
 
 Ref<ProjectColor> ProjectColor::make(std::string name, double red, double green, double blue,
                                      double alpha, Identifier identifier) {
-  return makeRef<ProjectColor>(Passkey<ProjectColor>{}, std::move(identifier),
-                                        std::move(name), red, green, blue, alpha);
+  return makeRef<ProjectColor>(Passkey<ProjectColor>{}, std::move(identifier), std::move(name), red,
+                               green, blue, alpha);
 }
 
 Ref<ProjectColor> ProjectColor::decode(const Decoder& decoder) {
@@ -14,7 +14,7 @@ Ref<ProjectColor> ProjectColor::decode(const Decoder& decoder) {
   auto identifier = c.decode<Identifier>(K::identifier);
   auto name = c.decodeString(K::name);
   auto color = makeRef<ProjectColor>(Passkey<ProjectColor>{}, std::move(identifier),
-                                              std::move(name), 0, 0, 0, 0);
+                                     std::move(name), 0, 0, 0, 0);
   color->decodeComponents(decoder);
   return color;
 }
@@ -36,23 +36,23 @@ ProjectColor::Partial ProjectColor::Partial::decode(const Decoder& decoder) {
   using K = Color::CodingKeys;
   Partial p;
   auto own = decoder.container();
-  p.identifier = own.decodeIfPresent<Identifier>(P::identifier);
-  p.name = own.decodeStringIfPresent(P::name);
+  p.identifier_ = own.decodeIfPresent<Identifier>(P::identifier);
+  p.name_ = own.decodeStringIfPresent(P::name);
   auto color = decoder.container();
-  p.red = color.decodeDoubleIfPresent(K::red);
-  p.green = color.decodeDoubleIfPresent(K::green);
-  p.blue = color.decodeDoubleIfPresent(K::blue);
-  p.alpha = color.decodeDoubleIfPresent(K::alpha);
+  p.red_ = color.decodeDoubleIfPresent(K::red);
+  p.green_ = color.decodeDoubleIfPresent(K::green);
+  p.blue_ = color.decodeDoubleIfPresent(K::blue);
+  p.alpha_ = color.decodeDoubleIfPresent(K::alpha);
   return p;
 }
 
 void ProjectColor::Partial::visitFields(FieldVisitor& v) const {
-  v.field("identifier", identifier);
-  v.field("name", name);
-  v.field("red", red);
-  v.field("green", green);
-  v.field("blue", blue);
-  v.field("alpha", alpha);
+  v.field("identifier", identifier_);
+  v.field("name", name_);
+  v.field("red", red_);
+  v.field("green", green_);
+  v.field("blue", blue_);
+  v.field("alpha", alpha_);
 }
 
 }  // namespace orvane

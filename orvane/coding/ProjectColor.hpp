@@ -20,11 +20,13 @@ class ProjectColor : public Color {
     static constexpr std::string_view name = "name";
   };
 
-  struct Partial;
+  class Partial;
 
   ProjectColor(Passkey<ProjectColor>, Identifier identifier, std::string name, double red,
                double green, double blue, double alpha)
-      : Color(red, green, blue, alpha), identifier_(std::move(identifier)), name_(std::move(name)) {}
+      : Color(red, green, blue, alpha),
+        identifier_(std::move(identifier)),
+        name_(std::move(name)) {}
 
   static Ref<ProjectColor> make(std::string name, double red, double green, double blue,
                                 double alpha, Identifier identifier = Identifier::local());
@@ -43,16 +45,27 @@ class ProjectColor : public Color {
 };
 
 /// The decode-only subset of a project color; every member optional.
-struct ProjectColor::Partial {
-  std::optional<Identifier> identifier;
-  std::optional<std::string> name;
-  std::optional<double> red;
-  std::optional<double> green;
-  std::optional<double> blue;
-  std::optional<double> alpha;
-
+class ProjectColor::Partial {
+ public:
   static Partial decode(const Decoder& decoder);
   void visitFields(FieldVisitor& v) const;
+
+  const std::optional<Identifier>& identifier() const { return identifier_; }
+  const std::optional<std::string>& name() const { return name_; }
+  const std::optional<double>& red() const { return red_; }
+  const std::optional<double>& green() const { return green_; }
+  const std::optional<double>& blue() const { return blue_; }
+  const std::optional<double>& alpha() const { return alpha_; }
+
+ private:
+  Partial() = default;
+
+  std::optional<Identifier> identifier_;
+  std::optional<std::string> name_;
+  std::optional<double> red_;
+  std::optional<double> green_;
+  std::optional<double> blue_;
+  std::optional<double> alpha_;
 };
 
 }  // namespace orvane

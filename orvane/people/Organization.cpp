@@ -34,8 +34,8 @@ Ref<Organization> Organization::make(std::optional<Status> status, std::string n
                                      std::optional<SubscriptionStatus> subscriptionStatus,
                                      Identifier identifier) {
   return makeRef<Organization>(Passkey<Organization>{}, std::move(identifier), status,
-                                        std::move(name), std::move(logoURL), transitionTimeInterval,
-                                        std::move(planIdentifier), subscriptionStatus);
+                               std::move(name), std::move(logoURL), transitionTimeInterval,
+                               std::move(planIdentifier), subscriptionStatus);
 }
 
 Ref<Organization> Organization::decode(const Decoder& decoder) {
@@ -49,8 +49,8 @@ Ref<Organization> Organization::decode(const Decoder& decoder) {
   auto planIdentifier = c.decodeStringIfPresent(K::planIdentifier);
   auto subscriptionStatus = c.decodeTolerant<SubscriptionStatus>(K::subscriptionStatus);
   return makeRef<Organization>(Passkey<Organization>{}, std::move(identifier), status,
-                                        std::move(name), std::move(logoURL), interval,
-                                        std::move(planIdentifier), subscriptionStatus);
+                               std::move(name), std::move(logoURL), interval,
+                               std::move(planIdentifier), subscriptionStatus);
 }
 
 void Organization::encode(Encoder& encoder) const {
@@ -83,23 +83,23 @@ Organization::Partial Organization::Partial::decode(const Decoder& decoder) {
   using K = Organization::CodingKeys;
   auto c = decoder.container();
   Partial p;
-  p.identifier = c.decodeIfPresent<Identifier>(K::identifier);
-  p.name = c.decodeStringIfPresent(K::name);
-  p.logoURL = c.decodeUrlIfPresent(K::logoURL);
-  p.transitionTimeInterval =
+  p.identifier_ = c.decodeIfPresent<Identifier>(K::identifier);
+  p.name_ = c.decodeStringIfPresent(K::name);
+  p.logoURL_ = c.decodeUrlIfPresent(K::logoURL);
+  p.transitionTimeInterval_ =
       secondsFromMilliseconds(c.decodeDoubleIfPresent(K::transitionTimeInterval));
-  p.planIdentifier = c.decodeStringIfPresent(K::planIdentifier);
-  p.subscriptionStatus = c.decodeTolerant<SubscriptionStatus>(K::subscriptionStatus);
+  p.planIdentifier_ = c.decodeStringIfPresent(K::planIdentifier);
+  p.subscriptionStatus_ = c.decodeTolerant<SubscriptionStatus>(K::subscriptionStatus);
   return p;
 }
 
 void Organization::Partial::visitFields(FieldVisitor& v) const {
-  v.field("identifier", identifier);
-  v.field("name", name);
-  v.field("logoURL", logoURL);
-  v.field("transitionTimeInterval", transitionTimeInterval);
-  v.field("planIdentifier", planIdentifier);
-  v.field("subscriptionStatus", subscriptionStatus);
+  v.field("identifier", identifier_);
+  v.field("name", name_);
+  v.field("logoURL", logoURL_);
+  v.field("transitionTimeInterval", transitionTimeInterval_);
+  v.field("planIdentifier", planIdentifier_);
+  v.field("subscriptionStatus", subscriptionStatus_);
 }
 
 }  // namespace orvane

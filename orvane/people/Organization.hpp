@@ -34,7 +34,7 @@ class Organization {
     static constexpr std::string_view subscriptionStatus = "subscriptionStatus";
   };
 
-  struct Partial;
+  class Partial;
 
   Organization(Passkey<Organization>, Identifier identifier, std::optional<Status> status,
                std::string name, std::optional<Url> logoURL,
@@ -83,16 +83,31 @@ class Organization {
 };
 
 /// The decode-only subset of an organization that partial documents carry; it has no status.
-struct Organization::Partial {
-  std::optional<Identifier> identifier;
-  std::optional<std::string> name;
-  std::optional<Url> logoURL;
-  std::optional<double> transitionTimeInterval;  // seconds
-  std::optional<std::string> planIdentifier;
-  std::optional<SubscriptionStatus> subscriptionStatus;
-
+class Organization::Partial {
+ public:
   static Partial decode(const Decoder& decoder);
   void visitFields(FieldVisitor& v) const;
+
+  const std::optional<Identifier>& identifier() const { return identifier_; }
+  const std::optional<std::string>& name() const { return name_; }
+  const std::optional<Url>& logoURL() const { return logoURL_; }
+  const std::optional<double>& transitionTimeInterval() const {
+    return transitionTimeInterval_;
+  }  // seconds
+  const std::optional<std::string>& planIdentifier() const { return planIdentifier_; }
+  const std::optional<SubscriptionStatus>& subscriptionStatus() const {
+    return subscriptionStatus_;
+  }
+
+ private:
+  Partial() = default;
+
+  std::optional<Identifier> identifier_;
+  std::optional<std::string> name_;
+  std::optional<Url> logoURL_;
+  std::optional<double> transitionTimeInterval_;
+  std::optional<std::string> planIdentifier_;
+  std::optional<SubscriptionStatus> subscriptionStatus_;
 };
 
 template <>

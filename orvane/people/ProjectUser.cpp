@@ -6,8 +6,7 @@ namespace orvane {
 
 Ref<ProjectUser> ProjectUser::make(Ref<User> user, std::optional<Role> role,
                                    std::optional<std::vector<std::string>> tags) {
-  return makeRef<ProjectUser>(Passkey<ProjectUser>{}, std::move(user), role,
-                                       std::move(tags));
+  return makeRef<ProjectUser>(Passkey<ProjectUser>{}, std::move(user), role, std::move(tags));
 }
 
 Ref<ProjectUser> ProjectUser::decode(const Decoder& decoder) {
@@ -38,14 +37,14 @@ ProjectUser::Partial ProjectUser::Partial::decode(const Decoder& decoder) {
   using K = ProjectUser::CodingKeys;
   auto c = decoder.container();
   Partial p;
-  p.user = c.decodeIfPresent<User::Partial>(K::user);
-  p.role = c.decodeTolerant<Role>(K::role);
+  p.user_ = c.decodeIfPresent<User::Partial>(K::user);
+  p.role_ = c.decodeTolerant<Role>(K::role);
   return p;
 }
 
 void ProjectUser::Partial::visitFields(FieldVisitor& v) const {
-  v.field("user", user);
-  v.field("role", role);
+  v.field("user", user_);
+  v.field("role", role_);
 }
 
 }  // namespace orvane

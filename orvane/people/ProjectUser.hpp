@@ -31,7 +31,7 @@ class ProjectUser {
     static constexpr std::string_view tags = "tags";
   };
 
-  struct Partial;
+  class Partial;
 
   ProjectUser(Passkey<ProjectUser>, Ref<User> user, std::optional<Role> role,
               std::optional<std::vector<std::string>> tags)
@@ -63,12 +63,19 @@ class ProjectUser {
 };
 
 /// The decode-only subset of a member that partial project documents carry.
-struct ProjectUser::Partial {
-  std::optional<User::Partial> user;
-  std::optional<Role> role;
-
+class ProjectUser::Partial {
+ public:
   static Partial decode(const Decoder& decoder);
   void visitFields(FieldVisitor& v) const;
+
+  const std::optional<User::Partial>& user() const { return user_; }
+  const std::optional<Role>& role() const { return role_; }
+
+ private:
+  Partial() = default;
+
+  std::optional<User::Partial> user_;
+  std::optional<Role> role_;
 };
 
 template <>

@@ -98,7 +98,7 @@ class User {
     static constexpr std::string_view subscriptionStatus = "subscriptionStatus";
   };
 
-  struct Partial;
+  class Partial;
 
   User(Passkey<User>, Identifier identifier, std::string email, std::optional<std::string> username,
        std::optional<Emotar> emotar, std::optional<Url> avatarURL, std::optional<std::string> token,

@@ -7,7 +7,7 @@ namespace orvane {
 Ref<Comment> Comment::make(std::string note, Ref<User> author, Date updateDate,
                            Identifier identifier, Date createDate) {
   return makeRef<Comment>(Passkey<Comment>{}, std::move(identifier), std::move(note),
-                                   std::move(author), createDate, updateDate);
+                          std::move(author), createDate, updateDate);
 }
 
 Ref<Comment> Comment::decode(const Decoder& decoder) {
@@ -19,7 +19,7 @@ Ref<Comment> Comment::decode(const Decoder& decoder) {
   auto createDate = c.decodeDate(K::createDate);
   auto updateDate = c.decodeDate(K::updateDate);
   return makeRef<Comment>(Passkey<Comment>{}, std::move(identifier), std::move(note),
-                                   std::move(author), createDate, updateDate);
+                          std::move(author), createDate, updateDate);
 }
 
 void Comment::encode(Encoder& encoder) const {
@@ -39,20 +39,20 @@ Comment::Partial Comment::Partial::decode(const Decoder& decoder) {
   using K = CodingKeys;
   auto c = decoder.container();
   Partial p;
-  p.identifier = c.decodeIfPresent<Identifier>(K::identifier);
-  p.note = c.decodeStringIfPresent(K::note);
-  p.author = c.decodeIfPresent<User::Partial>(K::author);
-  p.createDate = c.decodeDateIfPresent(K::createDate);
-  p.updateDate = c.decodeDateIfPresent(K::updateDate);
+  p.identifier_ = c.decodeIfPresent<Identifier>(K::identifier);
+  p.note_ = c.decodeStringIfPresent(K::note);
+  p.author_ = c.decodeIfPresent<User::Partial>(K::author);
+  p.createDate_ = c.decodeDateIfPresent(K::createDate);
+  p.updateDate_ = c.decodeDateIfPresent(K::updateDate);
   return p;
 }
 
 void Comment::Partial::visitFields(FieldVisitor& v) const {
-  v.field("identifier", identifier);
-  v.field("note", note);
-  v.field("author", author);
-  v.field("createDate", createDate);
-  v.field("updateDate", updateDate);
+  v.field("identifier", identifier_);
+  v.field("note", note_);
+  v.field("author", author_);
+  v.field("createDate", createDate_);
+  v.field("updateDate", updateDate_);
 }
 
 }  // namespace orvane

@@ -29,7 +29,7 @@ class Comment {
     static constexpr std::string_view updateDate = "updated";
   };
 
-  struct Partial;
+  class Partial;
 
   Comment(Passkey<Comment>, Identifier identifier, std::string note, Ref<User> author,
           Date createDate, Date updateDate)
@@ -69,15 +69,25 @@ class Comment {
 };
 
 /// The decode-only subset of a comment; every member optional.
-struct Comment::Partial {
-  std::optional<Identifier> identifier;
-  std::optional<std::string> note;
-  std::optional<User::Partial> author;
-  std::optional<Date> createDate;
-  std::optional<Date> updateDate;
-
+class Comment::Partial {
+ public:
   static Partial decode(const Decoder& decoder);
   void visitFields(FieldVisitor& v) const;
+
+  const std::optional<Identifier>& identifier() const { return identifier_; }
+  const std::optional<std::string>& note() const { return note_; }
+  const std::optional<User::Partial>& author() const { return author_; }
+  const std::optional<Date>& createDate() const { return createDate_; }
+  const std::optional<Date>& updateDate() const { return updateDate_; }
+
+ private:
+  Partial() = default;
+
+  std::optional<Identifier> identifier_;
+  std::optional<std::string> note_;
+  std::optional<User::Partial> author_;
+  std::optional<Date> createDate_;
+  std::optional<Date> updateDate_;
 };
 
 }  // namespace orvane

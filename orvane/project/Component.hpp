@@ -15,7 +15,7 @@ class ComponentSection;
 /// project down. Codes exactly the members of a version collection.
 class Component : public VersionCollection {
  public:
-  struct Partial;
+  class Partial;
 
   Component(Passkey<Component>, Fields fields) : VersionCollection(std::move(fields)) {}
 
@@ -44,8 +44,12 @@ class Component : public VersionCollection {
 };
 
 /// The decode-only subset of a component; every member optional, nothing wired.
-struct Component::Partial : VersionCollectionPartial {
+class Component::Partial : public VersionCollectionPartial {
+ public:
   static Partial decode(const Decoder& decoder);
+
+ private:
+  Partial() = default;
 };
 
 }  // namespace orvane

@@ -34,7 +34,7 @@ class ComponentSection : public std::enable_shared_from_this<ComponentSection> {
     static constexpr std::string_view components = "components";
   };
 
-  struct Partial;
+  class Partial;
 
   ComponentSection(Passkey<ComponentSection>, Identifier identifier, std::string name,
                    std::optional<std::string> description,
@@ -115,8 +115,12 @@ class ComponentSection : public std::enable_shared_from_this<ComponentSection> {
 };
 
 /// The decode-only subset of a component section; every member optional.
-struct ComponentSection::Partial : SectionPartial {
+class ComponentSection::Partial : public SectionPartial {
+ public:
   static Partial decode(const Decoder& decoder);
+
+ private:
+  Partial() = default;
 };
 
 }  // namespace orvane

@@ -37,7 +37,7 @@ class Dot : public std::enable_shared_from_this<Dot> {
     static constexpr std::string_view comments = "comments";
   };
 
-  struct Partial;
+  class Partial;
 
   Dot(Passkey<Dot>, Identifier identifier, std::optional<Status> status, std::string name,
       Ref<User> creator, double x, double y, Ref<Color> color, std::vector<Ref<Comment>> comments);

@@ -17,8 +17,8 @@ Project::Project(Passkey<Project>, Header header)
       isPublic_(header.isPublic),
       thumbnailURL_(std::move(header.thumbnailURL)) {}
 
-Ref<Project> Project::make(std::optional<Status> status, std::string name,
-                           std::optional<Icon> icon, Date updateDate, std::optional<Kind> kind,
+Ref<Project> Project::make(std::optional<Status> status, std::string name, std::optional<Icon> icon,
+                           Date updateDate, std::optional<Kind> kind,
                            std::optional<Density> density, std::optional<bool> isPublic,
                            std::optional<std::vector<Ref<Section>>> sections,
                            std::optional<ScreensByIdentifier> screensByIdentifier,
@@ -218,30 +218,30 @@ Project::Partial Project::Partial::decode(const Decoder& decoder) {
   using K = CodingKeys;
   auto c = decoder.container();
   Partial p;
-  p.identifier = c.decodeIfPresent<Identifier>(K::identifier);
-  p.status = c.decodeTolerant<Status>(K::status);
-  p.name = c.decodeStringIfPresent(K::name);
-  p.description = c.decodeStringIfPresent(K::description);
-  p.createDate = c.decodeDateIfPresent(K::createDate);
-  p.updateDate = c.decodeDateIfPresent(K::updateDate);
-  p.density = c.decodeTolerant<Density>(K::density);
-  p.isPublic = c.decodeBoolIfPresent(K::isPublic);
-  p.users = c.decodeIfPresent<std::vector<ProjectUser::Partial>>(K::users);
-  p.thumbnailURL = c.decodeUrlIfPresent(K::thumbnailURL);
+  p.identifier_ = c.decodeIfPresent<Identifier>(K::identifier);
+  p.status_ = c.decodeTolerant<Status>(K::status);
+  p.name_ = c.decodeStringIfPresent(K::name);
+  p.description_ = c.decodeStringIfPresent(K::description);
+  p.createDate_ = c.decodeDateIfPresent(K::createDate);
+  p.updateDate_ = c.decodeDateIfPresent(K::updateDate);
+  p.density_ = c.decodeTolerant<Density>(K::density);
+  p.isPublic_ = c.decodeBoolIfPresent(K::isPublic);
+  p.users_ = c.decodeIfPresent<std::vector<ProjectUser::Partial>>(K::users);
+  p.thumbnailURL_ = c.decodeUrlIfPresent(K::thumbnailURL);
   return p;
 }
 
 void Project::Partial::visitFields(FieldVisitor& v) const {
-  v.field("identifier", identifier);
-  v.field("status", status);
-  v.field("name", name);
-  v.field("description", description);
-  v.field("createDate", createDate);
-  v.field("updateDate", updateDate);
-  v.field("density", density);
-  v.field("isPublic", isPublic);
-  v.field("users", users);
-  v.field("thumbnailURL", thumbnailURL);
+  v.field("identifier", identifier_);
+  v.field("status", status_);
+  v.field("name", name_);
+  v.field("description", description_);
+  v.field("createDate", createDate_);
+  v.field("updateDate", updateDate_);
+  v.field("density", density_);
+  v.field("isPublic", isPublic_);
+  v.field("users", users_);
+  v.field("thumbnailURL", thumbnailURL_);
 }
 
 }  // namespace orvane

@@ -9,16 +9,16 @@
 #include <utility>
 #include <vector>
 
+#include <orvane/coding/Color.hpp>
 #include <orvane/coding/Decoder.hpp>
 #include <orvane/coding/Density.hpp>
 #include <orvane/coding/Encoder.hpp>
 #include <orvane/coding/FieldVisitor.hpp>
 #include <orvane/coding/Identifier.hpp>
+#include <orvane/coding/ProjectColor.hpp>
 #include <orvane/coding/RawEnum.hpp>
 #include <orvane/coding/Ref.hpp>
 #include <orvane/coding/Values.hpp>
-#include <orvane/coding/Color.hpp>
-#include <orvane/coding/ProjectColor.hpp>
 #include <orvane/integrations/Extension.hpp>
 #include <orvane/integrations/Integration.hpp>
 #include <orvane/people/Organization.hpp>
@@ -61,7 +61,7 @@ class Project : public std::enable_shared_from_this<Project> {
   };
 
   struct CandidateTextStyle;
-  struct Partial;
+  class Partial;
 
   using ScreensByIdentifier = std::unordered_map<Identifier, Ref<Screen>>;
 
@@ -85,8 +85,8 @@ class Project : public std::enable_shared_from_this<Project> {
   /// The memberwise initializer. The model's three defaulted parameters (identifier,
   /// description, creation date) come last, in their order; every other one must be passed.
   /// Wires sections, screens, component sections and members, in that order.
-  static Ref<Project> make(std::optional<Status> status, std::string name,
-                           std::optional<Icon> icon, Date updateDate, std::optional<Kind> kind,
+  static Ref<Project> make(std::optional<Status> status, std::string name, std::optional<Icon> icon,
+                           Date updateDate, std::optional<Kind> kind,
                            std::optional<Density> density, std::optional<bool> isPublic,
                            std::optional<std::vector<Ref<Section>>> sections,
                            std::optional<ScreensByIdentifier> screensByIdentifier,
@@ -184,9 +184,7 @@ class Project : public std::enable_shared_from_this<Project> {
     return candidateTextStyles_;
   }
   void setCandidateTextStyles(std::optional<std::vector<CandidateTextStyle>> value);
-  const std::optional<std::vector<Ref<Color>>>& candidateColors() const {
-    return candidateColors_;
-  }
+  const std::optional<std::vector<Ref<Color>>>& candidateColors() const { return candidateColors_; }
   void setCandidateColors(std::optional<std::vector<Ref<Color>>> value) {
     candidateColors_ = std::move(value);
   }
@@ -257,20 +255,35 @@ struct Project::CandidateTextStyle {
 };
 
 /// What a partial project document carries: header fields and members' partials, no contents.
-struct Project::Partial {
-  std::optional<Identifier> identifier;
-  std::optional<Status> status;
-  std::optional<std::string> name;
-  std::optional<std::string> description;
-  std::optional<Date> createDate;
-  std::optional<Date> updateDate;
-  std::optional<Density> density;
-  std::optional<bool> isPublic;
-  std::optional<std::vector<ProjectUser::Partial>> users;
-  std::optional<Url> thumbnailURL;
-
+class Project::Partial {
+ public:
   static Partial decode(const Decoder& decoder);
   void visitFields(FieldVisitor& v) const;
+
+  const std::optional<Identifier>& identifier() const { return identifier_; }
+  const std::optional<Status>& status() const { return status_; }
+  const std::optional<std::string>& name() const { return name_; }
+  const std::optional<std::string>& description() const { return description_; }
+  const std::optional<Date>& createDate() const { return createDate_; }
+  const std::optional<Date>& updateDate() const { return updateDate_; }
+  const std::optional<Density>& density() const { return density_; }
+  const std::optional<bool>& isPublic() const { return isPublic_; }
+  const std::optional<std::vector<ProjectUser::Partial>>& users() const { return users_; }
+  const std::optional<Url>& thumbnailURL() const { return thumbnailURL_; }
+
+ private:
+  Partial() = default;
+
+  std::optional<Identifier> identifier_;
+  std::optional<Status> status_;
+  std::optional<std::string> name_;
+  std::optional<std::string> description_;
+  std::optional<Date> createDate_;
+  std::optional<Date> updateDate_;
+  std::optional<Density> density_;
+  std::optional<bool> isPublic_;
+  std::optional<std::vector<ProjectUser::Partial>> users_;
+  std::optional<Url> thumbnailURL_;
 };
 
 template <>

@@ -16,7 +16,7 @@ namespace orvane {
 /// is made only with its dots: the collection's own `make` is hidden here on purpose.
 class Screen : public VersionCollection {
  public:
-  struct Partial;
+  class Partial;
 
   Screen(Passkey<Screen>, Fields fields, std::optional<std::vector<Ref<Dot>>> dots)
       : VersionCollection(std::move(fields)), dots_(std::move(dots)) {}
@@ -61,8 +61,12 @@ class Screen : public VersionCollection {
 };
 
 /// The decode-only subset of a screen; every member optional, nothing wired.
-struct Screen::Partial : VersionCollectionPartial {
+class Screen::Partial : public VersionCollectionPartial {
+ public:
   static Partial decode(const Decoder& decoder);
+
+ private:
+  Partial() = default;
 };
 
 }  // namespace orvane

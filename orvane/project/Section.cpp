@@ -7,7 +7,7 @@ namespace orvane {
 Ref<Section> Section::make(std::string name, std::optional<std::string> description,
                            std::vector<Identifier> screenIdentifiers, Identifier identifier) {
   return makeRef<Section>(Passkey<Section>{}, std::move(identifier), std::move(name),
-                                   std::move(description), std::move(screenIdentifiers));
+                          std::move(description), std::move(screenIdentifiers));
 }
 
 Ref<Section> Section::decode(const Decoder& decoder) {
@@ -18,7 +18,7 @@ Ref<Section> Section::decode(const Decoder& decoder) {
   auto description = c.decodeStringIfPresent(K::description);
   auto screenIdentifiers = c.decode<std::vector<Identifier>>(K::screenIdentifiers);
   return makeRef<Section>(Passkey<Section>{}, std::move(identifier), std::move(name),
-                                   std::move(description), std::move(screenIdentifiers));
+                          std::move(description), std::move(screenIdentifiers));
 }
 
 void Section::encode(Encoder& encoder) const {
@@ -42,9 +42,9 @@ void Section::visitFields(FieldVisitor& v) const {
 void SectionPartial::read(const Decoder& decoder) {
   using K = Section::CodingKeys;
   auto c = decoder.container();
-  identifier = c.decodeIfPresent<Identifier>(K::identifier);
-  name = c.decodeStringIfPresent(K::name);
-  description = c.decodeStringIfPresent(K::description);
+  identifier_ = c.decodeIfPresent<Identifier>(K::identifier);
+  name_ = c.decodeStringIfPresent(K::name);
+  description_ = c.decodeStringIfPresent(K::description);
 }
 
 Section::Partial Section::Partial::decode(const Decoder& decoder) {
@@ -54,9 +54,9 @@ Section::Partial Section::Partial::decode(const Decoder& decoder) {
 }
 
 void SectionPartial::visitFields(FieldVisitor& v) const {
-  v.field("identifier", identifier);
-  v.field("name", name);
-  v.field("description", description);
+  v.field("identifier", identifier_);
+  v.field("name", name_);
+  v.field("description", description_);
 }
 
 }  // namespace orvane

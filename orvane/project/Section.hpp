@@ -26,7 +26,7 @@ class Section {
     static constexpr std::string_view screenIdentifiers = "screens";
   };
 
-  struct Partial;
+  class Partial;
 
   Section(Passkey<Section>, Identifier identifier, std::string name,
           std::optional<std::string> description, std::vector<Identifier> screenIdentifiers)
@@ -65,22 +65,32 @@ class Section {
   WeakRef<Project> project_;
 };
 
-/// The decode-only subset of a section; every member optional.
 /// What the decode-only forms of a section and a component section hold: "_id", "name" and
 /// "description", each optional.
-struct SectionPartial {
-  std::optional<Identifier> identifier;
-  std::optional<std::string> name;
-  std::optional<std::string> description;
-
+class SectionPartial {
+ public:
   void visitFields(FieldVisitor& v) const;
 
+  const std::optional<Identifier>& identifier() const { return identifier_; }
+  const std::optional<std::string>& name() const { return name_; }
+  const std::optional<std::string>& description() const { return description_; }
+
  protected:
+  SectionPartial() = default;
   void read(const Decoder& decoder);
+
+ private:
+  std::optional<Identifier> identifier_;
+  std::optional<std::string> name_;
+  std::optional<std::string> description_;
 };
 
-struct Section::Partial : SectionPartial {
+class Section::Partial : public SectionPartial {
+ public:
   static Partial decode(const Decoder& decoder);
+
+ private:
+  Partial() = default;
 };
 
 }  // namespace orvane

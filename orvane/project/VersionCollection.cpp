@@ -34,8 +34,7 @@ Ref<VersionCollection> VersionCollection::make(std::string name, Ref<Version> la
 }
 
 Ref<VersionCollection> VersionCollection::decode(const Decoder& decoder) {
-  auto collection =
-      makeRef<VersionCollection>(Passkey<VersionCollection>{}, decodeFields(decoder));
+  auto collection = makeRef<VersionCollection>(Passkey<VersionCollection>{}, decodeFields(decoder));
   collection->wireVersions();
   return collection;
 }
@@ -138,17 +137,17 @@ void VersionCollection::RequestProperties::visitFields(FieldVisitor& v) const {
 void VersionCollectionPartial::read(const Decoder& decoder) {
   using K = VersionCollection::CodingKeys;
   auto c = decoder.container();
-  identifier = c.decodeIfPresent<Identifier>(K::identifier);
-  name = c.decodeStringIfPresent(K::name);
-  description = c.decodeStringIfPresent(K::description);
-  latestVersion = c.decodeIfPresent<Ref<Version>>(K::latestVersion);
+  identifier_ = c.decodeIfPresent<Identifier>(K::identifier);
+  name_ = c.decodeStringIfPresent(K::name);
+  description_ = c.decodeStringIfPresent(K::description);
+  latestVersion_ = c.decodeIfPresent<Ref<Version>>(K::latestVersion);
 }
 
 void VersionCollectionPartial::visitFields(FieldVisitor& v) const {
-  v.field("identifier", identifier);
-  v.field("name", name);
-  v.field("description", description);
-  v.field("latestVersion", latestVersion);
+  v.field("identifier", identifier_);
+  v.field("name", name_);
+  v.field("description", description_);
+  v.field("latestVersion", latestVersion_);
 }
 
 }  // namespace orvane

@@ -148,16 +148,24 @@ class VersionCollection : public std::enable_shared_from_this<VersionCollection>
 
 /// What the decode-only forms of a screen and a component hold: four optional members, read
 /// without the import-source rule and wired to nothing.
-struct VersionCollectionPartial {
-  std::optional<Identifier> identifier;
-  std::optional<std::string> name;
-  std::optional<std::string> description;
-  Ref<Version> latestVersion;
-
+class VersionCollectionPartial {
+ public:
   void visitFields(FieldVisitor& v) const;
 
+  const std::optional<Identifier>& identifier() const { return identifier_; }
+  const std::optional<std::string>& name() const { return name_; }
+  const std::optional<std::string>& description() const { return description_; }
+  const Ref<Version>& latestVersion() const { return latestVersion_; }
+
  protected:
+  VersionCollectionPartial() = default;
   void read(const Decoder& decoder);
+
+ private:
+  std::optional<Identifier> identifier_;
+  std::optional<std::string> name_;
+  std::optional<std::string> description_;
+  Ref<Version> latestVersion_;
 };
 
 }  // namespace orvane

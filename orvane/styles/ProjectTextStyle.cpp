@@ -2,17 +2,14 @@
 
 namespace orvane {
 
-Ref<ProjectTextStyle> ProjectTextStyle::make(std::string name,
-                                             std::optional<Identifier> sourceIdentifier,
-                                             std::string fontName, double fontSize,
-                                             std::optional<double> lineHeight,
-                                             std::optional<double> letterSpacing,
-                                             Ref<Color> color, std::optional<Alignment> alignment,
-                                             Identifier identifier) {
-  return makeRef<ProjectTextStyle>(
-      Passkey<ProjectTextStyle>{}, std::move(identifier), std::move(name),
-      std::move(sourceIdentifier), std::move(fontName), fontSize, lineHeight, letterSpacing,
-      std::move(color), alignment);
+Ref<ProjectTextStyle> ProjectTextStyle::make(
+    std::string name, std::optional<Identifier> sourceIdentifier, std::string fontName,
+    double fontSize, std::optional<double> lineHeight, std::optional<double> letterSpacing,
+    Ref<Color> color, std::optional<Alignment> alignment, Identifier identifier) {
+  return makeRef<ProjectTextStyle>(Passkey<ProjectTextStyle>{}, std::move(identifier),
+                                   std::move(name), std::move(sourceIdentifier),
+                                   std::move(fontName), fontSize, lineHeight, letterSpacing,
+                                   std::move(color), alignment);
 }
 
 Ref<ProjectTextStyle> ProjectTextStyle::decode(const Decoder& decoder) {
@@ -21,10 +18,10 @@ Ref<ProjectTextStyle> ProjectTextStyle::decode(const Decoder& decoder) {
   auto identifier = c.decode<Identifier>(K::identifier);
   auto name = c.decodeString(K::name);
   auto sourceIdentifier = c.decodeIfPresent<Identifier>(K::sourceIdentifier);
-  auto style = makeRef<ProjectTextStyle>(
-      Passkey<ProjectTextStyle>{}, std::move(identifier), std::move(name),
-      std::move(sourceIdentifier), std::string(), 0, std::nullopt, std::nullopt, nullptr,
-      std::nullopt);
+  auto style =
+      makeRef<ProjectTextStyle>(Passkey<ProjectTextStyle>{}, std::move(identifier), std::move(name),
+                                std::move(sourceIdentifier), std::string(), 0, std::nullopt,
+                                std::nullopt, nullptr, std::nullopt);
   style->decodeStyle(decoder);
   return style;
 }
@@ -49,16 +46,16 @@ ProjectTextStyle::Partial ProjectTextStyle::Partial::decode(const Decoder& decod
   using P = ProjectTextStyleCodingKeys;
   Partial p;
   auto own = decoder.container();
-  p.identifier = own.decodeIfPresent<Identifier>(P::identifier);
-  p.name = own.decodeStringIfPresent(P::name);
-  p.color = decoder.container().decodeIfPresent<Ref<Color>>(TextStyle::CodingKeys::color);
+  p.identifier_ = own.decodeIfPresent<Identifier>(P::identifier);
+  p.name_ = own.decodeStringIfPresent(P::name);
+  p.color_ = decoder.container().decodeIfPresent<Ref<Color>>(TextStyle::CodingKeys::color);
   return p;
 }
 
 void ProjectTextStyle::Partial::visitFields(FieldVisitor& v) const {
-  v.field("identifier", identifier);
-  v.field("name", name);
-  v.field("color", color);
+  v.field("identifier", identifier_);
+  v.field("name", name_);
+  v.field("color", color_);
 }
 
 }  // namespace orvane

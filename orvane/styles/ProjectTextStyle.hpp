@@ -21,7 +21,7 @@ class ProjectTextStyle : public TextStyle {
     static constexpr std::string_view sourceIdentifier = "sourceId";
   };
 
-  struct Partial;
+  class Partial;
 
   ProjectTextStyle(Passkey<ProjectTextStyle>, Identifier identifier, std::string name,
                    std::optional<Identifier> sourceIdentifier, std::string fontName,
@@ -60,13 +60,21 @@ class ProjectTextStyle : public TextStyle {
 };
 
 /// The decode-only subset of a project text style.
-struct ProjectTextStyle::Partial {
-  std::optional<Identifier> identifier;
-  std::optional<std::string> name;
-  Ref<Color> color;
-
+class ProjectTextStyle::Partial {
+ public:
   static Partial decode(const Decoder& decoder);
   void visitFields(FieldVisitor& v) const;
+
+  const std::optional<Identifier>& identifier() const { return identifier_; }
+  const std::optional<std::string>& name() const { return name_; }
+  const Ref<Color>& color() const { return color_; }
+
+ private:
+  Partial() = default;
+
+  std::optional<Identifier> identifier_;
+  std::optional<std::string> name_;
+  Ref<Color> color_;
 };
 
 }  // namespace orvane

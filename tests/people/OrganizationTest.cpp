@@ -71,13 +71,14 @@ TEST(Organization, HeaderEnumerationsAreTolerantRequiredKeysAreNot) {
 
 TEST(OrganizationPartial, EveryKeyOptionalWithoutStatus) {
   auto empty = decodeJson<Organization::Partial>("{}");
-  EXPECT_FALSE(empty.identifier || empty.name || empty.logoURL || empty.transitionTimeInterval ||
-               empty.planIdentifier || empty.subscriptionStatus);
+  EXPECT_FALSE(empty.identifier() || empty.name() || empty.logoURL() ||
+               empty.transitionTimeInterval() || empty.planIdentifier() ||
+               empty.subscriptionStatus());
   auto p = decodeJson<Organization::Partial>(
       R"({"_id":"o","status":"active","transitionLeft":250,"subscriptionStatus":"nope"})");
-  EXPECT_EQ(p.identifier, Identifier("o"));
-  EXPECT_EQ(p.transitionTimeInterval, 0.25);
-  EXPECT_FALSE(p.subscriptionStatus);
+  EXPECT_EQ(p.identifier(), Identifier("o"));
+  EXPECT_EQ(p.transitionTimeInterval(), 0.25);
+  EXPECT_FALSE(p.subscriptionStatus());
   EXPECT_EQ(decodeError<Organization::Partial>(R"({"name":false})").kind(),
             ErrorKind::typeMismatch);
 }

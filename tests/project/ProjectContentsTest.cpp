@@ -70,10 +70,10 @@ TEST(ProjectContents, LaterScreenWithTheSameIdentifierWins) {
 }
 
 TEST(ProjectContents, DecodingWiresEveryChildAtEveryDepth) {
-  auto p = decodeJson<Ref<Project>>(projectJson(
-      R"("sections":[{"_id":"S1","name":"s","screens":["A"]}],"screens":[)" +
-      collectionJson("A") + "]," + componentTreeJson() + R"(,"users":[)" + memberJson("u1") +
-      "," + memberJson("u2") + "]"));
+  auto p = decodeJson<Ref<Project>>(
+      projectJson(R"("sections":[{"_id":"S1","name":"s","screens":["A"]}],"screens":[)" +
+                  collectionJson("A") + "]," + componentTreeJson() + R"(,"users":[)" +
+                  memberJson("u1") + "," + memberJson("u2") + "]"));
   EXPECT_EQ(p->sections()->at(0)->project(), p);
   EXPECT_EQ(p->screensByIdentifier()->at(Identifier("A"))->project(), p);
   std::vector<Ref<ComponentSection>> sections;
@@ -99,7 +99,8 @@ TEST(ProjectContents, DecodingWiresEveryChildAtEveryDepth) {
 }
 
 TEST(ProjectContents, WritingAWiredFieldWiresItsElements) {
-  auto p = decodeJson<Ref<Project>>(projectJson(R"("sections":[{"_id":"S1","name":"s","screens":[]}])"));
+  auto p =
+      decodeJson<Ref<Project>>(projectJson(R"("sections":[{"_id":"S1","name":"s","screens":[]}])"));
   auto old = p->sections()->at(0);
 
   auto fresh = Section::make("new", std::nullopt, {});
@@ -200,17 +201,17 @@ TEST(ProjectContents, ClientFieldsAreNeitherReadNorWritten) {
 TEST(ProjectPartial, ReadsHeaderAndMembersWithoutFallbacks) {
   auto partial = decodeJson<Project::Partial>(
       R"({"status":"deleted","density":3,"users":[{"user":{"email":"a@example.com"},"role":"king"}]})");
-  EXPECT_FALSE(partial.identifier);
-  EXPECT_FALSE(partial.status);
-  EXPECT_FALSE(partial.density);
-  EXPECT_FALSE(partial.description);
-  EXPECT_FALSE(partial.updateDate);
-  ASSERT_TRUE(partial.users);
-  EXPECT_EQ(partial.users->at(0).role, ProjectUser::Role::king);
+  EXPECT_FALSE(partial.identifier());
+  EXPECT_FALSE(partial.status());
+  EXPECT_FALSE(partial.density());
+  EXPECT_FALSE(partial.description());
+  EXPECT_FALSE(partial.updateDate());
+  ASSERT_TRUE(partial.users());
+  EXPECT_EQ(partial.users()->at(0).role(), ProjectUser::Role::king);
 
   auto full = decodeJson<Project::Partial>(projectJson(R"("description":"d","public":true)"));
-  EXPECT_EQ(full.description, "d");
-  EXPECT_EQ(full.isPublic, true);
-  EXPECT_FALSE(full.updateDate) << "no fallback to the creation date";
+  EXPECT_EQ(full.description(), "d");
+  EXPECT_EQ(full.isPublic(), true);
+  EXPECT_FALSE(full.updateDate()) << "no fallback to the creation date";
   EXPECT_EQ(decodeError<Project::Partial>(R"({"name":5})").kind(), Kind::typeMismatch);
 }

@@ -195,13 +195,13 @@ TEST(ComponentSection, DecodingFailuresAndWrites) {
 
 TEST(SectionPartial, ThreeOptionalMembers) {
   auto section = decodeJson<Section::Partial>(R"({"name":"n","screens":5})");
-  EXPECT_EQ(section.name, "n");
-  EXPECT_FALSE(section.identifier);
-  EXPECT_FALSE(section.description);
+  EXPECT_EQ(section.name(), "n");
+  EXPECT_FALSE(section.identifier());
+  EXPECT_FALSE(section.description());
   auto component = decodeJson<ComponentSection::Partial>(R"({"_id":"A","description":null})");
-  EXPECT_EQ(component.identifier, Identifier("A"));
-  EXPECT_FALSE(component.name);
-  EXPECT_FALSE(component.description);
+  EXPECT_EQ(component.identifier(), Identifier("A"));
+  EXPECT_FALSE(component.name());
+  EXPECT_FALSE(component.description());
   EXPECT_EQ(decodeError<ComponentSection::Partial>(R"({"name":1})").kind(), Kind::typeMismatch);
 }
 

@@ -28,8 +28,8 @@ TEST(BlendMode, NearMissesAreUnknown) {
     SCOPED_TRACE(raw);
     auto e = decodeError<BlendMode>("\"" + std::string(raw) + "\"");
     EXPECT_EQ(e.kind(), ErrorKind::dataCorrupted);
-    EXPECT_EQ(e.description(), "Cannot initialize BlendMode from invalid String value " +
-                                   std::string(raw));
+    EXPECT_EQ(e.description(),
+              "Cannot initialize BlendMode from invalid String value " + std::string(raw));
   }
 }
 
@@ -44,8 +44,8 @@ TEST(Color, ComponentsUseSingleLetterKeysAndKeepAnyValue) {
 }
 
 TEST(ProjectColor, IsWrittenWithoutItsIdentifierSoOnlyAPlainColorReadsItBack) {
-  auto color = decodeJson<Ref<ProjectColor>>(
-      R"({"_id":"c1","name":"Blue","r":0,"g":0,"b":1,"a":1})");
+  auto color =
+      decodeJson<Ref<ProjectColor>>(R"({"_id":"c1","name":"Blue","r":0,"g":0,"b":1,"a":1})");
   EXPECT_EQ(color->identifier(), Identifier("c1"));
   EXPECT_EQ(color->name(), "Blue");
   EXPECT_EQ(color->blue(), 1);
@@ -77,13 +77,13 @@ TEST(ProjectColor, ReadsItsOwnMembersBeforeTheColors) {
 
 TEST(ProjectColorPartial, EveryMemberIsOptionalButStillTyped) {
   auto empty = decodeJson<ProjectColor::Partial>("{}");
-  EXPECT_FALSE(empty.identifier || empty.name || empty.red || empty.green || empty.blue ||
-               empty.alpha);
+  EXPECT_FALSE(empty.identifier() || empty.name() || empty.red() || empty.green() || empty.blue() ||
+               empty.alpha());
   auto some = decodeJson<ProjectColor::Partial>(R"({"_id":"c","name":null,"g":0.25})");
-  EXPECT_EQ(some.identifier, Identifier("c"));
-  EXPECT_FALSE(some.name);
-  EXPECT_EQ(some.green, 0.25);
-  EXPECT_FALSE(some.red);
+  EXPECT_EQ(some.identifier(), Identifier("c"));
+  EXPECT_FALSE(some.name());
+  EXPECT_EQ(some.green(), 0.25);
+  EXPECT_FALSE(some.red());
   EXPECT_EQ(decodeError<ProjectColor::Partial>(R"({"a":"opaque"})").kind(),
             ErrorKind::typeMismatch);
 }

@@ -11,9 +11,8 @@ TEST(TextStyle, OnlyTheFontIsRequiredAndOnlyWhatIsHeldIsWritten) {
                style->alignment());
   EXPECT_EQ(encodeJson(style), R"({"fontFace":"Inter","fontSize":14})");
 
-  const char* full =
-      R"({"fontFace":"Inter","fontSize":14,"lineHeight":20,"letterSpacing":-0.5,)"
-      R"("color":{"r":0,"g":0,"b":0,"a":1},"textAlign":"justify"})";
+  const char* full = R"({"fontFace":"Inter","fontSize":14,"lineHeight":20,"letterSpacing":-0.5,)"
+                     R"("color":{"r":0,"g":0,"b":0,"a":1},"textAlign":"justify"})";
   EXPECT_EQ(roundTrip<Ref<TextStyle>>(full), full);
 }
 
@@ -61,11 +60,13 @@ TEST(ProjectTextStyle, WritesNameAndSourceBesideTheStyleButNeverItsIdentifier) {
   EXPECT_FALSE(style->sourceIdentifier());
   EXPECT_EQ(style->alignment(), Alignment::right);
   Ref<TextStyle> held = style;
-  EXPECT_EQ(encodeJson(held), R"({"name":"Code","fontFace":"Mono","fontSize":12,"textAlign":"right"})");
+  EXPECT_EQ(encodeJson(held),
+            R"({"name":"Code","fontFace":"Mono","fontSize":12,"textAlign":"right"})");
 
   style->setSourceIdentifier(Identifier("src"));
-  EXPECT_EQ(encodeJson(style),
-            R"({"name":"Code","sourceId":"src","fontFace":"Mono","fontSize":12,"textAlign":"right"})");
+  EXPECT_EQ(
+      encodeJson(style),
+      R"({"name":"Code","sourceId":"src","fontFace":"Mono","fontSize":12,"textAlign":"right"})");
 
   auto e = decodeError<Ref<ProjectTextStyle>>(R"({"_id":"t","fontFace":"A","fontSize":1})");
   EXPECT_EQ(e.key(), "name");
@@ -76,11 +77,11 @@ TEST(ProjectTextStyle, WritesNameAndSourceBesideTheStyleButNeverItsIdentifier) {
 TEST(ProjectTextStylePartial, ReadsColorThroughTheStyleKeys) {
   auto p = decodeJson<ProjectTextStyle::Partial>(
       R"({"name":"Body","fontFace":"ignored","color":{"r":1,"g":1,"b":1,"a":0}})");
-  EXPECT_FALSE(p.identifier);
-  EXPECT_EQ(p.name, "Body");
-  ASSERT_TRUE(p.color);
-  EXPECT_EQ(p.color->alpha(), 0);
-  EXPECT_FALSE(decodeJson<ProjectTextStyle::Partial>(R"({"color":null})").color);
+  EXPECT_FALSE(p.identifier());
+  EXPECT_EQ(p.name(), "Body");
+  ASSERT_TRUE(p.color());
+  EXPECT_EQ(p.color()->alpha(), 0);
+  EXPECT_FALSE(decodeJson<ProjectTextStyle::Partial>(R"({"color":null})").color());
   auto e = decodeError<ProjectTextStyle::Partial>(R"({"color":{"r":1}})");
   EXPECT_EQ(e.key(), "g");
 }
