@@ -37,15 +37,42 @@ namespace {
 
 // Chunks are aligned to their size, so a record finds its chunk's header from its own address.
 constexpr std::size_t kChunk = std::size_t{2} << 20;
-// Chunks kept for reuse: enough for the records of a document of about ten megabytes.
-constexpr std::size_t kMaxCached = 16;
+
+struct ChunkHeader;
+
+}  // namespace
+
+namespace detail {
+// What an arena and the chunks it made share. The arena holds one reference and every chunk
+// in use one more, so the last of them, whichever it is, frees it.
+struct RecordArenaShared {
+  explicit RecordArenaShared(std::size_t maxCached) : maxCached(maxCached) {}
+  std::atomic<std::size_t> references{1};
+  std::mutex mutex;
+  std::vector<void*> cached;
+  ChunkHeader* inUse = nullptr;  // the chunks that hold records or are being filled
+  const std::size_t maxCached;
+  bool open = true;  // the arena itself still exists
+  std::atomic<std::size_t> usedBytes{0};
+  std::atomic<std::size_t> cachedBytes{0};
+
+  void release() noexcept {
+    if (references.fetch_sub(1, std::memory_order_acq_rel) == 1) delete this;
+  }
+};
+}  // namespace detail
+
+namespace {
+
+using detail::RecordArenaShared;
 
 // What a chunk holds, in one word so that a release is one atomic operation: kRecord for each
 // live record plus its bytes, and kOwner while a scope is still filling it, so that it cannot
 // reach zero before the scope has added up what it placed. Chunks in use are linked for the
-// statistics (under the cache's mutex).
+// statistics (under their arena's mutex).
 struct alignas(64) ChunkHeader {
   std::atomic<std::int64_t> live;
+  RecordArenaShared* arena = nullptr;
   ChunkHeader* previous = nullptr;
   ChunkHeader* next = nullptr;
 };
@@ -60,20 +87,6 @@ std::int64_t liveBytes(const ChunkHeader& header) {
   if (word > kOwner / 2) word -= kOwner;
   std::int64_t records = (word + kRecord / 2) >> 24;
   return word - records * kRecord;
-}
-
-std::atomic<std::size_t> usedBytes{0};
-std::atomic<std::size_t> cachedBytes{0};
-
-struct Cache {
-  std::mutex mutex;
-  std::vector<void*> chunks;
-  ChunkHeader* inUse = nullptr;  // the chunks that hold records or are being filled
-};
-// Never destroyed: records held by statics may be released after other statics are gone.
-Cache& cache() {
-  static Cache* c = new Cache;
-  return *c;
 }
 
 thread_local detail::RecordArenaState current;
@@ -107,21 +120,24 @@ void unmapChunk(void* chunk) noexcept {
 #endif
 }
 
+// The chunk's last record is gone: it is kept for the arena's next decode, or unmapped.
 void giveBack(ChunkHeader* header) noexcept {
-  usedBytes.fetch_sub(kChunk, std::memory_order_relaxed);
+  RecordArenaShared* arena = header->arena;
+  arena->usedBytes.fetch_sub(kChunk, std::memory_order_relaxed);
+  bool kept = false;
   {
-    auto& c = cache();
-    std::lock_guard lock(c.mutex);
-    (header->previous ? header->previous->next : c.inUse) = header->next;
+    std::lock_guard lock(arena->mutex);
+    (header->previous ? header->previous->next : arena->inUse) = header->next;
     if (header->next) header->next->previous = header->previous;
     header->~ChunkHeader();
-    if (c.chunks.size() < kMaxCached) {
-      c.chunks.push_back(header);
-      cachedBytes.fetch_add(kChunk, std::memory_order_relaxed);
-      return;
+    if (arena->open && arena->cached.size() < arena->maxCached) {
+      arena->cached.push_back(header);
+      arena->cachedBytes.fetch_add(kChunk, std::memory_order_relaxed);
+      kept = true;
     }
   }
-  unmapChunk(header);
+  if (!kept) unmapChunk(header);
+  arena->release();
 }
 
 // Ends the filling of the state's chunk: from now on only its records' releases count.
@@ -138,14 +154,14 @@ void retire(detail::RecordArenaState& state) noexcept {
 }
 
 void startChunk(detail::RecordArenaState& state) {
+  RecordArenaShared* arena = state.arena;
   void* memory = nullptr;
   {
-    auto& c = cache();
-    std::lock_guard lock(c.mutex);
-    if (!c.chunks.empty()) {
-      memory = c.chunks.back();
-      c.chunks.pop_back();
-      cachedBytes.fetch_sub(kChunk, std::memory_order_relaxed);
+    std::lock_guard lock(arena->mutex);
+    if (!arena->cached.empty()) {
+      memory = arena->cached.back();
+      arena->cached.pop_back();
+      arena->cachedBytes.fetch_sub(kChunk, std::memory_order_relaxed);
     }
   }
   // A scope's first chunk keeps small pages, so that a small decode touches little memory.
@@ -153,15 +169,15 @@ void startChunk(detail::RecordArenaState& state) {
   retire(state);
   ORVANE_UNPOISON(memory, sizeof(ChunkHeader));
   ORVANE_POISON(static_cast<char*>(memory) + sizeof(ChunkHeader), kChunk - sizeof(ChunkHeader));
-  auto* header = new (memory) ChunkHeader{kOwner};
+  auto* header = new (memory) ChunkHeader{kOwner, arena};
+  arena->references.fetch_add(1, std::memory_order_relaxed);
   {
-    auto& c = cache();
-    std::lock_guard lock(c.mutex);
-    header->next = c.inUse;
-    if (c.inUse) c.inUse->previous = header;
-    c.inUse = header;
+    std::lock_guard lock(arena->mutex);
+    header->next = arena->inUse;
+    if (arena->inUse) arena->inUse->previous = header;
+    arena->inUse = header;
   }
-  usedBytes.fetch_add(kChunk, std::memory_order_relaxed);
+  arena->usedBytes.fetch_add(kChunk, std::memory_order_relaxed);
   state.chunk = header;
   state.cursor = static_cast<char*>(memory) + sizeof(ChunkHeader);
   state.end = static_cast<char*>(memory) + kChunk;
@@ -207,36 +223,49 @@ void recordArenaRelease(void* block, std::size_t bytes) noexcept {
 
 }  // namespace detail
 
-RecordArenaScope::RecordArenaScope(bool enabled) : saved_(current) {
+RecordArena::RecordArena(std::size_t maxCachedChunks)
+    : shared_(new detail::RecordArenaShared(maxCachedChunks)) {}
+
+RecordArena::~RecordArena() {
+  std::vector<void*> chunks;
+  {
+    std::lock_guard lock(shared_->mutex);
+    shared_->open = false;
+    chunks.swap(shared_->cached);
+  }
+  for (void* chunk : chunks) unmapChunk(chunk);
+  shared_->release();
+}
+
+RecordArenaStatistics RecordArena::statistics() const {
+  std::int64_t records = current.arena == shared_ ? static_cast<std::int64_t>(current.bytes) : 0;
+  {
+    std::lock_guard lock(shared_->mutex);
+    for (const ChunkHeader* h = shared_->inUse; h; h = h->next) records += liveBytes(*h);
+  }
+  return {shared_->usedBytes.load(std::memory_order_relaxed), static_cast<std::size_t>(records),
+          shared_->cachedBytes.load(std::memory_order_relaxed)};
+}
+
+void RecordArena::releaseCachedChunks() {
+  std::vector<void*> chunks;
+  {
+    std::lock_guard lock(shared_->mutex);
+    chunks.swap(shared_->cached);
+    shared_->cachedBytes.fetch_sub(chunks.size() * kChunk, std::memory_order_relaxed);
+  }
+  for (void* chunk : chunks) unmapChunk(chunk);
+}
+
+RecordArenaScope::RecordArenaScope(RecordArena& arena, bool enabled) : saved_(current) {
   current = detail::RecordArenaState{};
   current.active = enabled;
+  current.arena = arena.shared_;
 }
 
 RecordArenaScope::~RecordArenaScope() {
   retire(current);
   current = saved_;
-}
-
-RecordArenaStatistics recordArenaStatistics() {
-  std::int64_t records = static_cast<std::int64_t>(current.bytes);
-  {
-    auto& c = cache();
-    std::lock_guard lock(c.mutex);
-    for (const ChunkHeader* h = c.inUse; h; h = h->next) records += liveBytes(*h);
-  }
-  return {usedBytes.load(std::memory_order_relaxed), static_cast<std::size_t>(records),
-          cachedBytes.load(std::memory_order_relaxed)};
-}
-
-void releaseCachedRecordChunks() {
-  std::vector<void*> chunks;
-  {
-    auto& c = cache();
-    std::lock_guard lock(c.mutex);
-    chunks.swap(c.chunks);
-    cachedBytes.fetch_sub(chunks.size() * kChunk, std::memory_order_relaxed);
-  }
-  for (void* chunk : chunks) unmapChunk(chunk);
 }
 
 }  // namespace orvane

@@ -450,6 +450,7 @@ class ParseError : public std::runtime_error {
 struct JsonDecoder::Parser {
   simdjson::dom::parser parser;
   std::size_t depth = 0;
+  RecordArena records;
 };
 
 JsonDecoder::JsonDecoder(JsonDecoderOptions options)
@@ -457,6 +458,13 @@ JsonDecoder::JsonDecoder(JsonDecoderOptions options)
 JsonDecoder::~JsonDecoder() = default;
 JsonDecoder::JsonDecoder(JsonDecoder&&) noexcept = default;
 JsonDecoder& JsonDecoder::operator=(JsonDecoder&&) noexcept = default;
+
+RecordArena& JsonDecoder::recordArena() {
+  return parser_->records;
+}
+const RecordArena& JsonDecoder::recordArena() const {
+  return parser_->records;
+}
 
 void JsonDecoder::run(std::string_view json, bool padded, void (*fn)(const Decoder&, void*),
                       void* out) {
@@ -474,7 +482,7 @@ void JsonDecoder::run(std::string_view json, bool padded, void (*fn)(const Decod
                         "The given data was not valid JSON.", std::nullopt,
                         std::make_exception_ptr(ParseError(simdjson::error_message(error))));
   }
-  RecordArenaScope arena(options_.packRecords);
+  RecordArenaScope arena(p.records, options_.packRecords);
   TapeBackend backend(p.parser.doc, options_.dates);
   DecodingContext context(backend, options_.userInfo, options_.warnings);
   Decoder root(context, backend.root(), nullptr);

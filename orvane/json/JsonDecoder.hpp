@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include <orvane/coding/Decoder.hpp>
+#include <orvane/coding/RecordArena.hpp>
 #include <orvane/coding/UserInfo.hpp>
 #include <orvane/json/DateStrategy.hpp>
 
@@ -18,9 +19,9 @@ struct JsonDecoderOptions {
   UserInfo userInfo;
   /// Documents nested deeper than this many arrays and objects are refused as invalid.
   std::size_t maxDepth = 512;
-  /// Packs the decoded records into large chunks (see `RecordArenaScope`): faster, and smaller,
-  /// but a record kept from a released graph keeps its chunk. Turn it off to decode records
-  /// that will be kept long after the rest of their graph is gone.
+  /// Packs the decoded records into large chunks of the decoder's own `RecordArena`: faster, and
+  /// smaller, but a record kept from a released graph keeps its chunk. Turn it off to decode
+  /// records that will be kept long after the rest of their graph is gone.
   bool packRecords = true;
   /// When set, told of every value that a tolerant key dropped although the document held one
   /// (see `DecodingWarnings`). Off by default; costs nothing when off.
@@ -38,6 +39,10 @@ class JsonDecoder {
   JsonDecoder& operator=(JsonDecoder&&) noexcept;
 
   const JsonDecoderOptions& options() const { return options_; }
+  /// The chunks that this decoder packs records into (`JsonDecoderOptions::packRecords`), with
+  /// their statistics. Records may outlive the decoder.
+  RecordArena& recordArena();
+  const RecordArena& recordArena() const;
 
   /// Decodes `T` from `json`, which is copied into a padded buffer first.
   template <class T>
