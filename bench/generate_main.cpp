@@ -13,7 +13,13 @@ int main(int argc, char** argv) {
     return 2;
   }
   const std::string_view kind = argv[1];
-  const std::size_t bytes = std::strtoull(argv[2], nullptr, 10) << 20;
+  // Fractions of a megabyte make small documents, as fuzzing seeds want.
+  const double megabytes = std::strtod(argv[2], nullptr);
+  if (!(megabytes > 0 && megabytes < 1e6)) {
+    std::fprintf(stderr, "orvane_generate: SIZE_MB must be a positive number\n");
+    return 2;
+  }
+  const auto bytes = static_cast<std::size_t>(megabytes * (1 << 20));
   const std::uint64_t seed = argc > 3 ? std::strtoull(argv[3], nullptr, 10) : 42;
   std::string document;
   if (kind == "project") {
