@@ -209,13 +209,34 @@ T requiredScalar(const DecodingContext& ctx, const CodingPathLink* path, std::st
   CodingPathLink link{path, key};
   return own(readValue<View>(ctx, value, &link));
 }
-template <class View, class T>
-std::optional<T> tolerantRead(const DecodingContext& ctx, Node value) noexcept {
-  View v{};
-  if (Scalar<View>::read(*ctx.backend, value, v) != ReadStatus::ok) return std::nullopt;
-  return own(v);
-}
 }  // namespace
+
+void KeyedDecodingContainer::reportDropped(std::string_view key, Node value,
+                                           const std::string& reason) const {
+  if (context_->backend->isNull(value)) return;
+  CodingPathLink link{pathLink(), key};
+  context_->warnings->dropped(CodingPathLink::materialize(&link), reason);
+}
+
+template <class View, class T>
+std::optional<T> KeyedDecodingContainer::tolerantRead(std::string_view key,
+                                                      Node value) const noexcept {
+  View v{};
+  if (Scalar<View>::read(*context_->backend, value, v) == ReadStatus::ok) return own(v);
+  if (context_->warnings) {
+    // Only to say why: the required read raises what the tolerant one swallowed. An observer
+    // that throws is the caller's own business; it must not escape a noexcept read.
+    try {
+      (void)requiredScalar<View, T>(*context_, pathLink(), key, value);
+    } catch (const DecodingError& e) {
+      try {
+        reportDropped(key, value, e.description());
+      } catch (...) {
+      }
+    }
+  }
+  return std::nullopt;
+}
 
 #define ORVANE_KEYED_SCALAR(T, View, Name)                                                       \
   T KeyedDecodingContainer::decode##Name(std::string_view key) const {                           \
@@ -253,7 +274,7 @@ std::optional<double> KeyedDecodingContainer::decodeDoubleIfPresentElsewhere(
   std::optional<T> KeyedDecodingContainer::tolerant##Name(std::string_view key) const noexcept { \
     Node value;                                                                                  \
     if (!find(key, value)) return std::nullopt;                                                  \
-    return tolerantRead<View, T>(*context_, value);                                              \
+    return tolerantRead<View, T>(key, value);                                                    \
   }
 ORVANE_TOLERANT_SCALAR(std::string_view, std::string_view, StringView)
 ORVANE_TOLERANT_SCALAR(double, double, Double)

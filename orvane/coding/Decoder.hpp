@@ -350,6 +350,8 @@ class KeyedDecodingContainer {
     return findElsewhere(key, value) && !context_->backend->isNull(value);
   }
   [[noreturn]] void throwKeyNotFound(std::string_view key) const;
+  /// Tells the warnings observer that the value under `key` was dropped, unless it is null.
+  void reportDropped(std::string_view key, Node value, const std::string& reason) const;
   friend class Decoder;
   /// Whether the value is an object, and the lookups prepared when it is.
   bool open() const noexcept { return context_->backend->openObject(object_, lookup_); }
@@ -368,6 +370,8 @@ class KeyedDecodingContainer {
   std::optional<T> decodeScalarIfPresent(std::string_view key) const;
   template <class T>
   std::optional<T> tolerantScalar(std::string_view key) const noexcept;
+  template <class View, class T>
+  std::optional<T> tolerantRead(std::string_view key, Node value) const noexcept;
 
   const DecodingContext* context_;
   Node object_;
@@ -497,12 +501,25 @@ Optional<T> KeyedDecodingContainer::decodeTolerant(std::string_view key) const {
     if (!find(key, value)) return Optional<T>{};
     CodingPathLink link{pathLink(), key};
     Decoder sub(*context_, value, &link);
-    return Coding<T>::tryDecode(SingleValueDecodingContainer(sub));
+    auto result = Coding<T>::tryDecode(SingleValueDecodingContainer(sub));
+    if (!result && context_->warnings) {
+      // Only to say why: the required read raises what the tolerant one swallowed.
+      try {
+        (void)Coding<T>::decode(sub);
+      } catch (const DecodingError& e) {
+        reportDropped(key, value, e.description());
+      }
+    }
+    return result;
   } else {
     // Records under a tolerant key are rare; their failures may come from deep inside.
     try {
       return Optional<T>(decode<T>(key));
-    } catch (const DecodingError&) {
+    } catch (const DecodingError& e) {
+      if (context_->warnings) {
+        Node value;
+        if (find(key, value)) reportDropped(key, value, e.description());
+      }
       return Optional<T>{};
     }
   }
