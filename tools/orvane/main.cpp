@@ -1,13 +1,17 @@
 // orvane: decode, check and look into the service's documents from the command line.
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <cstring>
 #include <iostream>
+#include <new>
+#include <sstream>
 #include <string>
 #include <vector>
 
 #include <CLI/CLI.hpp>
 
+#include "Output.hpp"
 #include "Types.hpp"
 
 namespace {
@@ -17,25 +21,28 @@ using namespace orvane::tool;
 
 constexpr int kDecodingFailed = 1;
 constexpr int kUsage = 2;
+constexpr int kWriteFailed = 3;
 
 int usageError(const std::string& reason) {
   std::cerr << "orvane: " << reason << "\nRun with --help for more information.\n";
   return kUsage;
 }
 
-// Reads the whole input into a buffer followed by the padding the parser needs.
+// Reads the whole input into a buffer followed by the padding the parser needs. On failure,
+// returns false with the system's reason in `error`.
 bool readInput(const std::string& file, std::vector<char>& buffer, std::size_t& size,
                std::string& error) {
   std::FILE* in = stdin;
   if (!file.empty() && file != "-") {
     in = std::fopen(file.c_str(), "rb");
     if (!in) {
-      error = "cannot read " + file + ": " + std::strerror(errno);
+      error = std::strerror(errno);
       return false;
     }
   }
   size = 0;
   buffer.resize(1 << 16);
+  errno = 0;
   for (;;) {
     if (buffer.size() - size < JsonDecoder::kPadding + 4096) buffer.resize(buffer.size() * 2);
     std::size_t n =
@@ -44,12 +51,17 @@ bool readInput(const std::string& file, std::vector<char>& buffer, std::size_t& 
     if (n == 0) break;
   }
   bool failed = std::ferror(in);
-  if (in != stdin) std::fclose(in);
-  if (failed) {
-    error = "cannot read " + (file.empty() ? std::string("standard input") : file);
-    return false;
-  }
-  return true;
+  int reason = errno != 0 ? errno : EIO;
+  if (in != stdin)
+    std::fclose(in);
+  else
+    std::clearerr(in);
+  if (failed) error = std::strerror(reason);
+  return !failed;
+}
+
+std::string inputName(const std::string& file) {
+  return file.empty() || file == "-" ? "standard input" : file;
 }
 
 std::string errorJson(const DecodingError& e) {
@@ -103,13 +115,7 @@ void addDocumentOptions(CLI::App& command, Request& request) {
   command.add_flag("--pretty", request.pretty, "Indent the output by two spaces");
 }
 
-int runDocumentCommand(const Request& request, bool dump) {
-  const TypeEntry* type = findType(request.type);
-  if (!type) return usageError("unknown TYPE: " + request.type);
-  if (!dump && !type->decode) {
-    return usageError(request.type + " is decode-only: it has no encoding to print");
-  }
-
+Settings settingsFor(const Request& request) {
   Settings settings;
   DateStrategy dates = request.dates == "seconds"        ? DateStrategy::seconds
                        : request.dates == "milliseconds" ? DateStrategy::milliseconds
@@ -121,20 +127,31 @@ int runDocumentCommand(const Request& request, bool dump) {
   if (request.importSource) {
     settings.decoding.userInfo[CodingUserInfoKey::fromImportSource()] = true;
   }
+  return settings;
+}
 
-  std::vector<char> buffer;
-  std::size_t size = 0;
-  std::string readError;
-  if (!readInput(request.file, buffer, size, readError)) return usageError(readError);
+int runDocumentCommand(const Request& request, bool dump, Output& out) {
+  const TypeEntry* type = findType(request.type);
+  if (!type) return usageError("unknown TYPE: " + request.type);
+  if (!dump && !type->decode) {
+    return usageError(request.type + " is decode-only: it has no encoding to print");
+  }
+  Settings settings = settingsFor(request);
 
   try {
+    std::vector<char> buffer;
+    std::size_t size = 0;
+    std::string reason;
+    if (!readInput(request.file, buffer, size, reason)) {
+      return usageError("cannot read " + inputName(request.file) + ": " + reason);
+    }
     std::string_view json(buffer.data(), size);
-    std::string out = dump ? type->dump(json, settings) : type->decode(json, settings);
-    out += '\n';
-    std::fwrite(out.data(), 1, out.size(), stdout);
+    std::string result = dump ? type->dump(json, settings) : type->decode(json, settings);
+    result += '\n';
+    out.write(result);
     return 0;
   } catch (const DecodingError& e) {
-    if (request.jsonErrors) std::cout << errorJson(e) << '\n';
+    if (request.jsonErrors) out.write(errorJson(e) + '\n');
     std::cerr << "error: " << e.what() << '\n';
     return kDecodingFailed;
   } catch (const EncodingError& e) {
@@ -146,36 +163,69 @@ int runDocumentCommand(const Request& request, bool dump) {
   }
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int run(int argc, char** argv, Output& out) {
   CLI::App app{"Decode, check and look into documents of the service."};
   app.name("orvane");
   app.require_subcommand(1);
+  app.footer(
+      "Exit status: 0 on success, 1 when a document does not decode, 2 for a usage error, 3 when "
+      "the output cannot be written.");
 
   Request decodeRequest, dumpRequest;
   auto* decode =
       app.add_subcommand("decode", "Decode a document as TYPE and print what it writes back");
   addDocumentOptions(*decode, decodeRequest);
+  decode->footer(
+      "Prints one line of compact JSON (indented with --pretty). Exit status: 0 on success, 1 "
+      "when the document does not decode, 2 for a usage error or a decode-only TYPE, 3 when the "
+      "output cannot be written.");
   auto* dump =
       app.add_subcommand("dump", "Decode a document as TYPE and print every field it holds");
   addDocumentOptions(*dump, dumpRequest);
+  dump->footer(
+      "Prints one JSON value with a member per stored field. Exit status: 0 on success, 1 when "
+      "the document does not decode, 2 for a usage error, 3 when the output cannot be written.");
   auto* types = app.add_subcommand("types", "List every TYPE name, one a line");
 
   try {
     app.parse(argc, argv);
-  } catch (const CLI::CallForHelp& e) {
-    return app.exit(e);
-  } catch (const CLI::CallForAllHelp& e) {
-    return app.exit(e);
+  } catch (const CLI::Success& e) {
+    // --help: its text is output like any other.
+    std::ostringstream text, errors;
+    int status = app.exit(e, text, errors);
+    out.write(text.str());
+    std::cerr << errors.str();
+    return status;
   } catch (const CLI::ParseError& e) {
     return usageError(e.what());
   }
 
   if (types->parsed()) {
-    for (const auto& type : registeredTypes()) std::cout << type.name << '\n';
+    std::string list;
+    for (const auto& type : registeredTypes()) {
+      list += type.name;
+      list += '\n';
+    }
+    out.write(list);
     return 0;
   }
-  if (decode->parsed()) return runDocumentCommand(decodeRequest, false);
-  return runDocumentCommand(dumpRequest, true);
+  if (decode->parsed()) return runDocumentCommand(decodeRequest, false, out);
+  return runDocumentCommand(dumpRequest, true, out);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  // A reader that went away is a write error to report, not a signal that ends the tool.
+  std::signal(SIGPIPE, SIG_IGN);
+  // Standard error must not flush standard output as it prints: a failed write would then be
+  // seen first by the stream, which keeps no reason, instead of by `out`.
+  std::cerr.tie(nullptr);
+  Output out;
+  int status = run(argc, argv, out);
+  if (int error = out.close()) {
+    std::cerr << "error: cannot write output: " << std::strerror(error) << '\n';
+    return kWriteFailed;
+  }
+  return status;
 }
