@@ -12,6 +12,7 @@
 #include <CLI/CLI.hpp>
 
 #include "Output.hpp"
+#include "Report.hpp"
 #include "Types.hpp"
 
 namespace {
@@ -24,7 +25,7 @@ constexpr int kUsage = 2;
 constexpr int kWriteFailed = 3;
 
 int usageError(const std::string& reason) {
-  std::cerr << "orvane: " << reason << "\nRun with --help for more information.\n";
+  std::cerr << "orvane: " << oneLine(reason) << "\nRun with --help for more information.\n";
   return kUsage;
 }
 
@@ -64,35 +65,6 @@ std::string inputName(const std::string& file) {
   return file.empty() || file == "-" ? "standard input" : file;
 }
 
-std::string errorJson(const DecodingError& e) {
-  std::string out;
-  JsonWriter w(out);
-  w.beginObject();
-  w.key("error");
-  w.beginObject();
-  w.key("kind");
-  w.string(kindName(e.kind()));
-  w.key("codingPath");
-  w.beginArray();
-  for (const auto& entry : e.codingPath()) {
-    if (entry.isIndex())
-      w.integer(static_cast<std::int64_t>(*entry.intValue()));
-    else
-      w.string(entry.stringValue());
-  }
-  w.endArray();
-  w.key("key");
-  if (e.key())
-    w.string(*e.key());
-  else
-    w.null();
-  w.key("description");
-  w.string(e.description());
-  w.endObject();
-  w.endObject();
-  return out;
-}
-
 struct Request {
   std::string type;
   std::string file;
@@ -100,6 +72,7 @@ struct Request {
   std::string dates = "iso8601";
   bool jsonErrors = false;
   bool pretty = false;
+  bool warnings = false;
 };
 
 void addDocumentOptions(CLI::App& command, Request& request) {
@@ -113,9 +86,12 @@ void addDocumentOptions(CLI::App& command, Request& request) {
   command.add_flag("--json-errors", request.jsonErrors,
                    "On a decoding failure, print the error as JSON on standard output");
   command.add_flag("--pretty", request.pretty, "Indent the output by two spaces");
+  command.add_flag("--warnings", request.warnings,
+                   "After a successful decode, list on standard error every value that a "
+                   "tolerant key dropped");
 }
 
-Settings settingsFor(const Request& request) {
+Settings settingsFor(const Request& request, WarningLines* warnings) {
   Settings settings;
   DateStrategy dates = request.dates == "seconds"        ? DateStrategy::seconds
                        : request.dates == "milliseconds" ? DateStrategy::milliseconds
@@ -124,10 +100,15 @@ Settings settingsFor(const Request& request) {
   settings.decoding.dates = dates;
   settings.encoding.dates = dates;
   settings.encoding.pretty = request.pretty;
+  settings.decoding.warnings = warnings;
   if (request.importSource) {
     settings.decoding.userInfo[CodingUserInfoKey::fromImportSource()] = true;
   }
   return settings;
+}
+
+void printWarnings(const WarningLines& warnings, std::string_view prefix) {
+  for (const auto& line : warnings.lines()) std::cerr << prefix << line << '\n';
 }
 
 int runDocumentCommand(const Request& request, bool dump, Output& out) {
@@ -136,7 +117,8 @@ int runDocumentCommand(const Request& request, bool dump, Output& out) {
   if (!dump && !type->decode) {
     return usageError(request.type + " is decode-only: it has no encoding to print");
   }
-  Settings settings = settingsFor(request);
+  WarningLines warnings;
+  Settings settings = settingsFor(request, request.warnings ? &warnings : nullptr);
 
   try {
     std::vector<char> buffer;
@@ -149,13 +131,14 @@ int runDocumentCommand(const Request& request, bool dump, Output& out) {
     std::string result = dump ? type->dump(json, settings) : type->decode(json, settings);
     result += '\n';
     out.write(result);
+    printWarnings(warnings, "");
     return 0;
   } catch (const DecodingError& e) {
     if (request.jsonErrors) out.write(errorJson(e) + '\n');
-    std::cerr << "error: " << e.what() << '\n';
+    std::cerr << "error: " << oneLine(e.what()) << '\n';
     return kDecodingFailed;
   } catch (const EncodingError& e) {
-    std::cerr << "error: " << e.what() << '\n';
+    std::cerr << "error: " << oneLine(e.what()) << '\n';
     return kDecodingFailed;
   } catch (const std::bad_alloc&) {
     std::cerr << "error: out of memory\n";
