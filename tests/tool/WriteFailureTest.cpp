@@ -97,6 +97,7 @@ TEST(WriteFailures, EveryCommandThatWritesExitsWith3AndSaysWhy) {
   };
   const Case cases[] = {
       {{"types"}, "/dev/null", 0},
+      {{"--version"}, "/dev/null", 0},
       {{"decode", "--help"}, "/dev/null", 0},
       {{"decode", "Snapshot"}, snapshot, 0},
       {{"dump", "Snapshot", "--pretty"}, snapshot, 0},

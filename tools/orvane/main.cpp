@@ -13,7 +13,12 @@
 
 #include "Output.hpp"
 #include "Report.hpp"
+#include "Suggest.hpp"
 #include "Types.hpp"
+
+#ifndef ORVANE_VERSION
+#error "ORVANE_VERSION must be defined (the project version)"
+#endif
 
 namespace {
 
@@ -91,6 +96,15 @@ void addDocumentOptions(CLI::App& command, Request& request) {
                    "tolerant key dropped");
 }
 
+// The TYPE's entry, or null with the usage error already reported.
+const TypeEntry* lookUpType(const std::string& name) {
+  if (const TypeEntry* type = findType(name)) return type;
+  std::vector<std::string_view> names;
+  for (const auto& type : registeredTypes()) names.push_back(type.name);
+  usageError("unknown TYPE: " + name + didYouMean(closestNames(name, names)));
+  return nullptr;
+}
+
 Settings settingsFor(const Request& request, WarningLines* warnings) {
   Settings settings;
   DateStrategy dates = request.dates == "seconds"        ? DateStrategy::seconds
@@ -112,8 +126,8 @@ void printWarnings(const WarningLines& warnings, std::string_view prefix) {
 }
 
 int runDocumentCommand(const Request& request, bool dump, Output& out) {
-  const TypeEntry* type = findType(request.type);
-  if (!type) return usageError("unknown TYPE: " + request.type);
+  const TypeEntry* type = lookUpType(request.type);
+  if (!type) return kUsage;
   if (!dump && !type->decode) {
     return usageError(request.type + " is decode-only: it has no encoding to print");
   }
@@ -150,6 +164,8 @@ int run(int argc, char** argv, Output& out) {
   CLI::App app{"Decode, check and look into documents of the service."};
   app.name("orvane");
   app.require_subcommand(1);
+  app.set_version_flag("--version", std::string("orvane ") + ORVANE_VERSION,
+                       "Print the version and exit");
   app.footer(
       "Exit status: 0 on success, 1 when a document does not decode, 2 for a usage error, 3 when "
       "the output cannot be written.");
@@ -173,7 +189,7 @@ int run(int argc, char** argv, Output& out) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::Success& e) {
-    // --help: its text is output like any other.
+    // --help or --version: their text is output like any other.
     std::ostringstream text, errors;
     int status = app.exit(e, text, errors);
     out.write(text.str());
