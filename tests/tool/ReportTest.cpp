@@ -1,4 +1,4 @@
-// The tool's reports: the error JSON, warnings, one-line text.
+// The tool's reports: the error JSON, the lines of `check`, warnings, one-line text.
 #include <optional>
 #include <string>
 
@@ -49,6 +49,33 @@ TEST(ErrorJson, LocationAndReasonFollowTheDescriptionWhenKnown) {
       {kMissing, missing + "}}"},
   };
   for (const auto& c : cases) EXPECT_EQ(errorJson(c.error), c.json);
+}
+
+TEST(CheckLines, OneLinePerFileInEitherForm) {
+  auto located = placed(kMissing, TextLocation{4, 9}, std::nullopt);
+  struct Case {
+    std::string line, expected;
+  };
+  const Case cases[] = {
+      {checkLine("a.json", false), "a.json: ok"},
+      {checkLine("a.json", true), R"({"file":"a.json","ok":true})"},
+      {checkLine("a.json", false, located),
+       "a.json: keyNotFound at layers[2].rect: No value associated with key \"height\". "
+       "(line 4, column 9)"},
+      {checkLine("a.json", true, located),
+       R"({"file":"a.json","error":{"kind":"keyNotFound","codingPath":["layers",2,"rect"],)"
+       R"("key":"height","description":"No value associated with key \"height\".",)"
+       R"("line":4,"column":9}})"},
+      {checkLine("gone.json", false, FileFailure{"unreadable", "No such file or directory"}),
+       "gone.json: unreadable: No such file or directory"},
+      {checkLine("gone.json", true, FileFailure{"unreadable", "No such file or directory"}),
+       R"({"file":"gone.json","error":{"kind":"unreadable","codingPath":[],"key":null,)"
+       R"("description":"No such file or directory"}})"},
+      // A file name is text like any other: quoted in JSON, escaped on a line.
+      {checkLine("we\"ird\n.json", true), R"({"file":"we\"ird\n.json","ok":true})"},
+      {checkLine("we\"ird\n.json", false), "we\"ird\\n.json: ok"},
+  };
+  for (const auto& c : cases) EXPECT_EQ(c.line, c.expected);
 }
 
 TEST(OneLine, ControlCharactersAreEscapedAndNothingElse) {

@@ -101,6 +101,8 @@ TEST(WriteFailures, EveryCommandThatWritesExitsWith3AndSaysWhy) {
       {{"decode", "--help"}, "/dev/null", 0},
       {{"decode", "Snapshot"}, snapshot, 0},
       {{"dump", "Snapshot", "--pretty"}, snapshot, 0},
+      {{"check", "Snapshot", snapshot, "-", snapshot}, snapshot, 0},
+      {{"check", "Snapshot", "-", "--json-errors"}, "/dev/null", 1},
       {{"decode", "Density", "--json-errors"}, density, 1},
   };
   const std::pair<Sink, int> lost[] = {{Sink::full, ENOSPC}, {Sink::closedPipe, EPIPE}};

@@ -63,6 +63,58 @@ std::string errorJson(const DecodingError& error) {
   return out;
 }
 
+namespace {
+
+// `{"file":FILE,"error":` and what `error` writes, then `}`.
+template <class WriteError>
+std::string jsonLine(std::string_view file, WriteError writeError) {
+  std::string out;
+  JsonWriter w(out);
+  w.beginObject();
+  w.key("file");
+  w.string(file);
+  writeError(w);
+  w.endObject();
+  return out;
+}
+
+}  // namespace
+
+std::string checkLine(std::string_view file, bool json) {
+  if (!json) return oneLine(file) + ": ok";
+  return jsonLine(file, [](JsonWriter& w) {
+    w.key("ok");
+    w.boolean(true);
+  });
+}
+
+std::string checkLine(std::string_view file, bool json, const DecodingError& error) {
+  if (!json) return oneLine(std::string(file) + ": " + error.what());
+  return jsonLine(file, [&](JsonWriter& w) {
+    w.key("error");
+    writeErrorObject(w, error);
+  });
+}
+
+std::string checkLine(std::string_view file, bool json, const FileFailure& failure) {
+  if (!json) return oneLine(std::string(file) + ": " + failure.kind + ": " + failure.description);
+  // The members of every error object, so that a reader of the lines needs no second shape.
+  return jsonLine(file, [&](JsonWriter& w) {
+    w.key("error");
+    w.beginObject();
+    w.key("kind");
+    w.string(failure.kind);
+    w.key("codingPath");
+    w.beginArray();
+    w.endArray();
+    w.key("key");
+    w.null();
+    w.key("description");
+    w.string(failure.description);
+    w.endObject();
+  });
+}
+
 void WarningLines::dropped(const CodingPath& path, const std::string& reason) {
   lines_.push_back(oneLine("warning: dropped at " + formatCodingPath(path) + ": " + reason));
 }

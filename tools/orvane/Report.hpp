@@ -1,5 +1,5 @@
-// How the tool reports what went wrong: error lines, the error JSON, and the values that
-// decoding dropped.
+// How the tool reports what went wrong: error lines, the error JSON, the lines of `check`, and
+// the values that decoding dropped.
 #pragma once
 
 #include <string>
@@ -22,6 +22,18 @@ void writeErrorObject(JsonWriter& writer, const DecodingError& error);
 
 /// The error JSON of `decode` and `dump`: `{"error":{...}}`.
 std::string errorJson(const DecodingError& error);
+
+/// Why a file given to `check` could not even be decoded: it could not be read, or not held.
+struct FileFailure {
+  std::string kind;  // "unreadable" or "outOfMemory"
+  std::string description;
+};
+
+/// A line of `check` for one file, without its newline: `FILE: ok`, `FILE: ` + the error, or
+/// with `json` one JSON object, `{"file":FILE,"ok":true}` or `{"file":FILE,"error":{...}}`.
+std::string checkLine(std::string_view file, bool json);
+std::string checkLine(std::string_view file, bool json, const DecodingError& error);
+std::string checkLine(std::string_view file, bool json, const FileFailure& failure);
 
 /// Hears of the values a tolerant key dropped and keeps their lines,
 /// `warning: dropped at PATH: REASON`, for after the decode (they are shown only if it succeeds).

@@ -72,7 +72,8 @@ std::string inputName(const std::string& file) {
 
 struct Request {
   std::string type;
-  std::string file;
+  std::string file;                // decode and dump
+  std::vector<std::string> files;  // check
   bool importSource = false;
   std::string dates = "iso8601";
   bool jsonErrors = false;
@@ -80,17 +81,24 @@ struct Request {
   bool warnings = false;
 };
 
-void addDocumentOptions(CLI::App& command, Request& request) {
+void addDocumentOptions(CLI::App& command, Request& request, bool manyFiles) {
   command.add_option("TYPE", request.type, "The record's qualified name (see `orvane types`)")
       ->required();
-  command.add_option("FILE", request.file, "The document; standard input when absent or -");
+  if (manyFiles) {
+    command.add_option("FILE", request.files, "The documents; - for standard input")->required();
+  } else {
+    command.add_option("FILE", request.file, "The document; standard input when absent or -");
+  }
   command.add_flag("--import-source", request.importSource,
                    "Decode as a document from an import source (fromImportSource = true)");
   command.add_option("--dates", request.dates, "Date strategy for reading and writing")
       ->check(CLI::IsMember({"iso8601", "seconds", "milliseconds", "deferred"}));
   command.add_flag("--json-errors", request.jsonErrors,
-                   "On a decoding failure, print the error as JSON on standard output");
-  command.add_flag("--pretty", request.pretty, "Indent the output by two spaces");
+                   manyFiles ? "Print each file's line as a JSON object"
+                             : "On a decoding failure, print the error as JSON on standard output");
+  command.add_flag("--pretty", request.pretty,
+                   manyFiles ? "Accepted as for decode; check prints no document"
+                             : "Indent the output by two spaces");
   command.add_flag("--warnings", request.warnings,
                    "After a successful decode, list on standard error every value that a "
                    "tolerant key dropped");
@@ -160,6 +168,43 @@ int runDocumentCommand(const Request& request, bool dump, Output& out) {
   }
 }
 
+int runCheck(const Request& request, Output& out) {
+  const TypeEntry* type = lookUpType(request.type);
+  if (!type) return kUsage;
+  WarningLines warnings;
+  Settings settings = settingsFor(request, request.warnings ? &warnings : nullptr);
+  std::vector<char> buffer;
+  int status = 0;
+  for (const auto& file : request.files) {
+    if (!out.ok()) break;  // nothing more can be reported
+    warnings.clear();
+    std::string line;
+    bool decoded = false;
+    try {
+      std::size_t size = 0;
+      std::string reason;
+      if (!readInput(file, buffer, size, reason)) {
+        line = checkLine(file, request.jsonErrors, FileFailure{"unreadable", reason});
+      } else {
+        type->check(std::string_view(buffer.data(), size), settings);
+        decoded = true;
+        line = checkLine(file, request.jsonErrors);
+        printWarnings(warnings, oneLine(file) + ": ");
+      }
+    } catch (const DecodingError& e) {
+      line = checkLine(file, request.jsonErrors, e);
+    } catch (const std::bad_alloc&) {
+      buffer = {};
+      decoded = false;
+      line = checkLine(file, request.jsonErrors,
+                       FileFailure{"outOfMemory", "the document does not fit in memory"});
+    }
+    if (!decoded) status = kDecodingFailed;
+    out.write(line + '\n');
+  }
+  return status;
+}
+
 int run(int argc, char** argv, Output& out) {
   CLI::App app{"Decode, check and look into documents of the service."};
   app.name("orvane");
@@ -170,20 +215,26 @@ int run(int argc, char** argv, Output& out) {
       "Exit status: 0 on success, 1 when a document does not decode, 2 for a usage error, 3 when "
       "the output cannot be written.");
 
-  Request decodeRequest, dumpRequest;
+  Request decodeRequest, dumpRequest, checkRequest;
   auto* decode =
       app.add_subcommand("decode", "Decode a document as TYPE and print what it writes back");
-  addDocumentOptions(*decode, decodeRequest);
+  addDocumentOptions(*decode, decodeRequest, false);
   decode->footer(
       "Prints one line of compact JSON (indented with --pretty). Exit status: 0 on success, 1 "
       "when the document does not decode, 2 for a usage error or a decode-only TYPE, 3 when the "
       "output cannot be written.");
   auto* dump =
       app.add_subcommand("dump", "Decode a document as TYPE and print every field it holds");
-  addDocumentOptions(*dump, dumpRequest);
+  addDocumentOptions(*dump, dumpRequest, false);
   dump->footer(
       "Prints one JSON value with a member per stored field. Exit status: 0 on success, 1 when "
       "the document does not decode, 2 for a usage error, 3 when the output cannot be written.");
+  auto* check = app.add_subcommand("check", "Decode each FILE as TYPE; one status line per file");
+  addDocumentOptions(*check, checkRequest, true);
+  check->footer(
+      "Prints `FILE: ok` or `FILE: ` and the error, one line per file in order. Exit status: 0 "
+      "when every file decodes, 1 when any does not (an unreadable file counts), 2 for a usage "
+      "error, 3 when the output cannot be written.");
   auto* types = app.add_subcommand("types", "List every TYPE name, one a line");
 
   try {
@@ -208,6 +259,7 @@ int run(int argc, char** argv, Output& out) {
     out.write(list);
     return 0;
   }
+  if (check->parsed()) return runCheck(checkRequest, out);
   if (decode->parsed()) return runDocumentCommand(decodeRequest, false, out);
   return runDocumentCommand(dumpRequest, true, out);
 }
