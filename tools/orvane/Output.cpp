@@ -24,6 +24,7 @@ int Output::close() {
   closed_ = true;
   errno = 0;
   if (std::fflush(file_) != 0 && error_ == 0) error_ = lastError();
+  // Failed in a flush of someone else's (the C++ streams share the file), whose reason is gone.
   if (std::ferror(file_) && error_ == 0) error_ = EIO;
   errno = 0;
   if (std::fclose(file_) != 0 && error_ == 0) error_ = lastError();
