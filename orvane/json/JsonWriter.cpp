@@ -37,7 +37,7 @@ int digitCount(std::uint64_t u) {
   return count;
 }
 
-// Writes a whole number below 2^50 at `p`, or returns null where scientific text is shorter
+// Writes a whole number below 2^53 at `p`, or returns null where scientific text is shorter
 // (many trailing zeros).
 char* writeWhole(char* p, std::uint64_t u) {
   int count = digitCount(u);
@@ -72,6 +72,20 @@ constexpr Fractions kFractions = [] {
 // The longest text writeJsonNumber writes.
 constexpr std::size_t kMaxNumber = 32;
 
+// Whole numbers from 2^53 below 1e18, at `p` after their sign: the shortest digits that read
+// back as the value, padded with zeros to the units (not the value's exact digits, which would
+// claim a precision the double does not have), or scientific text where that is shorter.
+char* writeLargeWhole(char* p, double magnitude) {
+  // "d.ddde+XX": the exponent is 15 to 17 here, so it always has two digits.
+  char* end = std::to_chars(p, p + kMaxNumber, magnitude, std::chars_format::scientific).ptr;
+  int exponent = (end[-2] - '0') * 10 + (end[-1] - '0');
+  int digits = end - p > 5 ? static_cast<int>(end - p) - 5 : 1;
+  if (end - p < exponent + 1) return end;
+  if (digits > 1) std::memmove(p + 1, p + 2, static_cast<std::size_t>(digits - 1));
+  std::memset(p + digits, '0', static_cast<std::size_t>(exponent + 1 - digits));
+  return p + exponent + 1;
+}
+
 // Every finite number the short path does not take: -0, large or long ones.
 [[gnu::noinline]] char* writeOtherNumber(char* p, double value) {
   if (value == 0) {
@@ -79,15 +93,20 @@ constexpr std::size_t kMaxNumber = 32;
     std::memcpy(p, "-0.0", 4);
     return p + 4;
   }
-  // Whole numbers below 2^50 too large to scale, in fixed notation where that is not longer.
-  if (std::fabs(value) < 0x1p50 && std::trunc(value) == value) {
-    auto whole = static_cast<std::int64_t>(value);
-    auto magnitude = static_cast<std::uint64_t>(whole < 0 ? -whole : whole);
+  double magnitude = std::fabs(value);
+  if (std::trunc(value) == value && magnitude < 1e18) {
     *p = '-';
-    if (char* end = writeWhole(p + (whole < 0), magnitude)) return end;
+    char* digits = p + (value < 0);
+    // Below 2^53 every integer is a double: its own digits are the shortest. Fixed notation
+    // where that is not longer.
+    if (magnitude < 0x1p53) {
+      if (char* end = writeWhole(digits, static_cast<std::uint64_t>(magnitude))) return end;
+    } else {
+      return writeLargeWhole(digits, magnitude);
+    }
   }
   // Integral text beyond 64 bits would read back as an integer too large for the parser.
-  return std::fabs(value) >= 1e18
+  return magnitude >= 1e18
              ? std::to_chars(p, p + kMaxNumber, value, std::chars_format::scientific).ptr
              : std::to_chars(p, p + kMaxNumber, value).ptr;
 }

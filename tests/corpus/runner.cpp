@@ -1,5 +1,6 @@
 // Runs the corpus of documented tool invocations: each NAME.case file gives the arguments, the
-// standard input, and the exact standard output, standard error and exit status expected.
+// standard input, the files the tool is given, and the exact standard output, standard error and
+// exit status expected.
 #include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
@@ -14,6 +15,10 @@
 #include <string>
 #include <vector>
 
+#ifndef ORVANE_VERSION
+#error "ORVANE_VERSION must be defined (the project version, which cases name as @VERSION@)"
+#endif
+
 extern char** environ;
 
 namespace fs = std::filesystem;
@@ -26,6 +31,7 @@ struct Case {
   std::string stdinText;
   std::optional<std::string> stdoutText;
   std::optional<std::string> stderrText;
+  std::vector<std::pair<std::string, std::string>> files;  // name, contents
 };
 
 std::string readFile(const fs::path& path) {
@@ -50,7 +56,10 @@ bool parseCase(const std::string& text, Case& c, std::string& error) {
         section = &out.emplace();
       else if (name == "stderr")
         section = &err.emplace();
-      else {
+      else if (name.rfind("file ", 0) == 0 && name.size() > 5 &&
+               name.find('/') == std::string::npos) {
+        section = &c.files.emplace_back(name.substr(5), std::string()).second;
+      } else {
         error = "unknown section " + name;
         return false;
       }
@@ -70,18 +79,31 @@ bool parseCase(const std::string& text, Case& c, std::string& error) {
       return false;
     }
   }
+  // The version changes with every release; the cases say where it goes.
+  for (auto* text : {&out, &err}) {
+    if (!*text) continue;
+    for (std::size_t at; (at = (*text)->find("@VERSION@")) != std::string::npos;)
+      (*text)->replace(at, 9, ORVANE_VERSION);
+  }
   c.stdoutText = out;
   c.stderrText = err;
   if (!sawArgs) error = "no args: line";
   return sawArgs;
 }
 
+// Runs the tool in a fresh folder that holds the case's files, so that they are named as given.
 int run(const std::string& tool, const Case& c, std::string& out, std::string& err,
         const fs::path& scratch) {
   fs::path inPath = scratch / "stdin", outPath = scratch / "stdout", errPath = scratch / "stderr";
+  fs::path work = scratch / "work";
+  fs::remove_all(work);
+  fs::create_directories(work);
+  for (const auto& [name, contents] : c.files)
+    std::ofstream(work / name, std::ios::binary) << contents;
   std::ofstream(inPath, std::ios::binary) << c.stdinText;
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
+  posix_spawn_file_actions_addchdir_np(&actions, work.c_str());
   posix_spawn_file_actions_addopen(&actions, 0, inPath.c_str(), O_RDONLY, 0);
   posix_spawn_file_actions_addopen(&actions, 1, outPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC,
                                    0644);
@@ -108,7 +130,8 @@ int main(int argc, char** argv) {
     std::cerr << "usage: corpus_runner TOOL DIRECTORY\n";
     return 2;
   }
-  std::string tool = argv[1];
+  // Absolute: the tool runs in the folder of the case's files.
+  std::string tool = fs::absolute(argv[1]).string();
   std::vector<fs::path> files;
   for (const auto& entry : fs::recursive_directory_iterator(argv[2])) {
     if (entry.path().extension() == ".case") files.push_back(entry.path());

@@ -72,6 +72,10 @@ TEST(JsonNumbers, DoublesRoundTripInShortestForm) {
       {123456.75, "123456.75"},
       {-0.0, "-0.0"},
       {18446744073709551616.0, "1.8446744073709552e+19"},
+      // Beyond 2^53 an integer's exact digits are more than the double holds.
+      {123456789012341504.0, "123456789012341500"},
+      {-9007199254740994.0, "-9007199254740994"},
+      {123456789012000000.0, "1.23456789012e+17"},
       {5e-324, "5e-324"},
   };
   for (auto [value, text] : cases) {

@@ -1,5 +1,9 @@
+#include <bit>
+#include <cfloat>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
+#include <cstdlib>
 #include <random>
 #include <string>
 #include <vector>
@@ -48,10 +52,127 @@ TEST(JsonNumbers, ShortDecimalsAreWrittenAsTheShortestRoundTripText) {
     values.push_back(std::round(v) * std::pow(10.0, static_cast<int>(rng() % 6)));
   }
   for (double v : values) {
-    // Written differently on purpose: large integers in scientific notation, and -0 with a
-    // fraction so that it reads back as a double.
-    if (std::fabs(v) >= 1e18 || (v == 0 && std::signbit(v))) continue;
+    // Written differently on purpose: integers from 2^53 in their shortest digits (to_chars
+    // writes their exact ones), and -0 with a fraction so that it reads back as a double.
+    if (std::fabs(v) >= 0x1p53 || (v == 0 && std::signbit(v))) continue;
     ASSERT_EQ(written(v), shortest(v)) << v;
+  }
+}
+
+namespace {
+
+// The significant digits of a number's text: no sign, point, exponent, or leading and trailing
+// zeros (zero has none).
+std::string significantDigits(std::string_view text) {
+  std::string digits;
+  for (char c : text.substr(0, text.find_first_of("eE"))) {
+    if (c >= '0' && c <= '9') digits += c;
+  }
+  digits.erase(0, digits.find_first_not_of('0'));
+  digits.erase(digits.find_last_not_of('0') + 1);
+  return digits;
+}
+
+// Whether `text` is one JSON number, as the grammar has it (no leading zeros, no bare point).
+bool isJsonNumber(std::string_view text) {
+  std::size_t i = 0;
+  auto digits = [&] {
+    std::size_t from = i;
+    while (i < text.size() && text[i] >= '0' && text[i] <= '9') ++i;
+    return i - from;
+  };
+  if (i < text.size() && text[i] == '-') ++i;
+  std::size_t start = i, whole = digits();
+  if (whole == 0 || (whole > 1 && text[start] == '0')) return false;
+  if (i < text.size() && text[i] == '.' && (++i, digits() == 0)) return false;
+  if (i < text.size() && (text[i] == 'e' || text[i] == 'E')) {
+    ++i;
+    if (i < text.size() && (text[i] == '+' || text[i] == '-')) ++i;
+    if (digits() == 0) return false;
+  }
+  return i == text.size();
+}
+
+}  // namespace
+
+// Every finite double, whatever path writes it: the text is JSON, reads back as the same
+// double, and has exactly as many significant digits as the shortest scientific text; integral
+// values have no fraction unless the text is scientific.
+TEST(JsonNumbers, EveryDoubleIsWrittenInItsShortestDigits) {
+  std::vector<double> values = {// The classic hard cases of shortest printing and of reading back.
+                                5e-324,
+                                1e-323,
+                                2.2250738585072009e-308,
+                                2.2250738585072014e-308,
+                                1.7976931348623157e308,
+                                1e23,
+                                8.41e21,
+                                9007199254740993.0,
+                                5.9604644775390625e-8,
+                                9.5367431640625e-7,
+                                0.1,
+                                0.3,
+                                2.9802322387695312e-8,
+                                1.0e22,
+                                4.940656e-318,
+                                1.18575755e-316,
+                                2.989102097996e-312,
+                                9.0608011534336e15,
+                                4.708356024711512e18,
+                                9.409340012568248e18,
+                                1.2345678e-7,
+                                1e-7,
+                                123456789012341504.0,
+                                0x1p53,
+                                0x1p54,
+                                0x1p63,
+                                0x1p64,
+                                1e15,
+                                1e16,
+                                1e17,
+                                1e18,
+                                1e19,
+                                1e21};
+  std::mt19937_64 rng(53);
+  auto add = [&](double v) {
+    values.push_back(v);
+    values.push_back(-v);
+  };
+  // Random bit patterns: every exponent, subnormals included.
+  for (int i = 0; i < 300000; ++i) {
+    double v = std::bit_cast<double>(rng());
+    if (std::isfinite(v)) values.push_back(v);
+  }
+  // Subnormals and their edge.
+  for (int i = 0; i < 20000; ++i) add(std::bit_cast<double>(rng() >> (12 + rng() % 52)));
+  add(DBL_MIN);
+  add(std::nextafter(DBL_MIN, 0.0));
+  // Short decimals over many magnitudes.
+  for (int i = 0; i < 100000; ++i) {
+    double m = static_cast<double>(rng() % 100000000);
+    add(m / std::pow(10.0, static_cast<int>(rng() % 30)));
+    add(m * std::pow(10.0, static_cast<int>(rng() % 20)));
+  }
+  // Integers around 2^50 to 2^64 and beyond, and their neighbours.
+  for (int e = 49; e <= 80; ++e) {
+    double power = std::ldexp(1.0, e);
+    for (double v = power, up = power, k = 0; k < 64; ++k) {
+      add(v = std::nextafter(v, 0.0));
+      add(up = std::nextafter(up, HUGE_VAL));
+    }
+    for (int i = 0; i < 4000; ++i) add(std::ldexp(static_cast<double>(rng() >> 11), e - 53));
+  }
+  for (double v : values) {
+    std::string text = written(v);
+    ASSERT_TRUE(isJsonNumber(text)) << text;
+    double back = std::strtod(text.c_str(), nullptr);
+    ASSERT_EQ(std::bit_cast<std::uint64_t>(back), std::bit_cast<std::uint64_t>(v)) << text;
+    char buf[32];
+    auto shortest = std::to_chars(buf, buf + sizeof buf, v, std::chars_format::scientific).ptr;
+    ASSERT_EQ(significantDigits(text), significantDigits(std::string_view(buf, shortest))) << text;
+    if (v != 0 && std::trunc(v) == v && text.find_first_of("eE") == std::string::npos) {
+      ASSERT_EQ(text.find('.'), std::string::npos) << text;
+    }
   }
 }
 

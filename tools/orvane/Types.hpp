@@ -27,6 +27,8 @@ struct TypeEntry {
   std::string (*decode)(std::string_view json, const Settings& settings);
   /// Decodes the padded document and returns its debug view.
   std::string (*dump)(std::string_view json, const Settings& settings);
+  /// Decodes the padded document and keeps nothing.
+  void (*check)(std::string_view json, const Settings& settings);
 };
 
 std::span<const TypeEntry> registeredTypes();
@@ -74,6 +76,11 @@ std::string decodeAndEncode(std::string_view json, const Settings& settings) {
 }
 
 template <class T>
+void decodeOnly(std::string_view json, const Settings& settings) {
+  (void)decodeValue<Decoded<T>>(json, settings);
+}
+
+template <class T>
 std::string decodeAndDump(std::string_view json, const Settings& settings) {
   auto value = decodeValue<Decoded<T>>(json, settings);
   std::string out;
@@ -89,9 +96,9 @@ std::string decodeAndDump(std::string_view json, const Settings& settings) {
 template <class T>
 constexpr TypeEntry entry(std::string_view name) {
   if constexpr (detail::isEncodable<T>()) {
-    return {name, &detail::decodeAndEncode<T>, &detail::decodeAndDump<T>};
+    return {name, &detail::decodeAndEncode<T>, &detail::decodeAndDump<T>, &detail::decodeOnly<T>};
   } else {
-    return {name, nullptr, &detail::decodeAndDump<T>};
+    return {name, nullptr, &detail::decodeAndDump<T>, &detail::decodeOnly<T>};
   }
 }
 

@@ -1,14 +1,24 @@
 // orvane: decode, check and look into the service's documents from the command line.
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <cstring>
 #include <iostream>
+#include <new>
+#include <sstream>
 #include <string>
 #include <vector>
 
 #include <CLI/CLI.hpp>
 
+#include "Output.hpp"
+#include "Report.hpp"
+#include "Suggest.hpp"
 #include "Types.hpp"
+
+#ifndef ORVANE_VERSION
+#error "ORVANE_VERSION must be defined (the project version)"
+#endif
 
 namespace {
 
@@ -17,25 +27,28 @@ using namespace orvane::tool;
 
 constexpr int kDecodingFailed = 1;
 constexpr int kUsage = 2;
+constexpr int kWriteFailed = 3;
 
 int usageError(const std::string& reason) {
-  std::cerr << "orvane: " << reason << "\nRun with --help for more information.\n";
+  std::cerr << "orvane: " << oneLine(reason) << "\nRun with --help for more information.\n";
   return kUsage;
 }
 
-// Reads the whole input into a buffer followed by the padding the parser needs.
+// Reads the whole input into a buffer followed by the padding the parser needs. On failure,
+// returns false with the system's reason in `error`.
 bool readInput(const std::string& file, std::vector<char>& buffer, std::size_t& size,
                std::string& error) {
   std::FILE* in = stdin;
   if (!file.empty() && file != "-") {
     in = std::fopen(file.c_str(), "rb");
     if (!in) {
-      error = "cannot read " + file + ": " + std::strerror(errno);
+      error = std::strerror(errno);
       return false;
     }
   }
   size = 0;
   buffer.resize(1 << 16);
+  errno = 0;
   for (;;) {
     if (buffer.size() - size < JsonDecoder::kPadding + 4096) buffer.resize(buffer.size() * 2);
     std::size_t n =
@@ -44,72 +57,63 @@ bool readInput(const std::string& file, std::vector<char>& buffer, std::size_t& 
     if (n == 0) break;
   }
   bool failed = std::ferror(in);
-  if (in != stdin) std::fclose(in);
-  if (failed) {
-    error = "cannot read " + (file.empty() ? std::string("standard input") : file);
-    return false;
-  }
-  return true;
+  int reason = errno != 0 ? errno : EIO;
+  if (in != stdin)
+    std::fclose(in);
+  else
+    std::clearerr(in);
+  if (failed) error = std::strerror(reason);
+  return !failed;
 }
 
-std::string errorJson(const DecodingError& e) {
-  std::string out;
-  JsonWriter w(out);
-  w.beginObject();
-  w.key("error");
-  w.beginObject();
-  w.key("kind");
-  w.string(kindName(e.kind()));
-  w.key("codingPath");
-  w.beginArray();
-  for (const auto& entry : e.codingPath()) {
-    if (entry.isIndex())
-      w.integer(static_cast<std::int64_t>(*entry.intValue()));
-    else
-      w.string(entry.stringValue());
-  }
-  w.endArray();
-  w.key("key");
-  if (e.key())
-    w.string(*e.key());
-  else
-    w.null();
-  w.key("description");
-  w.string(e.description());
-  w.endObject();
-  w.endObject();
-  return out;
+std::string inputName(const std::string& file) {
+  return file.empty() || file == "-" ? "standard input" : file;
 }
 
 struct Request {
   std::string type;
-  std::string file;
+  std::string file;                // decode and dump
+  std::vector<std::string> files;  // check
   bool importSource = false;
   std::string dates = "iso8601";
   bool jsonErrors = false;
   bool pretty = false;
+  bool warnings = false;
 };
 
-void addDocumentOptions(CLI::App& command, Request& request) {
+void addDocumentOptions(CLI::App& command, Request& request, bool manyFiles) {
   command.add_option("TYPE", request.type, "The record's qualified name (see `orvane types`)")
       ->required();
-  command.add_option("FILE", request.file, "The document; standard input when absent or -");
+  if (manyFiles) {
+    command.add_option("FILE", request.files, "The documents; - for standard input")->required();
+  } else {
+    command.add_option("FILE", request.file, "The document; standard input when absent or -");
+  }
   command.add_flag("--import-source", request.importSource,
                    "Decode as a document from an import source (fromImportSource = true)");
   command.add_option("--dates", request.dates, "Date strategy for reading and writing")
       ->check(CLI::IsMember({"iso8601", "seconds", "milliseconds", "deferred"}));
   command.add_flag("--json-errors", request.jsonErrors,
-                   "On a decoding failure, print the error as JSON on standard output");
-  command.add_flag("--pretty", request.pretty, "Indent the output by two spaces");
+                   manyFiles ? "Print each file's line as a JSON object"
+                             : "On a decoding failure, print the error as JSON on standard output");
+  command.add_flag("--pretty", request.pretty,
+                   manyFiles ? "Accepted as for decode; check prints no document"
+                             : "Indent the output by two spaces");
+  command.add_flag("--warnings", request.warnings,
+                   "After a successful decode, list on standard error every value that a "
+                   "tolerant key dropped");
 }
 
-int runDocumentCommand(const Request& request, bool dump) {
-  const TypeEntry* type = findType(request.type);
-  if (!type) return usageError("unknown TYPE: " + request.type);
-  if (!dump && !type->decode) {
-    return usageError(request.type + " is decode-only: it has no encoding to print");
-  }
+// The TYPE's entry, or null with the usage error already reported.
+const TypeEntry* lookUpType(const std::string& name) {
+  if (const TypeEntry* type = findType(name)) return type;
+  std::vector<std::string_view> names;
+  for (const auto& type : registeredTypes()) names.push_back(type.name);
+  usageError("unknown TYPE: " + name + didYouMean(closestNames(name, names)));
+  return nullptr;
+}
 
+Settings settingsFor(const Request& request, WarningLines* warnings) {
   Settings settings;
   DateStrategy dates = request.dates == "seconds"        ? DateStrategy::seconds
                        : request.dates == "milliseconds" ? DateStrategy::milliseconds
@@ -118,27 +122,45 @@ int runDocumentCommand(const Request& request, bool dump) {
   settings.decoding.dates = dates;
   settings.encoding.dates = dates;
   settings.encoding.pretty = request.pretty;
+  settings.decoding.warnings = warnings;
   if (request.importSource) {
     settings.decoding.userInfo[CodingUserInfoKey::fromImportSource()] = true;
   }
+  return settings;
+}
 
-  std::vector<char> buffer;
-  std::size_t size = 0;
-  std::string readError;
-  if (!readInput(request.file, buffer, size, readError)) return usageError(readError);
+void printWarnings(const WarningLines& warnings, std::string_view prefix) {
+  for (const auto& line : warnings.lines()) std::cerr << prefix << line << '\n';
+}
+
+int runDocumentCommand(const Request& request, bool dump, Output& out) {
+  const TypeEntry* type = lookUpType(request.type);
+  if (!type) return kUsage;
+  if (!dump && !type->decode) {
+    return usageError(request.type + " is decode-only: it has no encoding to print");
+  }
+  WarningLines warnings;
+  Settings settings = settingsFor(request, request.warnings ? &warnings : nullptr);
 
   try {
+    std::vector<char> buffer;
+    std::size_t size = 0;
+    std::string reason;
+    if (!readInput(request.file, buffer, size, reason)) {
+      return usageError("cannot read " + inputName(request.file) + ": " + reason);
+    }
     std::string_view json(buffer.data(), size);
-    std::string out = dump ? type->dump(json, settings) : type->decode(json, settings);
-    out += '\n';
-    std::fwrite(out.data(), 1, out.size(), stdout);
+    std::string result = dump ? type->dump(json, settings) : type->decode(json, settings);
+    result += '\n';
+    out.write(result);
+    printWarnings(warnings, "");
     return 0;
   } catch (const DecodingError& e) {
-    if (request.jsonErrors) std::cout << errorJson(e) << '\n';
-    std::cerr << "error: " << e.what() << '\n';
+    if (request.jsonErrors) out.write(errorJson(e) + '\n');
+    std::cerr << "error: " << oneLine(e.what()) << '\n';
     return kDecodingFailed;
   } catch (const EncodingError& e) {
-    std::cerr << "error: " << e.what() << '\n';
+    std::cerr << "error: " << oneLine(e.what()) << '\n';
     return kDecodingFailed;
   } catch (const std::bad_alloc&) {
     std::cerr << "error: out of memory\n";
@@ -146,36 +168,115 @@ int runDocumentCommand(const Request& request, bool dump) {
   }
 }
 
-}  // namespace
+int runCheck(const Request& request, Output& out) {
+  const TypeEntry* type = lookUpType(request.type);
+  if (!type) return kUsage;
+  WarningLines warnings;
+  Settings settings = settingsFor(request, request.warnings ? &warnings : nullptr);
+  std::vector<char> buffer;
+  int status = 0;
+  for (const auto& file : request.files) {
+    if (!out.ok()) break;  // nothing more can be reported
+    warnings.clear();
+    std::string line;
+    bool decoded = false;
+    try {
+      std::size_t size = 0;
+      std::string reason;
+      if (!readInput(file, buffer, size, reason)) {
+        line = checkLine(file, request.jsonErrors, FileFailure{"unreadable", reason});
+      } else {
+        type->check(std::string_view(buffer.data(), size), settings);
+        decoded = true;
+        line = checkLine(file, request.jsonErrors);
+        printWarnings(warnings, oneLine(file) + ": ");
+      }
+    } catch (const DecodingError& e) {
+      line = checkLine(file, request.jsonErrors, e);
+    } catch (const std::bad_alloc&) {
+      buffer = {};
+      decoded = false;
+      line = checkLine(file, request.jsonErrors,
+                       FileFailure{"outOfMemory", "the document does not fit in memory"});
+    }
+    if (!decoded) status = kDecodingFailed;
+    out.write(line + '\n');
+  }
+  return status;
+}
 
-int main(int argc, char** argv) {
+int run(int argc, char** argv, Output& out) {
   CLI::App app{"Decode, check and look into documents of the service."};
   app.name("orvane");
   app.require_subcommand(1);
+  app.set_version_flag("--version", std::string("orvane ") + ORVANE_VERSION,
+                       "Print the version and exit");
+  app.footer(
+      "Exit status: 0 on success, 1 when a document does not decode, 2 for a usage error, 3 when "
+      "the output cannot be written.");
 
-  Request decodeRequest, dumpRequest;
+  Request decodeRequest, dumpRequest, checkRequest;
   auto* decode =
       app.add_subcommand("decode", "Decode a document as TYPE and print what it writes back");
-  addDocumentOptions(*decode, decodeRequest);
+  addDocumentOptions(*decode, decodeRequest, false);
+  decode->footer(
+      "Prints one line of compact JSON (indented with --pretty). Exit status: 0 on success, 1 "
+      "when the document does not decode, 2 for a usage error or a decode-only TYPE, 3 when the "
+      "output cannot be written.");
   auto* dump =
       app.add_subcommand("dump", "Decode a document as TYPE and print every field it holds");
-  addDocumentOptions(*dump, dumpRequest);
+  addDocumentOptions(*dump, dumpRequest, false);
+  dump->footer(
+      "Prints one JSON value with a member per stored field. Exit status: 0 on success, 1 when "
+      "the document does not decode, 2 for a usage error, 3 when the output cannot be written.");
+  auto* check = app.add_subcommand("check", "Decode each FILE as TYPE; one status line per file");
+  addDocumentOptions(*check, checkRequest, true);
+  check->footer(
+      "Prints `FILE: ok` or `FILE: ` and the error, one line per file in order. Exit status: 0 "
+      "when every file decodes, 1 when any does not (an unreadable file counts), 2 for a usage "
+      "error, 3 when the output cannot be written.");
   auto* types = app.add_subcommand("types", "List every TYPE name, one a line");
 
   try {
     app.parse(argc, argv);
-  } catch (const CLI::CallForHelp& e) {
-    return app.exit(e);
-  } catch (const CLI::CallForAllHelp& e) {
-    return app.exit(e);
+  } catch (const CLI::Success& e) {
+    // --help or --version: their text is output like any other.
+    std::ostringstream text, errors;
+    int status = app.exit(e, text, errors);
+    out.write(text.str());
+    std::cerr << errors.str();
+    return status;
   } catch (const CLI::ParseError& e) {
     return usageError(e.what());
   }
 
   if (types->parsed()) {
-    for (const auto& type : registeredTypes()) std::cout << type.name << '\n';
+    std::string list;
+    for (const auto& type : registeredTypes()) {
+      list += type.name;
+      list += '\n';
+    }
+    out.write(list);
     return 0;
   }
-  if (decode->parsed()) return runDocumentCommand(decodeRequest, false);
-  return runDocumentCommand(dumpRequest, true);
+  if (check->parsed()) return runCheck(checkRequest, out);
+  if (decode->parsed()) return runDocumentCommand(decodeRequest, false, out);
+  return runDocumentCommand(dumpRequest, true, out);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  // A reader that went away is a write error to report, not a signal that ends the tool.
+  std::signal(SIGPIPE, SIG_IGN);
+  // Standard error must not flush standard output as it prints: a failed write would then be
+  // seen first by the stream, which keeps no reason, instead of by `out`.
+  std::cerr.tie(nullptr);
+  Output out;
+  int status = run(argc, argv, out);
+  if (int error = out.close()) {
+    std::cerr << "error: cannot write output: " << std::strerror(error) << '\n';
+    return kWriteFailed;
+  }
+  return status;
 }

@@ -1,0 +1,110 @@
+// The tool's reports: the error JSON, the lines of `check`, warnings, one-line text.
+#include <optional>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "tools/orvane/Report.hpp"
+
+using namespace orvane;
+using namespace orvane::tool;
+using Kind = DecodingError::Kind;
+
+namespace {
+
+DecodingError placed(DecodingError error, std::optional<TextLocation> location,
+                     std::optional<std::string> reason) {
+  error.setLocation(location);
+  error.setReason(std::move(reason));
+  return error;
+}
+
+const DecodingError kInvalid(Kind::dataCorrupted, {}, "The given data was not valid JSON.");
+const DecodingError kMissing(Kind::keyNotFound,
+                             {CodingPathEntry::key("layers"), CodingPathEntry::index(2),
+                              CodingPathEntry::key("rect")},
+                             "No value associated with key \"height\".", "height");
+
+}  // namespace
+
+// Line and column follow the description when the error is placed, then the reason; each is
+// left out when unknown.
+TEST(ErrorJson, LocationAndReasonFollowTheDescriptionWhenKnown) {
+  const std::string invalid = R"({"error":{"kind":"dataCorrupted","codingPath":[],"key":null,)"
+                              R"("description":"The given data was not valid JSON.")";
+  const std::string missing =
+      R"({"error":{"kind":"keyNotFound","codingPath":["layers",2,"rect"],"key":"height",)"
+      R"("description":"No value associated with key \"height\".")";
+  struct Case {
+    DecodingError error;
+    std::string json;
+  };
+  const Case cases[] = {
+      {kInvalid, invalid + "}}"},
+      {placed(kInvalid, TextLocation{3, 14}, "unclosed string"),
+       invalid + R"(,"line":3,"column":14,"reason":"unclosed string"}})"},
+      {placed(kInvalid, std::nullopt, "unclosed \"string\""),
+       invalid + R"(,"reason":"unclosed \"string\""}})"},
+      {placed(kMissing, TextLocation{1, 1}, std::nullopt), missing + R"(,"line":1,"column":1}})"},
+      {kMissing, missing + "}}"},
+  };
+  for (const auto& c : cases) EXPECT_EQ(errorJson(c.error), c.json);
+}
+
+TEST(CheckLines, OneLinePerFileInEitherForm) {
+  auto located = placed(kMissing, TextLocation{4, 9}, std::nullopt);
+  struct Case {
+    std::string line, expected;
+  };
+  const Case cases[] = {
+      {checkLine("a.json", false), "a.json: ok"},
+      {checkLine("a.json", true), R"({"file":"a.json","ok":true})"},
+      {checkLine("a.json", false, located),
+       "a.json: keyNotFound at layers[2].rect: No value associated with key \"height\". "
+       "(line 4, column 9)"},
+      {checkLine("a.json", true, located),
+       R"({"file":"a.json","error":{"kind":"keyNotFound","codingPath":["layers",2,"rect"],)"
+       R"("key":"height","description":"No value associated with key \"height\".",)"
+       R"("line":4,"column":9}})"},
+      {checkLine("gone.json", false, FileFailure{"unreadable", "No such file or directory"}),
+       "gone.json: unreadable: No such file or directory"},
+      {checkLine("gone.json", true, FileFailure{"unreadable", "No such file or directory"}),
+       R"({"file":"gone.json","error":{"kind":"unreadable","codingPath":[],"key":null,)"
+       R"("description":"No such file or directory"}})"},
+      // A file name is text like any other: quoted in JSON, escaped on a line.
+      {checkLine("we\"ird\n.json", true), R"({"file":"we\"ird\n.json","ok":true})"},
+      {checkLine("we\"ird\n.json", false), "we\"ird\\n.json: ok"},
+  };
+  for (const auto& c : cases) EXPECT_EQ(c.line, c.expected);
+}
+
+TEST(OneLine, ControlCharactersAreEscapedAndNothingElse) {
+  const std::pair<std::string, std::string> cases[] = {
+      {"plain text", "plain text"},
+      {"a\nb\r\tc", "a\\nb\\r\\tc"},
+      {std::string("nul\0x", 5), "nul\\u0000x"},
+      {"\x01\x1f", "\\u0001\\u001f"},
+      {"back\\slash \"quote\" \x7f \xc3\xa9", "back\\slash \"quote\" \x7f \xc3\xa9"},
+  };
+  for (const auto& [text, line] : cases) EXPECT_EQ(oneLine(text), line);
+}
+
+TEST(WarningLines, EachDroppedValueIsOneLineWithItsPath) {
+  WarningLines warnings;
+  DecodingWarnings& observer = warnings;
+  observer.dropped(
+      {CodingPathEntry::key("layers"), CodingPathEntry::index(2), CodingPathEntry::key("fills"),
+       CodingPathEntry::index(0), CodingPathEntry::key("blendMode")},
+      "Cannot initialize BlendMode from invalid String value nope");
+  observer.dropped({}, "Expected to decode String but found a number instead.");
+  observer.dropped({CodingPathEntry::key("textAlign")}, "invalid String value a\nb");
+  EXPECT_EQ(warnings.lines(),
+            (std::vector<std::string>{
+                "warning: dropped at layers[2].fills[0].blendMode: Cannot initialize BlendMode "
+                "from invalid String value nope",
+                "warning: dropped at <root>: Expected to decode String but found a number "
+                "instead.",
+                "warning: dropped at textAlign: invalid String value a\\nb"}));
+  warnings.clear();
+  EXPECT_TRUE(warnings.lines().empty());
+}
