@@ -15,6 +15,7 @@
 #include <orvane/coding/RecordArena.hpp>
 #include <orvane/json/JsonWriter.hpp>
 #include "DateText.hpp"
+#include "JsonText.hpp"
 
 namespace orvane {
 
@@ -445,6 +446,34 @@ class ParseError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+using DecodeFn = void (*)(const Decoder&, void*);
+
+// `at`: where the text stops being JSON, when the scan found it.
+DecodingError invalidJson(std::string_view json, simdjson::error_code error,
+                          std::optional<std::size_t> at) {
+  std::string reason = simdjson::error_message(error);
+  DecodingError e(DecodingError::Kind::dataCorrupted, {}, "The given data was not valid JSON.",
+                  std::nullopt, std::make_exception_ptr(ParseError(reason)));
+  e.setReason(std::move(reason));
+  if (at) e.setLocation(textLocation(json, *at));
+  return e;
+}
+
+void decodeTape(const simdjson::dom::document& doc, std::string_view json,
+                const JsonDecoderOptions& options, DecodeFn fn, void* out) {
+  TapeBackend backend(doc, options.dates);
+  try {
+    RecordArenaScope arena(options.packRecords);
+    DecodingContext context(backend, options.userInfo, options.warnings);
+    Decoder root(context, backend.root(), nullptr);
+    fn(root, out);
+  } catch (DecodingError& e) {
+    // The tape keeps no positions: the text is walked along the path, now that it is needed.
+    if (auto at = findJsonValue(json, e.codingPath())) e.setLocation(textLocation(json, *at));
+    throw;
+  }
+}
+
 }  // namespace
 
 struct JsonDecoder::Parser {
@@ -458,8 +487,7 @@ JsonDecoder::~JsonDecoder() = default;
 JsonDecoder::JsonDecoder(JsonDecoder&&) noexcept = default;
 JsonDecoder& JsonDecoder::operator=(JsonDecoder&&) noexcept = default;
 
-void JsonDecoder::run(std::string_view json, bool padded, void (*fn)(const Decoder&, void*),
-                      void* out) {
+void JsonDecoder::run(std::string_view json, bool padded, DecodeFn fn, void* out) {
   auto& p = *parser_;
   simdjson::error_code error = simdjson::SUCCESS;
   // simdjson counts the document root as a level of its own.
@@ -470,15 +498,12 @@ void JsonDecoder::run(std::string_view json, bool padded, void (*fn)(const Decod
   }
   if (!error) error = p.parser.parse(json.data(), json.size(), !padded).error();
   if (error) {
-    throw DecodingError(DecodingError::Kind::dataCorrupted, {},
-                        "The given data was not valid JSON.", std::nullopt,
-                        std::make_exception_ptr(ParseError(simdjson::error_message(error))));
+    // Only the text is at fault here, unless memory or the parser's size limit ran out.
+    bool textAtFault = error != simdjson::MEMALLOC && error != simdjson::CAPACITY;
+    throw invalidJson(json, error,
+                      textAtFault ? scanJsonText(json, options_.maxDepth).invalidAt : std::nullopt);
   }
-  RecordArenaScope arena(options_.packRecords);
-  TapeBackend backend(p.parser.doc, options_.dates);
-  DecodingContext context(backend, options_.userInfo, options_.warnings);
-  Decoder root(context, backend.root(), nullptr);
-  fn(root, out);
+  decodeTape(p.parser.doc, json, options_, fn, out);
 }
 
 }  // namespace orvane

@@ -16,7 +16,8 @@ struct JsonDecoderOptions {
   DateStrategy dates = DateStrategy::iso8601;
   /// Handed to every record's decoding, e.g. the `fromImportSource` flag.
   UserInfo userInfo;
-  /// Documents nested deeper than this many arrays and objects are refused as invalid.
+  /// Documents nested deeper than this many arrays and objects are refused as invalid (an
+  /// empty one does not count as a level).
   std::size_t maxDepth = 512;
   /// Packs the decoded records into large chunks (see `RecordArenaScope`): faster, and smaller,
   /// but a record kept from a released graph keeps its chunk. Turn it off to decode records
@@ -28,8 +29,9 @@ struct JsonDecoderOptions {
 };
 
 /// Parses a document and decodes a value of the requested type from it. Invalid JSON, invalid
-/// UTF-8 and nesting beyond the limit fail with dataCorrupted at the root. A JsonDecoder keeps
-/// its parser's buffers between calls; use one per thread.
+/// UTF-8 and nesting beyond the limit fail with dataCorrupted at the root, with the parser's
+/// reason. Errors carry their location in the text when it can be found.
+/// A JsonDecoder keeps its parser's buffers between calls; use one per thread.
 class JsonDecoder {
  public:
   explicit JsonDecoder(JsonDecoderOptions options = {});

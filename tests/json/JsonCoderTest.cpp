@@ -135,17 +135,74 @@ TEST(JsonUrls, UriReferencesOnlyAndTextKept) {
   }
 }
 
-TEST(JsonDocuments, InvalidInputFailsAtTheRoot) {
+TEST(JsonDocuments, InvalidInputFailsAtTheRootAndSaysWhere) {
   std::string deep(600, '[');
   deep += std::string(600, ']');
-  for (std::string bad : {std::string("{"), std::string(""), std::string("\"\xFF\""),
-                          std::string("[1,]"), std::string("{\"a\":1} x"), deep}) {
+  const std::pair<std::string, TextLocation> cases[] = {
+      {"{", {1, 2}},           {"", {1, 1}},     {"\"\xFF\"", {1, 2}},       {"[1,\n  ]", {2, 3}},
+      {"{\"a\":1} x", {1, 9}}, {deep, {1, 513}},
+  };
+  for (const auto& [bad, location] : cases) {
     auto e = failure<std::vector<std::int64_t>>(bad);
     EXPECT_EQ(e.kind(), Kind::dataCorrupted);
     EXPECT_TRUE(e.codingPath().empty());
     EXPECT_EQ(e.description(), "The given data was not valid JSON.");
-    EXPECT_TRUE(e.underlyingError());
+    EXPECT_EQ(e.location(), location) << bad;
+    // The parser's reason, also as the underlying error.
+    ASSERT_TRUE(e.reason() && !e.reason()->empty());
+    try {
+      std::rethrow_exception(e.underlyingError());
+    } catch (const std::exception& underlying) {
+      EXPECT_EQ(underlying.what(), *e.reason());
+    }
+    EXPECT_NE(std::string(e.what()).find(" (" + *e.reason() + ") (line "), std::string::npos);
   }
+}
+
+TEST(JsonDocuments, DecodingErrorsSayWhereTheirValueIs) {
+  using fixtures::TreeNode;
+  const std::string rect = R"("rect":{"x":0,"y":0,"width":1,"height":1})";
+  struct Case {
+    std::string json;
+    std::string what;
+  };
+  const Case cases[] = {
+      // keyNotFound: the object that lacks the key.
+      {"{\"title\":\"t\",\n \"rect\": {\"x\":0,\"y\":0,\"width\":1}}",
+       R"(keyNotFound at rect: No value associated with key "height". (line 2, column 10))"},
+      {"\n\n  {}",
+       R"(keyNotFound at <root>: No value associated with key "title". (line 3, column 3))"},
+      {R"({"title":"t",)" + rect + R"(,"children":[{"title":"a",)" + rect + R"(},)" +
+           "\n  {\"title\":\"b\",\"rect\":{\"x\":\"0\"}}]}",
+       "typeMismatch at children[1].rect.x: Expected to decode Double but found a string "
+       "instead. (line 2, column 28)"},
+      {R"({"title":"t",)" + rect + R"(,"tone":"grey"})",
+       "dataCorrupted at tone: Cannot initialize Tone from invalid String value grey (line 1, "
+       "column 63)"},
+      // The last of repeated keys is the one read.
+      {R"({"title":"t","title":null,)" + rect + "}",
+       "valueNotFound at title: Expected String value but found null instead. (line 1, column "
+       "22)"},
+      {R"({"title":"t",)" + rect + R"(,"children":{}})",
+       "typeMismatch at children: Expected to decode an array but found an object instead. "
+       "(line 1, column 67)"},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(failure<Ref<TreeNode>>(c.json).what(), c.what) << c.json;
+  }
+  // A path the text cannot follow (past an array's end) gives no location.
+  struct PastTheEnd {
+    static PastTheEnd decode(const Decoder& d) {
+      auto list = d.unkeyedContainer();
+      list.decode<std::int64_t>();
+      list.decode<std::int64_t>();
+      return {};
+    }
+  };
+  auto e = failure<PastTheEnd>("[1]");
+  EXPECT_EQ(formatCodingPath(e.codingPath()), "[1]");
+  EXPECT_EQ(e.location(), std::nullopt);
+  EXPECT_EQ(failure<PastTheEnd>("[1,\n\"2\"]").location(), (TextLocation{2, 1}));
 }
 
 TEST(JsonDocuments, DepthLimitIsAnOption) {
