@@ -30,7 +30,8 @@ struct JsonDecoderOptions {
 
 /// Parses a document and decodes a value of the requested type from it. Invalid JSON, invalid
 /// UTF-8 and nesting beyond the limit fail with dataCorrupted at the root, with the parser's
-/// reason. Errors carry their location in the text when it can be found.
+/// reason. Errors carry their location in the text when it can be found. Numbers beyond 64 bits
+/// or the double range are numbers still: they fail only where they do not fit the type read.
 /// A JsonDecoder keeps its parser's buffers between calls; use one per thread.
 class JsonDecoder {
  public:

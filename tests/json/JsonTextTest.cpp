@@ -190,8 +190,8 @@ TEST(JsonText, AgreesWithTheParserOnEveryMutation) {
   // Each seed changed at one byte at a time, many times over: wherever the parser refuses the
   // text, the scan must find where, and wherever it accepts, the scan must too.
   const std::string seeds[] = {
-      R"({"name":"a\u00e9\"b","list":[1,-2.5e3,true,false,null,{"k":[]}],"big":1e300})",
-      "[\"\xC3\xA9\xF0\x9F\x98\x80\",\"\\ud83d\\ude00\",0.5,10000000000000000000]",
+      R"({"name":"a\u00e9\"b","list":[1,-2.5e3,true,false,null,{"k":[]}],"big":1e400})",
+      "[\"\xC3\xA9\xF0\x9F\x98\x80\",\"\\ud83d\\ude00\",0.5,100000000000000000000]",
       R"({"a":{"b":{"c":[[[]]]}}})",
   };
   const std::string alphabet = std::string("{}[],:\"\\ 0123456789eE.+-truefalsnx/u\n\t") +
@@ -222,7 +222,6 @@ TEST(JsonText, AgreesWithTheParserOnEveryMutation) {
       }
     }
     auto scan = scanJsonText(text, options.maxDepth);
-    if (!scan.outOfRange.empty()) continue;  // the parser refuses them whole
     std::optional<TextLocation> location;
     bool parsed = true;
     try {
