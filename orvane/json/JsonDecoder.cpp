@@ -237,8 +237,13 @@ class TapeBackend final : public DecoderBackend {
     }
     if (type == "URL") return "Invalid URL string.";
     if (type == "Date") {
-      return dates_ == DateStrategy::iso8601 ? "Expected date string to be ISO8601-formatted."
-                                             : "Date value out of range.";
+      if (dates_ != DateStrategy::iso8601)
+        return "Date value <" + numberText(n) + "> out of range.";
+      std::string out = "Expected date string to be ISO8601-formatted";
+      if (this->type(n) != '"') return out += '.';
+      out += ", found ";
+      appendJsonString(out, stringAt(n));
+      return out += '.';
     }
     return "The value is not a valid " + std::string(type) + ".";
   }
