@@ -196,6 +196,12 @@ TEST(JsonText, AgreesWithTheParserOnEveryMutation) {
   };
   const std::string alphabet = std::string("{}[],:\"\\ 0123456789eE.+-truefalsnx/u\n\t") +
                                "\xC3\xA9\xED\xA0\xF4\x90\x80" + std::string(1, '\0');
+  using E = CodingPathEntry;
+  const CodingPath paths[] = {{},
+                              {E::key("name")},
+                              {E::key("list"), E::index(5), E::key("k")},
+                              {E::index(1)},
+                              {E::key("a"), E::key("b"), E::key("c"), E::index(0), E::index(0)}};
   std::mt19937 random(20240501);
   JsonDecoderOptions options;
   options.maxDepth = 5;
@@ -233,6 +239,11 @@ TEST(JsonText, AgreesWithTheParserOnEveryMutation) {
       ASSERT_TRUE(e.reason());
     }
     ASSERT_EQ(parsed, !scan.invalidAt) << text;
+    // Paths are only walked in text the parser took, but any text must be safe to walk.
+    for (const auto& path : paths) {
+      auto at = findJsonValue(text, path);
+      ASSERT_TRUE(!at || *at < text.size()) << text;
+    }
     if (!parsed) {
       ++refused;
       ASSERT_EQ(location, textLocation(text, *scan.invalidAt)) << text;
