@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <cstdint>
 #include <limits>
 #include <string>
@@ -131,13 +132,9 @@ Step scanString(std::string_view t, std::size_t i) noexcept {
   }
 }
 
-struct NumberToken {
-  std::size_t end = 0;
-  bool integral = true;  // no fraction, no exponent
-};
-
-// A number from its first byte at `i` (a '-' or a digit).
-Step scanNumber(std::string_view t, std::size_t i, NumberToken& token) noexcept {
+// A number from its first byte at `i` (a '-' or a digit); `integral` when it has neither a
+// fraction nor an exponent.
+Step scanNumber(std::string_view t, std::size_t i, bool& integral) noexcept {
   auto digitAt = [&](std::size_t k) { return k < t.size() && isDigit(t[k]); };
   auto missing = [&](std::size_t k) { return fail(std::min(k, t.size())); };
   if (t[i] == '-') ++i;
@@ -148,18 +145,17 @@ Step scanNumber(std::string_view t, std::size_t i, NumberToken& token) noexcept 
     while (digitAt(i)) ++i;
   }
   if (i < t.size() && t[i] == '.') {
-    token.integral = false;
+    integral = false;
     if (!digitAt(++i)) return missing(i);
     while (digitAt(i)) ++i;
   }
   if (i < t.size() && (t[i] == 'e' || t[i] == 'E')) {
-    token.integral = false;
+    integral = false;
     ++i;
     if (i < t.size() && (t[i] == '+' || t[i] == '-')) ++i;
     if (!digitAt(i)) return missing(i);
     while (digitAt(i)) ++i;
   }
-  token.end = i;
   return {i};
 }
 
@@ -212,7 +208,7 @@ std::optional<double> outOfRangeValue(std::string_view number, bool integral) no
   double value;
   auto [end, ec] = std::from_chars(first, last, value);
   if (ec == std::errc() && end == last) {
-    if (integral) return value;
+    if (integral || std::isinf(value)) return value;
     return std::nullopt;
   }
   if (ec == std::errc::result_out_of_range && beyondDoubleRange(number)) {
@@ -309,11 +305,11 @@ JsonTextScan scanJsonText(std::string_view t, std::size_t maxDepth) {
       if (!s.ok()) return bad(s.bad);
       i = s.next;
     } else if (c == '-' || isDigit(c)) {
-      NumberToken token;
-      Step s = scanNumber(t, i, token);
+      bool integral = true;
+      Step s = scanNumber(t, i, integral);
       if (!s.ok()) return bad(s.bad);
       std::string_view number = t.substr(i, s.next - i);
-      if (auto value = outOfRangeValue(number, token.integral)) {
+      if (auto value = outOfRangeValue(number, integral)) {
         scan.outOfRange.push_back({i, number.size(), ordinal, *value});
       }
       i = s.next;
