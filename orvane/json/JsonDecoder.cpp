@@ -8,6 +8,7 @@
 #include <cstring>
 #include <limits>
 #include <stdexcept>
+#include <vector>
 
 #include <simdjson.h>
 #include <uriparser/Uri.h>
@@ -15,6 +16,7 @@
 #include <orvane/coding/RecordArena.hpp>
 #include <orvane/json/JsonWriter.hpp>
 #include "DateText.hpp"
+#include "JsonText.hpp"
 
 namespace orvane {
 
@@ -22,12 +24,64 @@ static_assert(JsonDecoder::kPadding >= simdjson::SIMDJSON_PADDING);
 
 namespace {
 
+// Numbers the parser refuses although they are JSON (beyond 64 bits, or beyond the double
+// range), which a copy of the document holds as a 0 of the same length: what the node of each
+// such 0 really holds.
+class RewrittenNumbers {
+ public:
+  struct Entry {
+    Node node;
+    std::string_view text;  // as the document has it
+    double value;           // infinite when beyond the double range
+  };
+
+  const Entry* find(Node n) const noexcept {
+    auto it = std::lower_bound(entries_.begin(), entries_.end(), n,
+                               [](const Entry& e, Node node) { return e.node < node; });
+    return it != entries_.end() && it->node == n ? &*it : nullptr;
+  }
+
+  /// Finds the nodes of `numbers` on the tape: scalars stand on it in text order. False when
+  /// the tape does not hold a 0 where the text held such a number.
+  bool locate(const simdjson::dom::document& doc, std::string_view text,
+              const std::vector<OutOfRangeNumber>& numbers) {
+    const std::uint64_t* tape = doc.tape.get();
+    Node end = tape[0] & simdjson::internal::JSON_VALUE_MASK;
+    std::size_t ordinal = 0, k = 0;
+    entries_.clear();
+    for (Node i = 1; i < end && k < numbers.size();) {
+      char t = static_cast<char>(tape[i] >> 56);
+      bool number = t == 'l' || t == 'u' || t == 'd';
+      if (number || t == '"' || t == 't' || t == 'f' || t == 'n') {
+        if (ordinal++ == numbers[k].ordinal) {
+          if (t != 'l' || (tape[i + 1] != 0)) return false;
+          const OutOfRangeNumber& n = numbers[k++];
+          entries_.push_back({i, text.substr(n.offset, n.length), n.value});
+        }
+      }
+      i += number ? 2 : 1;
+    }
+    return k == numbers.size();
+  }
+
+ private:
+  std::vector<Entry> entries_;  // by node
+};
+
 // The decoder reads simdjson's DOM tape directly: a node is a tape index, so handles are one
 // word and walking an object needs no intermediate element objects.
+//
+// With `kRewritten`, the tape is that of a copy in which numbers the parser refuses stand as
+// 0s (see RewrittenNumbers), and the reads of integers look for them; without, nothing does.
+template <bool kRewritten>
 class TapeBackend final : public DecoderBackend {
  public:
-  TapeBackend(const simdjson::dom::document& doc, DateStrategy dates)
-      : tape_(doc.tape.get()), strings_(doc.string_buf.get()), dates_(dates) {}
+  TapeBackend(const simdjson::dom::document& doc, DateStrategy dates,
+              const RewrittenNumbers* rewritten = nullptr)
+      : tape_(doc.tape.get()),
+        strings_(doc.string_buf.get()),
+        dates_(dates),
+        rewritten_(rewritten) {}
 
   Node root() const { return 1; }
 
@@ -70,6 +124,11 @@ class TapeBackend final : public DecoderBackend {
         out = payload<double>(n);
         return ReadStatus::ok;
       case 'l':
+        if (const auto* r = rewritten(n)) {
+          if (!std::isfinite(r->value)) return ReadStatus::corrupted;
+          out = r->value;
+          return ReadStatus::ok;
+        }
         out = static_cast<double>(payload<std::int64_t>(n));
         return ReadStatus::ok;
       case 'u':
@@ -85,6 +144,7 @@ class TapeBackend final : public DecoderBackend {
   ReadStatus readInt(Node n, std::int64_t& out) const noexcept override {
     switch (type(n)) {
       case 'l':
+        if (rewritten(n)) return ReadStatus::corrupted;  // all beyond 64 bits
         out = payload<std::int64_t>(n);
         return ReadStatus::ok;
       case 'u':
@@ -171,17 +231,35 @@ class TapeBackend final : public DecoderBackend {
   }
 
   std::string corruptionReason(Node n, std::string_view type) const override {
-    if (type == "Int") return "Parsed JSON number <" + numberText(n) + "> does not fit in Int.";
+    if (type == "Int" || type == "Double") {
+      return "Parsed JSON number <" + numberText(n) + "> does not fit in " + std::string(type) +
+             ".";
+    }
     if (type == "URL") return "Invalid URL string.";
     if (type == "Date") {
-      return dates_ == DateStrategy::iso8601 ? "Expected date string to be ISO8601-formatted."
-                                             : "Date value out of range.";
+      if (dates_ != DateStrategy::iso8601)
+        return "Date value <" + numberText(n) + "> out of range.";
+      std::string out = "Expected date string to be ISO8601-formatted";
+      if (this->type(n) != '"') return out += '.';
+      out += ", found ";
+      appendJsonString(out, stringAt(n));
+      return out += '.';
     }
     return "The value is not a valid " + std::string(type) + ".";
   }
 
  private:
   char type(Node n) const noexcept { return static_cast<char>(tape_[n] >> 56); }
+
+  // What an integer node of the tape really holds, when the parser could not hold it.
+  const RewrittenNumbers::Entry* rewritten(Node n) const noexcept {
+    if constexpr (kRewritten) {
+      return rewritten_->find(n);
+    } else {
+      (void)n;
+      return nullptr;
+    }
+  }
 
   template <class T>
   T payload(Node n) const noexcept {
@@ -215,6 +293,7 @@ class TapeBackend final : public DecoderBackend {
     std::string out;
     switch (type(n)) {
       case 'l':
+        if (const auto* r = rewritten(n)) return std::string(r->text);
         out = std::to_string(payload<std::int64_t>(n));
         break;
       case 'u':
@@ -255,7 +334,8 @@ class TapeBackend final : public DecoderBackend {
     if (key.size() >= 4)
       std::memcpy(bytes + 4, key.data(), 4);
     else
-      for (std::size_t i = 0; i < key.size(); ++i) bytes[4 + i] = static_cast<unsigned char>(key[i]);
+      for (std::size_t i = 0; i < key.size(); ++i)
+        bytes[4 + i] = static_cast<unsigned char>(key[i]);
     std::uint64_t word;
     std::memcpy(&word, bytes, 8);
     return word;
@@ -296,7 +376,8 @@ class TapeBackend final : public DecoderBackend {
 
   // Whether the stored key at `p` (length prefix, then bytes) is `key`.
   static bool keyEquals(const std::uint8_t* p, std::string_view key) noexcept {
-    return load<std::uint32_t>(p) == key.size() && detail::equalBytes(p + 4, key.data(), key.size());
+    return load<std::uint32_t>(p) == key.size() &&
+           detail::equalBytes(p + 4, key.data(), key.size());
   }
 
   static std::uint64_t keyBit(std::uint64_t word) noexcept {
@@ -353,7 +434,8 @@ class TapeBackend final : public DecoderBackend {
         m.number = payload<double>(i + 1);
         break;
       case 'l':
-        m.kind = MemberKind::number;
+        // The backend reads a rewritten number, so its 0 never passes for its value.
+        m.kind = rewritten(i + 1) ? MemberKind::other : MemberKind::number;
         m.number = static_cast<double>(payload<std::int64_t>(i + 1));
         break;
       case 'u':
@@ -381,10 +463,12 @@ class TapeBackend final : public DecoderBackend {
   const std::uint64_t* tape_;
   const std::uint8_t* strings_;
   DateStrategy dates_;
+  const RewrittenNumbers* rewritten_;
 };
 
-bool TapeBackend::findMember(Node object, std::string_view key, Node& value,
-                             LookupState& state) const noexcept {
+template <bool kRewritten>
+bool TapeBackend<kRewritten>::findMember(Node object, std::string_view key, Node& value,
+                                         LookupState& state) const noexcept {
   // The container has compared the member at the cursor already, unless there was none laid
   // out: before the object was prepared, or once the members ahead are used up.
   if (state.position == 0) {
@@ -405,8 +489,9 @@ bool TapeBackend::findMember(Node object, std::string_view key, Node& value,
   return search(object, key, value, state);
 }
 
-bool TapeBackend::search(Node object, std::string_view key, Node& value,
-                         LookupState& state) const noexcept {
+template <bool kRewritten>
+bool TapeBackend<kRewritten>::search(Node object, std::string_view key, Node& value,
+                                     LookupState& state) const noexcept {
   if (key.size() > UINT32_MAX) return false;  // longer than any string the parser stores
   std::uint64_t bit = keyBit(keyWord(key));
   if (!(state.filter & bit)) return false;
@@ -445,6 +530,61 @@ class ParseError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+using DecodeFn = void (*)(const Decoder&, void*);
+
+// `at`: where the text stops being JSON, when the scan found it.
+DecodingError invalidJson(std::string_view json, simdjson::error_code error,
+                          std::optional<std::size_t> at) {
+  std::string reason = simdjson::error_message(error);
+  DecodingError e(DecodingError::Kind::dataCorrupted, {}, "The given data was not valid JSON.",
+                  std::nullopt, std::make_exception_ptr(ParseError(reason)));
+  e.setReason(std::move(reason));
+  if (at) e.setLocation(textLocation(json, *at));
+  return e;
+}
+
+template <bool kRewritten>
+void decodeTape(const simdjson::dom::document& doc, std::string_view json,
+                const JsonDecoderOptions& options, RecordArena& records,
+                const RewrittenNumbers* rewritten, DecodeFn fn, void* out) {
+  TapeBackend<kRewritten> backend(doc, options.dates, rewritten);
+  try {
+    RecordArenaScope arena(records, options.packRecords);
+    DecodingContext context(backend, options.userInfo, options.warnings);
+    Decoder root(context, backend.root(), nullptr);
+    fn(root, out);
+  } catch (DecodingError& e) {
+    // The tape keeps no positions: the text is walked along the path, now that it is needed.
+    if (auto at = findJsonValue(json, e.codingPath())) e.setLocation(textLocation(json, *at));
+    throw;
+  }
+}
+
+// The parser refused a number. When the text is JSON but holds numbers beyond 64 bits or the
+// double range, decodes a copy in which each of them is a 0 of the same length (so offsets
+// stay), and tells the backend what each 0 stands for. Only documents the parser refused come
+// here, so no other pays for it.
+void decodeRewritten(simdjson::dom::parser& parser, std::string_view json,
+                     simdjson::error_code error, const JsonDecoderOptions& options,
+                     RecordArena& records, DecodeFn fn, void* out) {
+  JsonTextScan scan = scanJsonText(json, options.maxDepth);
+  if (scan.outOfRange.empty()) throw invalidJson(json, error, scan.invalidAt);
+  std::string copy(json.size() + JsonDecoder::kPadding, ' ');
+  std::memcpy(copy.data(), json.data(), json.size());
+  for (const auto& n : scan.outOfRange) {
+    copy[n.offset] = '0';
+    std::memset(copy.data() + n.offset + 1, ' ', n.length - 1);
+  }
+  // What is still wrong with the copy is what is wrong with the text.
+  error = parser.parse(copy.data(), json.size(), false).error();
+  if (error) throw invalidJson(json, error, scan.invalidAt);
+  RewrittenNumbers rewritten;
+  if (!rewritten.locate(parser.doc, json, scan.outOfRange)) {
+    throw invalidJson(json, simdjson::NUMBER_ERROR, scan.invalidAt);
+  }
+  decodeTape<true>(parser.doc, json, options, records, &rewritten, fn, out);
+}
+
 }  // namespace
 
 struct JsonDecoder::Parser {
@@ -466,8 +606,7 @@ const RecordArena& JsonDecoder::recordArena() const {
   return parser_->records;
 }
 
-void JsonDecoder::run(std::string_view json, bool padded, void (*fn)(const Decoder&, void*),
-                      void* out) {
+void JsonDecoder::run(std::string_view json, bool padded, DecodeFn fn, void* out) {
   auto& p = *parser_;
   simdjson::error_code error = simdjson::SUCCESS;
   // simdjson counts the document root as a level of its own.
@@ -477,16 +616,15 @@ void JsonDecoder::run(std::string_view json, bool padded, void (*fn)(const Decod
     p.depth = error ? 0 : depth;
   }
   if (!error) error = p.parser.parse(json.data(), json.size(), !padded).error();
+  if (error == simdjson::NUMBER_ERROR)
+    return decodeRewritten(p.parser, json, error, options_, p.records, fn, out);
   if (error) {
-    throw DecodingError(DecodingError::Kind::dataCorrupted, {},
-                        "The given data was not valid JSON.", std::nullopt,
-                        std::make_exception_ptr(ParseError(simdjson::error_message(error))));
+    // Only the text is at fault here, unless memory or the parser's size limit ran out.
+    bool textAtFault = error != simdjson::MEMALLOC && error != simdjson::CAPACITY;
+    throw invalidJson(json, error,
+                      textAtFault ? scanJsonText(json, options_.maxDepth).invalidAt : std::nullopt);
   }
-  RecordArenaScope arena(p.records, options_.packRecords);
-  TapeBackend backend(p.parser.doc, options_.dates);
-  DecodingContext context(backend, options_.userInfo, options_.warnings);
-  Decoder root(context, backend.root(), nullptr);
-  fn(root, out);
+  decodeTape<false>(p.parser.doc, json, options_, p.records, nullptr, fn, out);
 }
 
 }  // namespace orvane

@@ -17,7 +17,8 @@ struct JsonDecoderOptions {
   DateStrategy dates = DateStrategy::iso8601;
   /// Handed to every record's decoding, e.g. the `fromImportSource` flag.
   UserInfo userInfo;
-  /// Documents nested deeper than this many arrays and objects are refused as invalid.
+  /// Documents nested deeper than this many arrays and objects are refused as invalid (an
+  /// empty one does not count as a level).
   std::size_t maxDepth = 512;
   /// Packs the decoded records into large chunks of the decoder's own `RecordArena`: faster, and
   /// smaller, but a record kept from a released graph keeps its chunk. Turn it off to decode
@@ -29,8 +30,10 @@ struct JsonDecoderOptions {
 };
 
 /// Parses a document and decodes a value of the requested type from it. Invalid JSON, invalid
-/// UTF-8 and nesting beyond the limit fail with dataCorrupted at the root. A JsonDecoder keeps
-/// its parser's buffers between calls; use one per thread.
+/// UTF-8 and nesting beyond the limit fail with dataCorrupted at the root, with the parser's
+/// reason. Errors carry their location in the text when it can be found. Numbers beyond 64 bits
+/// or the double range are numbers still: they fail only where they do not fit the type read.
+/// A JsonDecoder keeps its parser's buffers between calls; use one per thread.
 class JsonDecoder {
  public:
   explicit JsonDecoder(JsonDecoderOptions options = {});

@@ -95,7 +95,7 @@ TEST(CodingTerms, KeyNotFoundCarriesKeyAndContainerPath) {
   EXPECT_EQ(e.codingPath()[1].intValue(), 1u);
   EXPECT_STREQ(
       e.what(),
-      R"(keyNotFound at children[1].children[0].rect: No value associated with key "height".)");
+      R"(keyNotFound at children[1].children[0].rect: No value associated with key "height". (line 4, column 34))");
 }
 
 TEST(CodingTerms, FailuresInsideValuesPropagateWithTheirPath) {

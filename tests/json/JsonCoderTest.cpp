@@ -45,6 +45,36 @@ std::string encode(const T& value, DateStrategy dates = DateStrategy::iso8601) {
 
 }  // namespace
 
+// Reads doubles under `keys` in that order, each through a required, an optional or a tolerant
+// read; a failed read gives NaN, an absent or null one gives no value.
+struct DoubleReader {
+  enum class Read { required, optional, tolerant };
+  static inline std::vector<std::pair<std::string, Read>> keys;
+  std::vector<std::optional<double>> values;
+  static DoubleReader decode(const Decoder& d) {
+    auto c = d.container();
+    DoubleReader r;
+    for (const auto& [key, read] : keys) {
+      try {
+        switch (read) {
+          case Read::required:
+            r.values.emplace_back(c.decode<double>(key));
+            break;
+          case Read::optional:
+            r.values.push_back(c.decodeIfPresent<double>(key));
+            break;
+          case Read::tolerant:
+            r.values.push_back(c.decodeTolerant<double>(key));
+            break;
+        }
+      } catch (const DecodingError&) {
+        r.values.emplace_back(std::nan(""));
+      }
+    }
+    return r;
+  }
+};
+
 TEST(JsonNumbers, IntsMustBeIntegralAndFit) {
   EXPECT_EQ(decode<std::int64_t>("-9223372036854775808"), std::numeric_limits<std::int64_t>::min());
   EXPECT_EQ(decode<std::int64_t>("1.0"), 1);
@@ -61,6 +91,71 @@ TEST(JsonNumbers, IntsMustBeIntegralAndFit) {
   }
   EXPECT_EQ(failure<bool>("1").kind(), Kind::typeMismatch);
   EXPECT_EQ(failure<double>("\"1\"").kind(), Kind::typeMismatch);
+}
+
+TEST(JsonNumbers, NumbersBeyondWhatTheParserHoldsAreNumbersStill) {
+  // Beyond 64 bits: a double, correctly rounded; beyond the double range and below it.
+  EXPECT_EQ(decode<double>("100000000000000000000"), 1e20);
+  EXPECT_EQ(decode<std::vector<double>>("[18446744073709551616, -9223372036854775809, 1e-400, 1" +
+                                        std::string(300, '0') + ", 7]"),
+            (std::vector<double>{18446744073709551616.0, -9223372036854775808.0, 0.0, 1e300, 7}));
+  auto probe = decode<fixtures::Probe>(R"({"name":"1e400","weight":-1e-400,"count":1e400})");
+  EXPECT_EQ(probe.name, "1e400");
+  EXPECT_TRUE(probe.weight && *probe.weight == 0 && std::signbit(*probe.weight));
+  EXPECT_EQ(probe.count, std::nullopt);
+
+  // Members read in order are laid out ahead of the cursor: a rewritten number must not pass
+  // there for the 0 that stands in for it, through any of the three reads.
+  using Read = DoubleReader::Read;
+  DoubleReader::keys = {{"a", Read::required}, {"b", Read::optional}, {"c", Read::tolerant},
+                        {"d", Read::required}, {"e", Read::optional}, {"f", Read::tolerant},
+                        {"g", Read::tolerant}};
+  auto got =
+      decode<DoubleReader>(R"({"a":100000000000000000000,"b":-1e20000,"c":1E+999,"d":0,"e":0,)"
+                           R"("f":-100000000000000000000,"g":0})")
+          .values;
+  ASSERT_EQ(got.size(), 7u);
+  EXPECT_EQ(got[0], 1e20);
+  EXPECT_TRUE(got[1] && std::isnan(*got[1]));
+  EXPECT_EQ(got[2], std::nullopt);
+  EXPECT_EQ(got[3], 0.0);
+  EXPECT_EQ(got[4], 0.0);
+  EXPECT_EQ(got[5], -1e20);
+  EXPECT_EQ(got[6], 0.0);
+
+  // Where they do not fit, they fail at their key, named as the text has them.
+  struct Refused {
+    std::string json;
+    std::string path;
+    std::string description;
+  };
+  const Refused refused[] = {
+      {R"({"location":100000000000000000000,"length":0})", "location",
+       "Parsed JSON number <100000000000000000000> does not fit in Int."},
+      {R"({"location":0,"length":-1E+999})", "length",
+       "Parsed JSON number <-1E+999> does not fit in Int."},
+      {R"({"name":"a","weight":1e400})", "weight",
+       "Parsed JSON number <1e400> does not fit in Double."},
+      {R"({"name":"a","weight":1)" + std::string(400, '0') + "}", "weight",
+       "Parsed JSON number <1" + std::string(400, '0') + "> does not fit in Double."},
+  };
+  for (const auto& r : refused) {
+    auto e = r.json.find("location") != std::string::npos ? failure<Range>(r.json)
+                                                          : failure<fixtures::Probe>(r.json);
+    EXPECT_EQ(e.kind(), Kind::dataCorrupted) << r.json;
+    EXPECT_EQ(formatCodingPath(e.codingPath()), r.path);
+    EXPECT_EQ(e.description(), r.description);
+  }
+  EXPECT_EQ(failure<double>("1e400").description(),
+            "Parsed JSON number <1e400> does not fit in Double.");
+  EXPECT_EQ(failure<bool>("1e400").kind(), Kind::typeMismatch);
+
+  // Numbers JSON does not allow stay invalid JSON, wherever the others stand.
+  for (const char* bad : {"[1e400, 01]", "[01, 1e400]", "[1e400, 1.]", "[1e400, -]", "1e400x",
+                          "[1e400 2]", "{\"a\":1e400,}"}) {
+    auto e = failure<std::vector<double>>(bad);
+    EXPECT_EQ(e.description(), "The given data was not valid JSON.") << bad;
+  }
 }
 
 TEST(JsonNumbers, DoublesRoundTripInShortestForm) {
@@ -113,16 +208,28 @@ TEST(JsonDates, EveryStrategyReadsAndWrites) {
             Date(sys_days{2001y / 1 / 1}.time_since_epoch()));
   EXPECT_EQ(decode<Date>("1500", DateStrategy::milliseconds), Date(1500ms));
   EXPECT_EQ(decode<Date>("-1.5", DateStrategy::seconds), Date(-1500ms));
-  for (const char* bad :
-       {R"("2024-13-01T00:00:00Z")", R"("2024-02-30T00:00:00Z")", R"("2024-05-01 12:30:00Z")",
-        R"("2024-05-01T12:30:00")", R"("2024-05-01T12:30:00.Z")", R"("yesterday")"}) {
+  // A date that does not read quotes what it found (as a JSON string, so it stays one line).
+  for (const char* bad : {R"("2024-13-01T00:00:00Z")", R"("2024-02-30T00:00:00Z")",
+                          R"("2024-05-01 12:30:00Z")", R"("2024-05-01T12:30:00")",
+                          R"("2024-05-01T12:30:00.Z")", R"("yesterday")", R"("say \"when\"\n")"}) {
     auto e = failure<Date>(bad);
     EXPECT_EQ(e.kind(), Kind::dataCorrupted) << bad;
-    EXPECT_EQ(e.description(), "Expected date string to be ISO8601-formatted.");
+    EXPECT_EQ(e.description(),
+              std::string("Expected date string to be ISO8601-formatted, found ") + bad + ".");
   }
   EXPECT_EQ(failure<Date>("12").kind(), Kind::typeMismatch);
   EXPECT_EQ(failure<Date>(R"("12")", DateStrategy::seconds).kind(), Kind::typeMismatch);
-  EXPECT_EQ(failure<Date>("1e300", DateStrategy::seconds).kind(), Kind::dataCorrupted);
+  const std::pair<const char*, const char*> outOfRange[] = {
+      {"1e300", "Date value <1e+300> out of range."},
+      {"-9.3e15", "Date value <-9.3e+15> out of range."},
+      {"100000000000000000000", "Date value <100000000000000000000> out of range."},
+      {"1e400", "Date value <1e400> out of range."},
+  };
+  for (auto [json, message] : outOfRange) {
+    auto e = failure<Date>(json, DateStrategy::seconds);
+    EXPECT_EQ(e.kind(), Kind::dataCorrupted) << json;
+    EXPECT_EQ(e.description(), message);
+  }
 }
 
 TEST(JsonUrls, UriReferencesOnlyAndTextKept) {
@@ -139,17 +246,77 @@ TEST(JsonUrls, UriReferencesOnlyAndTextKept) {
   }
 }
 
-TEST(JsonDocuments, InvalidInputFailsAtTheRoot) {
+TEST(JsonDocuments, InvalidInputFailsAtTheRootAndSaysWhere) {
   std::string deep(600, '[');
   deep += std::string(600, ']');
-  for (std::string bad : {std::string("{"), std::string(""), std::string("\"\xFF\""),
-                          std::string("[1,]"), std::string("{\"a\":1} x"), deep}) {
+  const std::pair<std::string, TextLocation> cases[] = {
+      {"{", {1, 2}},           {"", {1, 1}},     {"\"\xFF\"", {1, 2}},       {"[1,\n  ]", {2, 3}},
+      {"{\"a\":1} x", {1, 9}}, {deep, {1, 513}}, {"[1e400,\n tru]", {2, 5}},
+  };
+  for (const auto& [bad, location] : cases) {
     auto e = failure<std::vector<std::int64_t>>(bad);
     EXPECT_EQ(e.kind(), Kind::dataCorrupted);
     EXPECT_TRUE(e.codingPath().empty());
     EXPECT_EQ(e.description(), "The given data was not valid JSON.");
-    EXPECT_TRUE(e.underlyingError());
+    EXPECT_EQ(e.location(), location) << bad;
+    // The parser's reason, also as the underlying error.
+    ASSERT_TRUE(e.reason() && !e.reason()->empty());
+    try {
+      std::rethrow_exception(e.underlyingError());
+    } catch (const std::exception& underlying) {
+      EXPECT_EQ(underlying.what(), *e.reason());
+    }
+    EXPECT_NE(std::string(e.what()).find(" (" + *e.reason() + ") (line "), std::string::npos);
   }
+  // What is wrong beside a number beyond the parser is what the reason tells.
+  EXPECT_EQ(failure<std::vector<double>>("[1e400, tru]").reason(),
+            failure<std::vector<double>>("[1, tru]").reason());
+}
+
+TEST(JsonDocuments, DecodingErrorsSayWhereTheirValueIs) {
+  using fixtures::TreeNode;
+  const std::string rect = R"("rect":{"x":0,"y":0,"width":1,"height":1})";
+  struct Case {
+    std::string json;
+    std::string what;
+  };
+  const Case cases[] = {
+      // keyNotFound: the object that lacks the key.
+      {"{\"title\":\"t\",\n \"rect\": {\"x\":0,\"y\":0,\"width\":1}}",
+       R"(keyNotFound at rect: No value associated with key "height". (line 2, column 10))"},
+      {"\n\n  {}",
+       R"(keyNotFound at <root>: No value associated with key "title". (line 3, column 3))"},
+      {R"({"title":"t",)" + rect + R"(,"children":[{"title":"a",)" + rect + R"(},)" +
+           "\n  {\"title\":\"b\",\"rect\":{\"x\":\"0\"}}]}",
+       "typeMismatch at children[1].rect.x: Expected to decode Double but found a string "
+       "instead. (line 2, column 28)"},
+      {R"({"title":"t",)" + rect + R"(,"tone":"grey"})",
+       "dataCorrupted at tone: Cannot initialize Tone from invalid String value grey (line 1, "
+       "column 63)"},
+      // The last of repeated keys is the one read.
+      {R"({"title":"t","title":null,)" + rect + "}",
+       "valueNotFound at title: Expected String value but found null instead. (line 1, column "
+       "22)"},
+      {R"({"title":"t",)" + rect + R"(,"children":{}})",
+       "typeMismatch at children: Expected to decode an array but found an object instead. "
+       "(line 1, column 67)"},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(failure<Ref<TreeNode>>(c.json).what(), c.what) << c.json;
+  }
+  // A path the text cannot follow (past an array's end) gives no location.
+  struct PastTheEnd {
+    static PastTheEnd decode(const Decoder& d) {
+      auto list = d.unkeyedContainer();
+      list.decode<std::int64_t>();
+      list.decode<std::int64_t>();
+      return {};
+    }
+  };
+  auto e = failure<PastTheEnd>("[1]");
+  EXPECT_EQ(formatCodingPath(e.codingPath()), "[1]");
+  EXPECT_EQ(e.location(), std::nullopt);
+  EXPECT_EQ(failure<PastTheEnd>("[1,\n\"2\"]").location(), (TextLocation{2, 1}));
 }
 
 TEST(JsonDocuments, DepthLimitIsAnOption) {
@@ -215,36 +382,6 @@ TEST(JsonDocuments, ADuplicateWinsAlsoWhereTheFirstIsReadInOrder) {
   KeyReader::keys = {"k0", "k7", "k8", "k99"};
   EXPECT_EQ(decode<KeyReader>(json).values, (std::vector<std::int64_t>{0, 700, 8, 99}));
 }
-
-// Reads doubles under `keys` in that order, each through a required, an optional or a tolerant
-// read; a failed read gives NaN, an absent or null one gives no value.
-struct DoubleReader {
-  enum class Read { required, optional, tolerant };
-  static inline std::vector<std::pair<std::string, Read>> keys;
-  std::vector<std::optional<double>> values;
-  static DoubleReader decode(const Decoder& d) {
-    auto c = d.container();
-    DoubleReader r;
-    for (const auto& [key, read] : keys) {
-      try {
-        switch (read) {
-          case Read::required:
-            r.values.emplace_back(c.decode<double>(key));
-            break;
-          case Read::optional:
-            r.values.push_back(c.decodeIfPresent<double>(key));
-            break;
-          case Read::tolerant:
-            r.values.push_back(c.decodeTolerant<double>(key));
-            break;
-        }
-      } catch (const DecodingError&) {
-        r.values.emplace_back(std::nan(""));
-      }
-    }
-    return r;
-  }
-};
 
 TEST(JsonDocuments, LookupsAgreeWithAMapOfTheLastMembers) {
   // Objects of every size around the members a container lays out ahead, read in order, in

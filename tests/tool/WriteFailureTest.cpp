@@ -128,5 +128,7 @@ TEST(WriteFailures, NothingWrittenIsNoFailure) {
   // A document that does not decode writes nothing to standard output: its status is 1.
   ToolRun run = runTool({"decode", "Density"}, "/dev/null", Sink::full);
   EXPECT_EQ(run.status, 1);
-  EXPECT_EQ(run.err, "error: dataCorrupted at <root>: The given data was not valid JSON.\n");
+  EXPECT_EQ(run.err,
+            "error: dataCorrupted at <root>: The given data was not valid JSON. (Empty: no JSON "
+            "found) (line 1, column 1)\n");
 }
