@@ -1,6 +1,7 @@
 // Decodes arbitrary bytes as every registered type. The first byte picks the type; the rest is
 // the document. Whatever decodes must dump, and what it writes must decode again (as an imported
 // document, since many records leave their identifier out) and write the same bytes.
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -22,6 +23,27 @@ std::string_view padded(std::vector<char>& buffer, std::string_view text) {
   return {buffer.data(), text.size()};
 }
 
+// A location an error gives must be a place in the text: a line it has, a column within that
+// line or just past its end (where a document that ends too early stops).
+void checkLocation(const DecodingError& e, std::string_view text) {
+  if (!e.location()) return;
+  auto [line, column] = *e.location();
+  std::size_t start = 0;
+  for (std::size_t l = 1; l < line; ++l) {
+    std::size_t newline = text.find('\n', start);
+    if (newline == std::string_view::npos) {
+      std::fprintf(stderr, "error placed past the last line: %s\n", e.what());
+      std::abort();
+    }
+    start = newline + 1;
+  }
+  std::size_t end = std::min(text.find('\n', start), text.size());
+  if (column < 1 || start + column - 1 > end) {
+    std::fprintf(stderr, "error placed past its line: %s\n", e.what());
+    std::abort();
+  }
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -37,7 +59,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     (void)type.dump(json, plain);
     if (!type.decode) return 0;
     written = type.decode(json, plain);
-  } catch (const DecodingError&) {
+  } catch (const DecodingError& e) {
+    checkLocation(e, json);
     return 0;
   } catch (const EncodingError&) {
     return 0;  // values that read fine but cannot be written (a rectangle whose size overflows)
