@@ -543,6 +543,10 @@ DecodingError invalidJson(std::string_view json, simdjson::error_code error,
   return e;
 }
 
+std::size_t depthLimit(const JsonDecoderOptions& options) {
+  return std::min(options.maxDepth, JsonDecoderOptions::kDeepestLimit);
+}
+
 template <bool kRewritten>
 void decodeTape(const simdjson::dom::document& doc, std::string_view json,
                 const JsonDecoderOptions& options, RecordArena& records,
@@ -567,7 +571,7 @@ void decodeTape(const simdjson::dom::document& doc, std::string_view json,
 void decodeRewritten(simdjson::dom::parser& parser, std::string_view json,
                      simdjson::error_code error, const JsonDecoderOptions& options,
                      RecordArena& records, DecodeFn fn, void* out) {
-  JsonTextScan scan = scanJsonText(json, options.maxDepth);
+  JsonTextScan scan = scanJsonText(json, depthLimit(options));
   if (scan.outOfRange.empty()) throw invalidJson(json, error, scan.invalidAt);
   std::string copy(json.size() + JsonDecoder::kPadding, ' ');
   std::memcpy(copy.data(), json.data(), json.size());
@@ -610,7 +614,7 @@ void JsonDecoder::run(std::string_view json, bool padded, DecodeFn fn, void* out
   auto& p = *parser_;
   simdjson::error_code error = simdjson::SUCCESS;
   // simdjson counts the document root as a level of its own.
-  std::size_t depth = options_.maxDepth + 1;
+  std::size_t depth = depthLimit(options_) + 1;
   if (p.depth != depth || p.parser.capacity() < json.size()) {
     error = p.parser.allocate(std::max<std::size_t>(json.size(), p.parser.capacity()), depth);
     p.depth = error ? 0 : depth;
@@ -621,8 +625,9 @@ void JsonDecoder::run(std::string_view json, bool padded, DecodeFn fn, void* out
   if (error) {
     // Only the text is at fault here, unless memory or the parser's size limit ran out.
     bool textAtFault = error != simdjson::MEMALLOC && error != simdjson::CAPACITY;
-    throw invalidJson(json, error,
-                      textAtFault ? scanJsonText(json, options_.maxDepth).invalidAt : std::nullopt);
+    throw invalidJson(
+        json, error,
+        textAtFault ? scanJsonText(json, depthLimit(options_)).invalidAt : std::nullopt);
   }
   decodeTape<false>(p.parser.doc, json, options_, p.records, nullptr, fn, out);
 }

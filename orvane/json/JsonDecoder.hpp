@@ -18,8 +18,10 @@ struct JsonDecoderOptions {
   /// Handed to every record's decoding, e.g. the `fromImportSource` flag.
   UserInfo userInfo;
   /// Documents nested deeper than this many arrays and objects are refused as invalid (an
-  /// empty one does not count as a level).
+  /// empty one does not count as a level). The parser keeps memory for every level, so a
+  /// larger limit counts as `kDeepestLimit`.
   std::size_t maxDepth = 512;
+  static constexpr std::size_t kDeepestLimit = std::size_t{1} << 20;
   /// Packs the decoded records into large chunks of the decoder's own `RecordArena`: faster, and
   /// smaller, but a record kept from a released graph keeps its chunk. Turn it off to decode
   /// records that will be kept long after the rest of their graph is gone.

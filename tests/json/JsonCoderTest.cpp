@@ -327,6 +327,18 @@ TEST(JsonDocuments, DepthLimitIsAnOption) {
   EXPECT_THROW(
       decoder.decode<std::vector<std::vector<std::vector<std::vector<std::int64_t>>>>>("[[[[1]]]]"),
       DecodingError);
+
+  // "No limit" is the largest limit the parser keeps memory for, not a wrapped-around zero.
+  options.maxDepth = SIZE_MAX;
+  JsonDecoder unlimited(options);
+  EXPECT_EQ(unlimited.decode<std::vector<std::int64_t>>("[1]"), std::vector<std::int64_t>{1});
+  const std::string deep = std::string(5000, '[') + std::string(5000, ']');
+  try {
+    unlimited.decode<std::int64_t>(deep);
+    ADD_FAILURE() << "an array decoded as an Int";
+  } catch (const DecodingError& e) {
+    EXPECT_EQ(e.kind(), DecodingError::Kind::typeMismatch);  // read as JSON, refused as an Int
+  }
 }
 
 TEST(JsonDocuments, TheLastDuplicateMemberCounts) {
@@ -344,7 +356,8 @@ struct KeyReader {
   static KeyReader decode(const Decoder& d) {
     auto c = d.container();
     KeyReader r;
-    for (const auto& key : keys) r.values.push_back(c.decodeIfPresent<std::int64_t>(key).value_or(-1));
+    for (const auto& key : keys)
+      r.values.push_back(c.decodeIfPresent<std::int64_t>(key).value_or(-1));
     return r;
   }
 };
@@ -361,8 +374,7 @@ TEST(JsonDocuments, KeysMatchOnEveryByte) {
       std::string longer = key + "x";
       std::string json = "{\"" + neighbour + "\":1,\"" + key + "\":2,\"" + longer + "\":3}";
       KeyReader::keys = {neighbour, key, longer, key.substr(0, length - 1)};
-      EXPECT_EQ(decode<KeyReader>(json).values, (std::vector<std::int64_t>{1, 2, 3, -1}))
-          << json;
+      EXPECT_EQ(decode<KeyReader>(json).values, (std::vector<std::int64_t>{1, 2, 3, -1})) << json;
       KeyReader::keys = {longer, key, neighbour};
       EXPECT_EQ(decode<KeyReader>(json).values, (std::vector<std::int64_t>{3, 2, 1})) << json;
     }
@@ -417,10 +429,12 @@ TEST(JsonDocuments, LookupsAgreeWithAMapOfTheLastMembers) {
         DoubleReader::keys.emplace_back(name, read);
         auto it = last.find(name);
         std::string value = it == last.end() ? "" : it->second;
-        bool number = !value.empty() && (std::isdigit(static_cast<unsigned char>(value[0])) || value[0] == '-');
+        bool number = !value.empty() &&
+                      (std::isdigit(static_cast<unsigned char>(value[0])) || value[0] == '-');
         if (number) {
           expected.emplace_back(std::strtod(value.c_str(), nullptr));
-        } else if (read == Read::tolerant || (read == Read::optional && (value.empty() || value == "null"))) {
+        } else if (read == Read::tolerant ||
+                   (read == Read::optional && (value.empty() || value == "null"))) {
           expected.emplace_back(std::nullopt);
         } else {
           expected.emplace_back(std::nan(""));
@@ -429,8 +443,9 @@ TEST(JsonDocuments, LookupsAgreeWithAMapOfTheLastMembers) {
       auto got = decode<DoubleReader>(json).values;
       ASSERT_EQ(got.size(), expected.size());
       for (std::size_t i = 0; i < got.size(); ++i) {
-        bool same = got[i].has_value() == expected[i].has_value() &&
-                    (!got[i] || (std::isnan(*got[i]) ? std::isnan(*expected[i]) : *got[i] == *expected[i]));
+        bool same =
+            got[i].has_value() == expected[i].has_value() &&
+            (!got[i] || (std::isnan(*got[i]) ? std::isnan(*expected[i]) : *got[i] == *expected[i]));
         EXPECT_TRUE(same) << json << " key " << DoubleReader::keys[i].first << " read "
                           << static_cast<int>(DoubleReader::keys[i].second);
       }
