@@ -54,3 +54,4 @@
 #include <orvane/styles/RangedTextStyle.hpp>
 #include <orvane/styles/Shadow.hpp>
 #include <orvane/styles/TextStyle.hpp>
+#include <orvane/version.hpp>

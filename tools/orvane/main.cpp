@@ -10,15 +10,12 @@
 #include <vector>
 
 #include <CLI/CLI.hpp>
+#include <orvane/version.hpp>
 
 #include "Output.hpp"
 #include "Report.hpp"
 #include "Suggest.hpp"
 #include "Types.hpp"
-
-#ifndef ORVANE_VERSION
-#error "ORVANE_VERSION must be defined (the project version)"
-#endif
 
 namespace {
 
@@ -209,7 +206,7 @@ int run(int argc, char** argv, Output& out) {
   CLI::App app{"Decode, check and look into documents of the service."};
   app.name("orvane");
   app.require_subcommand(1);
-  app.set_version_flag("--version", std::string("orvane ") + ORVANE_VERSION,
+  app.set_version_flag("--version", std::string("orvane ") + ORVANE_VERSION_STRING,
                        "Print the version and exit");
   app.footer(
       "Exit status: 0 on success, 1 when a document does not decode, 2 for a usage error, 3 when "
