@@ -222,12 +222,19 @@ template <class View, class T>
 std::optional<T> KeyedDecodingContainer::tolerantRead(std::string_view key,
                                                       Node value) const noexcept {
   View v{};
-  if (Scalar<View>::read(*context_->backend, value, v) == ReadStatus::ok) return own(v);
+  if (Scalar<View>::read(*context_->backend, value, v) == ReadStatus::ok) {
+    // A view read as a view stays one: `own` would copy it into a temporary string.
+    if constexpr (std::is_same_v<T, View>)
+      return v;
+    else
+      return own(v);
+  }
   if (context_->warnings) {
     // Only to say why: the required read raises what the tolerant one swallowed. An observer
     // that throws is the caller's own business; it must not escape a noexcept read.
     try {
-      (void)requiredScalar<View, T>(*context_, pathLink(), key, value);
+      CodingPathLink link{pathLink(), key};
+      (void)readValue<View>(*context_, value, &link);
     } catch (const DecodingError& e) {
       try {
         reportDropped(key, value, e.description());

@@ -22,6 +22,16 @@ std::string layer(const std::string& extra) {
          extra + "}";
 }
 
+// Tolerant scalars, which no record of the model has, read through the containers directly.
+struct TolerantScalars {
+  std::optional<std::string> text;
+  std::optional<double> number;
+  static TolerantScalars decode(const Decoder& d) {
+    auto c = d.container();
+    return {c.decodeTolerant<std::string>("text"), c.decodeTolerant<double>("number")};
+  }
+};
+
 }  // namespace
 
 TEST(DecodingWarnings, ReportPresentValuesThatTolerantKeysDropAndNothingElse) {
@@ -64,4 +74,17 @@ TEST(DecodingWarnings, ReportPresentValuesThatTolerantKeysDropAndNothingElse) {
   EXPECT_EQ(collected.lines,
             std::vector<std::string>{
                 "textAlign: Expected to decode String but found a boolean instead."});
+}
+
+TEST(DecodingWarnings, TolerantScalarsKeepTheirValueOrSayWhyNot) {
+  const std::string longText(300, 'x');  // beyond any inline storage of a string
+  Collected collected;
+  JsonDecoderOptions options;
+  options.warnings = &collected;
+  auto read = decodeJson<TolerantScalars>(R"({"text":")" + longText + R"(","number":"7"})",
+                                          std::move(options));
+  EXPECT_EQ(read.text, longText);
+  EXPECT_FALSE(read.number);
+  EXPECT_EQ(collected.lines, std::vector<std::string>{
+                                 "number: Expected to decode Double but found a string instead."});
 }
