@@ -52,14 +52,38 @@ struct RecordArenaAllocator {
 
 }  // namespace detail
 
+namespace detail {
+
+/// Says, step by step along a chain of owners, whether the chain has come back on itself:
+/// each step is compared with one saved at doubling distances, so nothing is kept per step.
+class ChainLoopCheck {
+ public:
+  explicit ChainLoopCheck(const void* start) noexcept : saved_(start) {}
+  bool revisits(const void* node) noexcept {
+    if (node == saved_) return true;
+    if (++steps_ == reach_) {
+      saved_ = node;
+      steps_ = 0;
+      reach_ *= 2;
+    }
+    return false;
+  }
+
+ private:
+  const void* saved_;
+  std::size_t steps_ = 0;
+  std::size_t reach_ = 1;
+};
+
+}  // namespace detail
+
 /// Makes a record inside a `Ref`: packed into the current decode's chunks while a
 /// `RecordArenaScope` is active on this thread, on the heap otherwise.
 template <class T, class... Args>
 Ref<T> makeRef(Args&&... args) {
   static_assert(sizeof(T) + 64 <= detail::kRecordArenaMaxBlock);
   if (detail::recordArenaActive()) {
-    return std::allocate_shared<T>(detail::RecordArenaAllocator<T>{},
-                                   std::forward<Args>(args)...);
+    return std::allocate_shared<T>(detail::RecordArenaAllocator<T>{}, std::forward<Args>(args)...);
   }
   return std::make_shared<T>(std::forward<Args>(args)...);
 }

@@ -70,18 +70,10 @@ void ComponentSection::encode(Encoder& encoder) const {
 
 std::string ComponentSection::identifierPathComponent() const {
   std::vector<std::string_view> parts{identifier_.rawValue()};
-  // A chain of parents that loops is found by comparing each ancestor with one saved at
-  // doubling distances.
-  const ComponentSection* saved = this;
-  std::size_t steps = 0, reach = 1;
+  detail::ChainLoopCheck loop(this);
   for (auto ancestor = parent(); ancestor; ancestor = ancestor->parent()) {
-    if (ancestor.get() == saved) cycle(*ancestor, "is its own ancestor", __LINE__);
+    if (loop.revisits(ancestor.get())) cycle(*ancestor, "is its own ancestor", __LINE__);
     parts.push_back(ancestor->identifier_.rawValue());
-    if (++steps == reach) {
-      saved = ancestor.get();
-      steps = 0;
-      reach *= 2;
-    }
   }
   std::string path;
   for (auto it = parts.rbegin(); it != parts.rend(); ++it) {

@@ -243,18 +243,10 @@ void Layer::setSnapshot(const Ref<Snapshot>& value) {
 Rect Layer::absoluteFrame() const {
   if (!(flags_ & kHasAbsoluteFrame)) {
     Rect frame = frame_;
-    // A chain of parents that loops is found by comparing each ancestor with one saved at
-    // doubling distances, without a record of the whole chain.
-    const Layer* saved = this;
-    std::size_t steps = 0, reach = 1;
+    detail::ChainLoopCheck loop(this);
     for (auto ancestor = parent_.lock(); ancestor; ancestor = ancestor->parent_.lock()) {
-      if (ancestor.get() == saved) cycle(*ancestor, "is its own ancestor", __LINE__);
+      if (loop.revisits(ancestor.get())) cycle(*ancestor, "is its own ancestor", __LINE__);
       frame = frame.offsetBy(ancestor->frame_.origin.x, ancestor->frame_.origin.y);
-      if (++steps == reach) {
-        saved = ancestor.get();
-        steps = 0;
-        reach *= 2;
-      }
     }
     absoluteFrame_ = frame;
     flags_ |= kHasAbsoluteFrame;
