@@ -88,23 +88,3 @@ TEST(OneLine, ControlCharactersAreEscapedAndNothingElse) {
   };
   for (const auto& [text, line] : cases) EXPECT_EQ(oneLine(text), line);
 }
-
-TEST(WarningLines, EachDroppedValueIsOneLineWithItsPath) {
-  WarningLines warnings;
-  DecodingWarnings& observer = warnings;
-  observer.dropped(
-      {CodingPathEntry::key("layers"), CodingPathEntry::index(2), CodingPathEntry::key("fills"),
-       CodingPathEntry::index(0), CodingPathEntry::key("blendMode")},
-      "Cannot initialize BlendMode from invalid String value nope");
-  observer.dropped({}, "Expected to decode String but found a number instead.");
-  observer.dropped({CodingPathEntry::key("textAlign")}, "invalid String value a\nb");
-  EXPECT_EQ(warnings.lines(),
-            (std::vector<std::string>{
-                "warning: dropped at layers[2].fills[0].blendMode: Cannot initialize BlendMode "
-                "from invalid String value nope",
-                "warning: dropped at <root>: Expected to decode String but found a number "
-                "instead.",
-                "warning: dropped at textAlign: invalid String value a\\nb"}));
-  warnings.clear();
-  EXPECT_TRUE(warnings.lines().empty());
-}

@@ -68,10 +68,3 @@ TEST(Suggestions, TheClosestTypeNamesAndOnlyCloseOnes) {
     EXPECT_EQ(closestNames(c.typed, names), c.expected) << c.typed;
   }
 }
-
-TEST(Suggestions, DidYouMeanListsThemInOrder) {
-  EXPECT_EQ(didYouMean({}), "");
-  EXPECT_EQ(didYouMean({"Layer"}), " (did you mean Layer?)");
-  EXPECT_EQ(didYouMean({"A", "B"}), " (did you mean A or B?)");
-  EXPECT_EQ(didYouMean({"A", "B", "C"}), " (did you mean A, B or C?)");
-}
