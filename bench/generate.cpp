@@ -5,7 +5,7 @@
 #include <random>
 #include <vector>
 
-#include <orvane/json/JsonWriter.hpp>
+#include <orvane/internal/JsonWriter.hpp>
 
 namespace orvane::bench {
 

@@ -1,23 +1,16 @@
 // Everything the library offers, in one include.
 #pragma once
 
-#include <orvane/coding/BlendMode.hpp>
-#include <orvane/coding/CanonicalText.hpp>
+#include <orvane/coding/Coding.hpp>
 #include <orvane/coding/CodingError.hpp>
-#include <orvane/coding/Color.hpp>
 #include <orvane/coding/Decoder.hpp>
-#include <orvane/coding/Density.hpp>
 #include <orvane/coding/Encoder.hpp>
 #include <orvane/coding/FieldVisitor.hpp>
-#include <orvane/coding/Geometry.hpp>
-#include <orvane/coding/Identifier.hpp>
-#include <orvane/coding/ProjectColor.hpp>
 #include <orvane/coding/RawEnum.hpp>
 #include <orvane/coding/RecordArena.hpp>
 #include <orvane/coding/Ref.hpp>
 #include <orvane/coding/SingleValueCodable.hpp>
 #include <orvane/coding/UserInfo.hpp>
-#include <orvane/coding/Values.hpp>
 #include <orvane/integrations/Extension+Manifest.hpp>
 #include <orvane/integrations/Extension+Option.hpp>
 #include <orvane/integrations/Extension.hpp>
@@ -50,8 +43,17 @@
 #include <orvane/styles/Fill.hpp>
 #include <orvane/styles/Gradient+Stop.hpp>
 #include <orvane/styles/Gradient.hpp>
+#include <orvane/styles/ProjectColor.hpp>
 #include <orvane/styles/ProjectTextStyle.hpp>
 #include <orvane/styles/RangedTextStyle.hpp>
 #include <orvane/styles/Shadow.hpp>
 #include <orvane/styles/TextStyle.hpp>
+#include <orvane/values/BlendMode.hpp>
+#include <orvane/values/CanonicalText.hpp>
+#include <orvane/values/Color.hpp>
+#include <orvane/values/Date.hpp>
+#include <orvane/values/Density.hpp>
+#include <orvane/values/Geometry.hpp>
+#include <orvane/values/Identifier.hpp>
+#include <orvane/values/Url.hpp>
 #include <orvane/version.hpp>

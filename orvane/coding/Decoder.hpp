@@ -14,7 +14,8 @@
 #include <orvane/coding/CodingError.hpp>
 #include <orvane/coding/Ref.hpp>
 #include <orvane/coding/UserInfo.hpp>
-#include <orvane/coding/Values.hpp>
+#include <orvane/values/Date.hpp>
+#include <orvane/values/Url.hpp>
 
 namespace orvane {
 
@@ -418,45 +419,6 @@ class UnkeyedDecodingContainer {
   std::size_t index_ = 0;
   Node current_ = 0;
 };
-
-// --- How each kind of value decodes -------------------------------------------------------
-
-/// A record held by reference decodes through its `static Ref<R> decode(const Decoder&)`; a
-/// value type through `static T decode(const Decoder&)`. Raw-value enumerations, scalars,
-/// lists and the like specialise this.
-template <class T>
-struct Coding {
-  static T decode(const Decoder& d) { return T::decode(d); }
-};
-
-template <class R>
-struct Coding<std::shared_ptr<R>> {
-  static std::shared_ptr<R> decode(const Decoder& d) { return R::decode(d); }
-};
-
-template <class T>
-struct Coding<std::vector<T>> {
-  static std::vector<T> decode(const Decoder& d) {
-    auto array = d.unkeyedContainer();
-    std::vector<T> out;
-    out.reserve(array.count());
-    while (!array.isAtEnd()) out.push_back(array.template decode<T>());
-    return out;
-  }
-};
-
-#define ORVANE_SCALAR_CODING(Type, method)                                             \
-  template <>                                                                          \
-  struct Coding<Type> {                                                                \
-    static Type decode(const Decoder& d) { return d.singleValueContainer().method(); } \
-  };
-ORVANE_SCALAR_CODING(std::string, decodeString)
-ORVANE_SCALAR_CODING(double, decodeDouble)
-ORVANE_SCALAR_CODING(std::int64_t, decodeInt)
-ORVANE_SCALAR_CODING(bool, decodeBool)
-ORVANE_SCALAR_CODING(Date, decodeDate)
-ORVANE_SCALAR_CODING(Url, decodeUrl)
-#undef ORVANE_SCALAR_CODING
 
 /// Whether `Coding<T>` can read a value of T without raising for its ordinary failures.
 template <class T, class = void>

@@ -11,7 +11,8 @@
 
 #include <orvane/coding/CodingError.hpp>
 #include <orvane/coding/Ref.hpp>
-#include <orvane/coding/Values.hpp>
+#include <orvane/values/Date.hpp>
+#include <orvane/values/Url.hpp>
 
 namespace orvane {
 
@@ -70,7 +71,7 @@ class UnkeyedEncodingContainer;
 class SingleValueEncodingContainer;
 
 template <class T>
-struct EncodingOf;
+struct Coding;
 
 /// An encoder for one value position. Passed by reference to a record's `encode`; calling
 /// `container()` more than once writes every container into the same object.
@@ -182,7 +183,7 @@ class UnkeyedEncodingContainer {
     backend_->element(level_);
     CodingPathLink link{pathLink(), {}, count_++, true};
     Encoder sub(*backend_, level_, &link);
-    EncodingOf<T>::encode(sub, value);
+    Coding<T>::encode(sub, value);
     sub.finish();
   }
   std::size_t count() const { return count_; }
@@ -196,68 +197,6 @@ class UnkeyedEncodingContainer {
   bool nested_ = false;
   std::size_t count_ = 0;
 };
-
-// --- How each kind of value encodes -------------------------------------------------------
-
-/// A value type writes itself through `void encode(Encoder&) const`, a record held by
-/// reference likewise; raw-value enumerations, scalars and lists specialise this. A
-/// specialisation whose value is always one string may also give it as `static text(value)`
-/// (a string view or a string), which a keyed container then writes as the member directly.
-template <class T>
-struct EncodingOf {
-  static void encode(Encoder& e, const T& value) { value.encode(e); }
-};
-
-template <class R>
-struct EncodingOf<std::shared_ptr<R>> {
-  static void encode(Encoder& e, const std::shared_ptr<R>& value) {
-    if (value)
-      value->encode(e);
-    else
-      e.singleValueContainer().encodeNil();
-  }
-};
-
-template <class T>
-struct EncodingOf<std::vector<T>> {
-  static void encode(Encoder& e, const std::vector<T>& values) {
-    auto array = e.unkeyedContainer();
-    for (const auto& v : values) array.encode(v);
-  }
-};
-
-template <class R>
-struct EncodingOf<std::vector<std::shared_ptr<R>>> {
-  static void encode(Encoder& e, const std::vector<std::shared_ptr<R>>& values) {
-    auto array = e.unkeyedContainer();
-    for (std::size_t i = 0; i < values.size(); ++i) {
-      // Records of a large graph lie all over the heap: ask for the next one while this one
-      // is written, rather than wait for it then; all of it, as its members are read in an
-      // order of their own.
-#if defined(__GNUC__)
-      if (i + 1 < values.size()) {
-        const char* next = reinterpret_cast<const char*>(values[i + 1].get());
-        constexpr std::size_t whole = (sizeof(R) + 63) / 64, lines = whole < 16 ? whole : 16;
-        for (std::size_t line = 0; line < lines; ++line) __builtin_prefetch(next + 64 * line);
-      }
-#endif
-      array.encode(values[i]);
-    }
-  }
-};
-
-#define ORVANE_SCALAR_ENCODING(Type)                                                      \
-  template <>                                                                             \
-  struct EncodingOf<Type> {                                                               \
-    static void encode(Encoder& e, const Type& v) { e.singleValueContainer().encode(v); } \
-  };
-ORVANE_SCALAR_ENCODING(std::string)
-ORVANE_SCALAR_ENCODING(double)
-ORVANE_SCALAR_ENCODING(std::int64_t)
-ORVANE_SCALAR_ENCODING(bool)
-ORVANE_SCALAR_ENCODING(Date)
-ORVANE_SCALAR_ENCODING(Url)
-#undef ORVANE_SCALAR_ENCODING
 
 inline KeyedEncodingContainer Encoder::container() {
   if (objectLevel_ < 0) objectLevel_ = backend_->openObject();
@@ -273,14 +212,14 @@ template <class T>
 void KeyedEncodingContainer::encode(std::string_view key, const T& value) {
   if constexpr (std::is_integral_v<T> && !std::is_same_v<T, bool>) {
     encode(key, static_cast<std::int64_t>(value));
-  } else if constexpr (requires { EncodingOf<T>::text(value); }) {
+  } else if constexpr (requires { Coding<T>::text(value); }) {
     // Written as a single string: the member in one call.
-    encode(key, EncodingOf<T>::text(value));
+    encode(key, Coding<T>::text(value));
   } else {
     backend_->member(level_, key);
     CodingPathLink link{pathLink(), key};
     Encoder sub(*backend_, level_, &link);
-    EncodingOf<T>::encode(sub, value);
+    Coding<T>::encode(sub, value);
     sub.finish();
   }
 }

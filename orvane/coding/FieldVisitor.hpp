@@ -10,9 +10,11 @@
 #include <string_view>
 #include <vector>
 
-#include <orvane/coding/Identifier.hpp>
+#include <orvane/values/Identifier.hpp>
 #include <orvane/coding/RawEnum.hpp>
-#include <orvane/coding/Values.hpp>
+#include <orvane/values/Date.hpp>
+#include <orvane/values/Geometry.hpp>
+#include <orvane/values/Url.hpp>
 
 namespace orvane {
 

@@ -9,8 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include <orvane/coding/Decoder.hpp>
-#include <orvane/coding/Encoder.hpp>
+#include <orvane/coding/Coding.hpp>
 
 namespace orvane {
 
@@ -25,8 +24,24 @@ struct EnumCase {
 ///   static constexpr std::string_view typeName;            // short name, for messages
 ///   static constexpr std::array<EnumCase<E>, N> cases;     // in declaration order
 ///   static constexpr bool hasAllCases;                      // whether the model lists them
+/// An enumeration states its cases once, as a list macro of `C(case, "raw value")`:
+///   #define ORVANE_BLUR_KIND(C) C(gaussian, "gaussian") C(background, "background")
+/// declared with `ORVANE_ENUM(Kind, ORVANE_BLUR_KIND)` and given its traits, after its owner,
+/// with `ORVANE_ENUM_TRAITS(Blur::Kind, "Kind", ORVANE_BLUR_KIND, false)`.
 template <class E>
 struct EnumTraits;
+
+#define ORVANE_ENUM_CASE(name, raw) name,
+#define ORVANE_ENUM(Enum, CASES) enum class Enum { CASES(ORVANE_ENUM_CASE) };
+#define ORVANE_ENUM_TRAITS_CASE(name, raw) {Enum::name, raw, #name},
+#define ORVANE_ENUM_TRAITS(EnumType, shortName, CASES, allCasesListed)     \
+  template <>                                                             \
+  struct EnumTraits<EnumType> {                                           \
+    using Enum = EnumType;                                                \
+    static constexpr std::string_view typeName = shortName;               \
+    static constexpr bool hasAllCases = allCasesListed;                   \
+    static constexpr auto cases = std::to_array<EnumCase<Enum>>({CASES(ORVANE_ENUM_TRAITS_CASE)}); \
+  };
 
 template <class E>
 concept RawEnum = requires {
@@ -83,10 +98,6 @@ struct Coding<E> {
     auto raw = c.tryStringView();
     return raw ? fromRawValue<E>(*raw) : std::nullopt;
   }
-};
-
-template <RawEnum E>
-struct EncodingOf<E> {
   static void encode(Encoder& e, E value) { e.singleValueContainer().encode(rawValue(value)); }
   static std::string_view text(E value) { return rawValue(value); }
 };

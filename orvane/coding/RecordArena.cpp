@@ -7,7 +7,7 @@
 #include <new>
 #include <vector>
 
-#include <orvane/coding/Ref.hpp>
+#include <orvane/internal/MakeRef.hpp>
 
 #if defined(__linux__)
 #include <sys/mman.h>

@@ -5,8 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include <orvane/coding/Decoder.hpp>
-#include <orvane/coding/Encoder.hpp>
+#include <orvane/coding/Coding.hpp>
 
 namespace orvane {
 
@@ -33,10 +32,6 @@ struct Coding<T> {
     if (auto value = T::fromRawValue(raw)) return std::move(*value);
     throw DecodingError::dataCorrupted(c.pathLink(), refusedSingleValueMessage(T::typeName, raw));
   }
-};
-
-template <SingleValueCodable T>
-struct EncodingOf<T> {
   static void encode(Encoder& e, const T& value) {
     e.singleValueContainer().encode(std::string_view(value.rawValue()));
   }

@@ -10,7 +10,7 @@
 #include <orvane/coding/Encoder.hpp>
 #include <orvane/coding/FieldVisitor.hpp>
 #include <orvane/coding/Ref.hpp>
-#include <orvane/coding/Values.hpp>
+#include <orvane/values/Url.hpp>
 #include <orvane/integrations/Extension.hpp>
 
 namespace orvane {

@@ -2,7 +2,8 @@
 
 #include <algorithm>
 
-#include <orvane/coding/CanonicalText.hpp>
+#include <orvane/values/CanonicalText.hpp>
+#include <orvane/internal/MakeRef.hpp>
 
 namespace orvane {
 

@@ -1,4 +1,5 @@
 #include <orvane/integrations/Integration.hpp>
+#include <orvane/internal/MakeRef.hpp>
 
 namespace orvane {
 

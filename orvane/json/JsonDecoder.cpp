@@ -14,9 +14,9 @@
 #include <uriparser/Uri.h>
 
 #include <orvane/coding/RecordArena.hpp>
-#include <orvane/json/JsonWriter.hpp>
-#include "DateText.hpp"
-#include "JsonText.hpp"
+#include <orvane/internal/JsonWriter.hpp>
+#include <orvane/internal/DateText.hpp>
+#include <orvane/internal/JsonText.hpp>
 
 namespace orvane {
 

@@ -6,7 +6,7 @@
 #include <optional>
 #include <string_view>
 
-#include <orvane/coding/Decoder.hpp>
+#include <orvane/coding/Coding.hpp>
 #include <orvane/coding/RecordArena.hpp>
 #include <orvane/coding/UserInfo.hpp>
 #include <orvane/json/DateStrategy.hpp>

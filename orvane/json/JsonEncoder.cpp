@@ -7,8 +7,8 @@
 #include <optional>
 #include <vector>
 
-#include <orvane/json/JsonWriter.hpp>
-#include "DateText.hpp"
+#include <orvane/internal/JsonWriter.hpp>
+#include <orvane/internal/DateText.hpp>
 
 namespace orvane {
 

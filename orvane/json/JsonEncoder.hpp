@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include <orvane/coding/Encoder.hpp>
+#include <orvane/coding/Coding.hpp>
 #include <orvane/json/DateStrategy.hpp>
 
 namespace orvane {
@@ -31,7 +31,7 @@ class JsonEncoder {
   template <class T>
   void encodeInto(std::string& out, const T& value) const {
     run(
-        out, [](Encoder& e, const void* v) { EncodingOf<T>::encode(e, *static_cast<const T*>(v)); },
+        out, [](Encoder& e, const void* v) { Coding<T>::encode(e, *static_cast<const T*>(v)); },
         &value);
   }
 

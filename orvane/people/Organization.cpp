@@ -1,4 +1,5 @@
 #include <orvane/people/Organization.hpp>
+#include <orvane/internal/MakeRef.hpp>
 
 namespace orvane {
 

@@ -1,6 +1,7 @@
 #include <orvane/people/ProjectUser.hpp>
 
 #include <orvane/project/Project.hpp>
+#include <orvane/internal/MakeRef.hpp>
 
 namespace orvane {
 

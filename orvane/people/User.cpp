@@ -1,6 +1,7 @@
 #include <orvane/people/User.hpp>
 
 #include <array>
+#include <orvane/internal/MakeRef.hpp>
 
 namespace orvane {
 

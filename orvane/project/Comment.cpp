@@ -1,6 +1,7 @@
 #include <orvane/project/Comment.hpp>
 
 #include <orvane/project/Dot.hpp>
+#include <orvane/internal/MakeRef.hpp>
 
 namespace orvane {
 

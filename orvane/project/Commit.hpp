@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include <orvane/coding/Color.hpp>
+#include <orvane/values/Color.hpp>
 #include <orvane/coding/Decoder.hpp>
 #include <orvane/coding/Encoder.hpp>
 #include <orvane/coding/FieldVisitor.hpp>

@@ -3,6 +3,8 @@
 #include <orvane/project/ComponentSection.hpp>
 
 #include <orvane/project/Project.hpp>
+#include <orvane/internal/MakeRef.hpp>
+#include <orvane/internal/FatalError.hpp>
 
 namespace orvane {
 

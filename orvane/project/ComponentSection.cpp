@@ -1,6 +1,9 @@
 #include <orvane/project/ComponentSection.hpp>
 
 #include <orvane/project/Project.hpp>
+#include <orvane/internal/MakeRef.hpp>
+#include <orvane/internal/FatalError.hpp>
+#include <orvane/internal/ChainLoopCheck.hpp>
 
 namespace orvane {
 

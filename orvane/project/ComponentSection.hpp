@@ -10,7 +10,7 @@
 #include <orvane/coding/Decoder.hpp>
 #include <orvane/coding/Encoder.hpp>
 #include <orvane/coding/FieldVisitor.hpp>
-#include <orvane/coding/Identifier.hpp>
+#include <orvane/values/Identifier.hpp>
 #include <orvane/coding/Ref.hpp>
 #include <orvane/project/Component.hpp>
 #include <orvane/project/Section.hpp>

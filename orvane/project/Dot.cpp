@@ -1,6 +1,7 @@
 #include <orvane/project/Dot.hpp>
 
 #include <orvane/project/Screen.hpp>
+#include <orvane/internal/MakeRef.hpp>
 
 namespace orvane {
 

@@ -7,11 +7,11 @@
 #include <utility>
 #include <vector>
 
-#include <orvane/coding/Color.hpp>
+#include <orvane/values/Color.hpp>
 #include <orvane/coding/Decoder.hpp>
 #include <orvane/coding/Encoder.hpp>
 #include <orvane/coding/FieldVisitor.hpp>
-#include <orvane/coding/Identifier.hpp>
+#include <orvane/values/Identifier.hpp>
 #include <orvane/coding/RawEnum.hpp>
 #include <orvane/coding/Ref.hpp>
 #include <orvane/people/User.hpp>

@@ -1,6 +1,7 @@
 #include <orvane/project/Project.hpp>
 
 #include <algorithm>
+#include <orvane/internal/MakeRef.hpp>
 
 namespace orvane {
 

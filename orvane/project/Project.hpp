@@ -9,16 +9,17 @@
 #include <utility>
 #include <vector>
 
-#include <orvane/coding/Color.hpp>
+#include <orvane/values/Color.hpp>
 #include <orvane/coding/Decoder.hpp>
-#include <orvane/coding/Density.hpp>
+#include <orvane/values/Density.hpp>
 #include <orvane/coding/Encoder.hpp>
 #include <orvane/coding/FieldVisitor.hpp>
-#include <orvane/coding/Identifier.hpp>
-#include <orvane/coding/ProjectColor.hpp>
+#include <orvane/values/Identifier.hpp>
+#include <orvane/styles/ProjectColor.hpp>
 #include <orvane/coding/RawEnum.hpp>
 #include <orvane/coding/Ref.hpp>
-#include <orvane/coding/Values.hpp>
+#include <orvane/values/Date.hpp>
+#include <orvane/values/Url.hpp>
 #include <orvane/integrations/Extension.hpp>
 #include <orvane/integrations/Integration.hpp>
 #include <orvane/people/Organization.hpp>

@@ -1,6 +1,7 @@
 #include <orvane/project/Section.hpp>
 
 #include <orvane/project/Project.hpp>
+#include <orvane/internal/MakeRef.hpp>
 
 namespace orvane {
 

@@ -1,6 +1,7 @@
 #include <orvane/project/Version.hpp>
 
 #include <orvane/project/VersionCollection.hpp>
+#include <orvane/internal/MakeRef.hpp>
 
 namespace orvane {
 

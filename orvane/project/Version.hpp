@@ -7,9 +7,10 @@
 #include <orvane/coding/Decoder.hpp>
 #include <orvane/coding/Encoder.hpp>
 #include <orvane/coding/FieldVisitor.hpp>
-#include <orvane/coding/Identifier.hpp>
+#include <orvane/values/Identifier.hpp>
 #include <orvane/coding/Ref.hpp>
-#include <orvane/coding/Values.hpp>
+#include <orvane/values/Date.hpp>
+#include <orvane/values/Url.hpp>
 #include <orvane/people/User.hpp>
 #include <orvane/project/Commit.hpp>
 #include <orvane/snapshot/Snapshot.hpp>

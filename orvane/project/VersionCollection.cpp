@@ -1,6 +1,8 @@
 #include <orvane/project/VersionCollection.hpp>
 
 #include <orvane/project/Project.hpp>
+#include <orvane/internal/MakeRef.hpp>
+#include <orvane/internal/FatalError.hpp>
 
 namespace orvane {
 

@@ -11,7 +11,7 @@
 #include <orvane/coding/Decoder.hpp>
 #include <orvane/coding/Encoder.hpp>
 #include <orvane/coding/FieldVisitor.hpp>
-#include <orvane/coding/Identifier.hpp>
+#include <orvane/values/Identifier.hpp>
 #include <orvane/coding/Ref.hpp>
 #include <orvane/project/Version.hpp>
 

@@ -1,4 +1,5 @@
 #include <orvane/snapshot/Asset+Content.hpp>
+#include <orvane/internal/MakeRef.hpp>
 
 namespace orvane {
 

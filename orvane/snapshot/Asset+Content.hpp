@@ -6,12 +6,12 @@
 #include <string_view>
 
 #include <orvane/coding/Decoder.hpp>
-#include <orvane/coding/Density.hpp>
+#include <orvane/values/Density.hpp>
 #include <orvane/coding/Encoder.hpp>
 #include <orvane/coding/FieldVisitor.hpp>
 #include <orvane/coding/RawEnum.hpp>
 #include <orvane/coding/Ref.hpp>
-#include <orvane/coding/Values.hpp>
+#include <orvane/values/Url.hpp>
 #include <orvane/snapshot/Asset.hpp>
 
 namespace orvane {

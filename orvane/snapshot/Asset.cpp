@@ -1,6 +1,7 @@
 #include <orvane/snapshot/Asset.hpp>
 
 #include <orvane/snapshot/Snapshot.hpp>
+#include <orvane/internal/MakeRef.hpp>
 
 namespace orvane {
 

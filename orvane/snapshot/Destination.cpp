@@ -1,4 +1,5 @@
 #include <orvane/snapshot/Destination.hpp>
+#include <orvane/internal/MakeRef.hpp>
 
 namespace orvane {
 

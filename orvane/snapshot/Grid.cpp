@@ -1,6 +1,7 @@
 #include <orvane/snapshot/Grid.hpp>
 
 #include <orvane/snapshot/Snapshot.hpp>
+#include <orvane/internal/MakeRef.hpp>
 
 namespace orvane {
 

@@ -1,7 +1,11 @@
 #include <orvane/snapshot/Layer.hpp>
 
-#include <orvane/coding/Geometry.hpp>
+#include <orvane/values/Geometry.hpp>
+#include <orvane/values/Url.hpp>
 #include <orvane/snapshot/Snapshot.hpp>
+#include <orvane/internal/MakeRef.hpp>
+#include <orvane/internal/FatalError.hpp>
+#include <orvane/internal/ChainLoopCheck.hpp>
 
 namespace orvane {
 

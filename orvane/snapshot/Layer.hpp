@@ -10,15 +10,16 @@
 #include <variant>
 #include <vector>
 
-#include <orvane/coding/BlendMode.hpp>
-#include <orvane/coding/CanonicalText.hpp>
+#include <orvane/values/BlendMode.hpp>
+#include <orvane/values/CanonicalText.hpp>
 #include <orvane/coding/Decoder.hpp>
 #include <orvane/coding/Encoder.hpp>
 #include <orvane/coding/FieldVisitor.hpp>
-#include <orvane/coding/Identifier.hpp>
+#include <orvane/values/Identifier.hpp>
 #include <orvane/coding/RawEnum.hpp>
 #include <orvane/coding/Ref.hpp>
-#include <orvane/coding/Values.hpp>
+#include <orvane/values/Geometry.hpp>
+#include <orvane/values/Url.hpp>
 #include <orvane/styles/Blur.hpp>
 #include <orvane/styles/Border.hpp>
 #include <orvane/styles/Fill.hpp>

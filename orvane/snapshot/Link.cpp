@@ -1,6 +1,7 @@
 #include <orvane/snapshot/Link.hpp>
 
-#include <orvane/coding/Geometry.hpp>
+#include <orvane/values/Geometry.hpp>
+#include <orvane/internal/MakeRef.hpp>
 
 namespace orvane {
 

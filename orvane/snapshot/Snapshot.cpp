@@ -1,6 +1,7 @@
 #include <orvane/snapshot/Snapshot.hpp>
 
 #include <orvane/project/Version.hpp>
+#include <orvane/internal/MakeRef.hpp>
 
 namespace orvane {
 

@@ -7,15 +7,16 @@
 #include <utility>
 #include <vector>
 
-#include <orvane/coding/Color.hpp>
+#include <orvane/values/Color.hpp>
 #include <orvane/coding/Decoder.hpp>
-#include <orvane/coding/Density.hpp>
+#include <orvane/values/Density.hpp>
 #include <orvane/coding/Encoder.hpp>
 #include <orvane/coding/FieldVisitor.hpp>
-#include <orvane/coding/Identifier.hpp>
+#include <orvane/values/Identifier.hpp>
 #include <orvane/coding/RawEnum.hpp>
 #include <orvane/coding/Ref.hpp>
-#include <orvane/coding/Values.hpp>
+#include <orvane/values/Geometry.hpp>
+#include <orvane/values/Url.hpp>
 #include <orvane/snapshot/Asset.hpp>
 #include <orvane/snapshot/Grid.hpp>
 #include <orvane/snapshot/Layer.hpp>

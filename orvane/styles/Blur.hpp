@@ -2,50 +2,29 @@
 #pragma once
 
 #include <optional>
-#include <string_view>
 
-#include <orvane/coding/Decoder.hpp>
-#include <orvane/coding/Encoder.hpp>
-#include <orvane/coding/FieldVisitor.hpp>
+#include <orvane/coding/Fields.hpp>
 #include <orvane/coding/RawEnum.hpp>
-#include <orvane/coding/Ref.hpp>
 
 namespace orvane {
 
+/// A blur of a layer (`gaussian`) or of what lies behind it (`background`).
 class Blur {
  public:
-  enum class Kind { gaussian, background };
+#define ORVANE_BLUR_KIND(C) C(gaussian, "gaussian") C(background, "background")
+  ORVANE_ENUM(Kind, ORVANE_BLUR_KIND)
 
-  struct CodingKeys {
-    static constexpr std::string_view kind = "type";
-    static constexpr std::string_view radius = "radius";
-  };
+#define ORVANE_BLUR_FIELDS(F)                                                     \
+  F(kind, Kind, std::optional<Kind>, "type", tolerant, whenPresent, given, plain) \
+  F(radius, Radius, double, "radius", required, always, given, plain)
+  ORVANE_FIELDS(Blur, ORVANE_BLUR_FIELDS)
 
-  Blur(Passkey<Blur>, std::optional<Kind> kind, double radius) : kind_(kind), radius_(radius) {}
-
-  static Ref<Blur> make(std::optional<Kind> kind, double radius);
+ public:
+  static Ref<Blur> make(Fields fields);
   static Ref<Blur> decode(const Decoder& decoder);
   void encode(Encoder& encoder) const;
-  void visitFields(FieldVisitor& v) const;
-
-  std::optional<Kind> kind() const { return kind_; }
-  void setKind(std::optional<Kind> value) { kind_ = value; }
-  double radius() const { return radius_; }
-  void setRadius(double value) { radius_ = value; }
-
- private:
-  std::optional<Kind> kind_;
-  double radius_;
 };
 
-template <>
-struct EnumTraits<Blur::Kind> {
-  static constexpr std::string_view typeName = "Kind";
-  static constexpr bool hasAllCases = false;
-  static constexpr std::array<EnumCase<Blur::Kind>, 2> cases{{
-      {Blur::Kind::gaussian, "gaussian", "gaussian"},
-      {Blur::Kind::background, "background", "background"},
-  }};
-};
+ORVANE_ENUM_TRAITS(Blur::Kind, "Kind", ORVANE_BLUR_KIND, false)
 
 }  // namespace orvane

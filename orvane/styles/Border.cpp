@@ -1,4 +1,5 @@
 #include <orvane/styles/Border.hpp>
+#include <orvane/internal/MakeRef.hpp>
 
 namespace orvane {
 

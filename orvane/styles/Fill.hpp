@@ -5,8 +5,8 @@
 #include <string_view>
 #include <variant>
 
-#include <orvane/coding/BlendMode.hpp>
-#include <orvane/coding/Color.hpp>
+#include <orvane/values/BlendMode.hpp>
+#include <orvane/values/Color.hpp>
 #include <orvane/coding/Decoder.hpp>
 #include <orvane/coding/Encoder.hpp>
 #include <orvane/coding/FieldVisitor.hpp>

@@ -1,4 +1,5 @@
 #include <orvane/styles/Gradient+Stop.hpp>
+#include <orvane/internal/MakeRef.hpp>
 
 namespace orvane {
 

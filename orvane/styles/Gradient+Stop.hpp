@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include <orvane/coding/Color.hpp>
+#include <orvane/values/Color.hpp>
 #include <orvane/styles/Gradient.hpp>
 
 namespace orvane {

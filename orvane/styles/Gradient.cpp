@@ -1,4 +1,5 @@
 #include <orvane/styles/Gradient.hpp>
+#include <orvane/internal/MakeRef.hpp>
 
 namespace orvane {
 

@@ -1,4 +1,5 @@
 #include <orvane/styles/ProjectTextStyle.hpp>
+#include <orvane/internal/MakeRef.hpp>
 
 namespace orvane {
 

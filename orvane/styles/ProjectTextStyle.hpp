@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include <orvane/coding/Identifier.hpp>
+#include <orvane/values/Identifier.hpp>
 #include <orvane/styles/TextStyle.hpp>
 
 namespace orvane {

@@ -1,4 +1,5 @@
 #include <orvane/styles/RangedTextStyle.hpp>
+#include <orvane/internal/MakeRef.hpp>
 
 namespace orvane {
 

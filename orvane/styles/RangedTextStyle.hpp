@@ -6,9 +6,8 @@
 #include <orvane/coding/Decoder.hpp>
 #include <orvane/coding/Encoder.hpp>
 #include <orvane/coding/FieldVisitor.hpp>
-#include <orvane/coding/Geometry.hpp>
+#include <orvane/values/Geometry.hpp>
 #include <orvane/coding/Ref.hpp>
-#include <orvane/coding/Values.hpp>
 #include <orvane/styles/TextStyle.hpp>
 
 namespace orvane {

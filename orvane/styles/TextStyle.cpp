@@ -1,4 +1,5 @@
 #include <orvane/styles/TextStyle.hpp>
+#include <orvane/internal/MakeRef.hpp>
 
 namespace orvane {
 

@@ -12,7 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <orvane/json/JsonEncoder.hpp>
-#include <orvane/json/JsonWriter.hpp>
+#include <orvane/internal/JsonWriter.hpp>
 
 using namespace orvane;
 

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <orvane/json/JsonDecoder.hpp>
-#include <orvane/json/JsonText.hpp>
+#include <orvane/internal/JsonText.hpp>
 
 using namespace orvane;
 

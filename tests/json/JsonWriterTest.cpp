@@ -10,7 +10,7 @@
 
 #include <gtest/gtest.h>
 
-#include <orvane/json/JsonWriter.hpp>
+#include <orvane/internal/JsonWriter.hpp>
 
 using namespace orvane;
 

@@ -162,7 +162,7 @@ TEST(LayerStorage, OptionalMembersSetAndClearIndependently) {
   EXPECT_FALSE(layer->isExportable());
   EXPECT_FALSE(layer->exportsBitmap());
 
-  auto blur = Blur::make(std::nullopt, 4);
+  auto blur = Blur::make({.kind = std::nullopt, .radius = 4});
   layer->setRotation(0.0);
   layer->setBlendMode(BlendMode::multiply);
   layer->setBlur(blur);

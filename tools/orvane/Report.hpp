@@ -8,7 +8,7 @@
 
 #include <orvane/coding/CodingError.hpp>
 #include <orvane/coding/Decoder.hpp>
-#include <orvane/json/JsonWriter.hpp>
+#include <orvane/internal/JsonWriter.hpp>
 
 namespace orvane::tool {
 

@@ -11,7 +11,7 @@
 #include <orvane/coding/SingleValueCodable.hpp>
 #include <orvane/json/JsonDecoder.hpp>
 #include <orvane/json/JsonEncoder.hpp>
-#include <orvane/json/JsonWriter.hpp>
+#include <orvane/internal/JsonWriter.hpp>
 
 namespace orvane::tool {
 

@@ -1,10 +1,10 @@
-#include <orvane/coding/Identifier.hpp>
+#include <orvane/values/Identifier.hpp>
 
 #include <cstdint>
 #include <cstdlib>
 #include <random>
 
-#include <orvane/coding/CanonicalText.hpp>
+#include <orvane/values/CanonicalText.hpp>
 
 namespace orvane {
 

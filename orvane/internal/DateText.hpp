@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include <orvane/coding/Values.hpp>
+#include <orvane/values/Date.hpp>
 
 namespace orvane {
 

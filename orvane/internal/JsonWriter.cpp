@@ -1,4 +1,4 @@
-#include <orvane/json/JsonWriter.hpp>
+#include <orvane/internal/JsonWriter.hpp>
 
 #include <algorithm>
 #include <bit>

@@ -1,6 +1,35 @@
-#include <orvane/coding/Geometry.hpp>
+#include <orvane/values/Geometry.hpp>
+
+#include <cmath>
+#include <cstdio>
 
 namespace orvane {
+
+Rect Rect::standardized() const {
+  Rect r = *this;
+  if (r.size.width < 0) {
+    r.origin.x += r.size.width;
+    r.size.width = -r.size.width;
+  }
+  if (r.size.height < 0) {
+    r.origin.y += r.size.height;
+    r.size.height = -r.size.height;
+  }
+  return r;
+}
+
+bool Rect::isNull() const {
+  return std::isinf(origin.x) || std::isinf(origin.y);
+}
+
+Rect Rect::offsetBy(double dx, double dy) const {
+  if (isNull()) return *this;
+  // The offset applies to the standardized rectangle, like the platform's rectangle offset.
+  Rect r = standardized();
+  r.origin.x += dx;
+  r.origin.y += dy;
+  return r;
+}
 
 Rect Coding<Rect>::decode(const Decoder& d) {
   auto c = d.container();
@@ -11,7 +40,7 @@ Rect Coding<Rect>::decode(const Decoder& d) {
   return Rect(x, y, width, height);
 }
 
-void EncodingOf<Rect>::encode(Encoder& e, const Rect& r) {
+void Coding<Rect>::encode(Encoder& e, const Rect& r) {
   auto c = e.container();
   Rect s = r.standardized();
   c.encode("x", s.origin.x);
@@ -27,7 +56,7 @@ Point Coding<Point>::decode(const Decoder& d) {
   return Point{x, y};
 }
 
-void EncodingOf<Point>::encode(Encoder& e, const Point& p) {
+void Coding<Point>::encode(Encoder& e, const Point& p) {
   auto c = e.container();
   c.encode("x", p.x);
   c.encode("y", p.y);
@@ -40,7 +69,7 @@ Range Coding<Range>::decode(const Decoder& d) {
   return Range{location, length};
 }
 
-void EncodingOf<Range>::encode(Encoder& e, const Range& r) {
+void Coding<Range>::encode(Encoder& e, const Range& r) {
   auto c = e.container();
   c.encode("location", r.location);
   c.encode("length", r.length);

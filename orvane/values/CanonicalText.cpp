@@ -1,4 +1,4 @@
-#include <orvane/coding/CanonicalText.hpp>
+#include <orvane/values/CanonicalText.hpp>
 
 #include <cstdlib>
 #include <optional>

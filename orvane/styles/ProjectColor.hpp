@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include <orvane/coding/Color.hpp>
-#include <orvane/coding/Identifier.hpp>
+#include <orvane/values/Color.hpp>
+#include <orvane/values/Identifier.hpp>
 
 namespace orvane {
 

@@ -1,4 +1,5 @@
-#include <orvane/coding/ProjectColor.hpp>
+#include <orvane/styles/ProjectColor.hpp>
+#include <orvane/internal/MakeRef.hpp>
 
 namespace orvane {
 

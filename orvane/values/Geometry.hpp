@@ -1,34 +1,11 @@
-// Platform value types the records hold: points in time, resource addresses and geometry.
+// Geometry the records hold: points, sizes, rectangles and character ranges.
 #pragma once
 
-#include <chrono>
 #include <cstdint>
-#include <string>
+
+#include <orvane/coding/Coding.hpp>
 
 namespace orvane {
-
-/// A point in time, microseconds since 1970-01-01T00:00:00Z. How it is written belongs to the
-/// coder (its date strategy); the records never format or parse dates themselves.
-using Date = std::chrono::time_point<std::chrono::system_clock, std::chrono::microseconds>;
-
-/// The current time, as memberwise initializers take it for creation dates.
-Date now();
-
-/// ISO 8601 in UTC with exactly three fractional digits, as debug views show dates.
-std::string formatDateMillis(Date date);
-
-/// A resource address. Holds its text unchanged; the coder checks that the text is a valid
-/// URI reference when it reads one.
-class Url {
- public:
-  Url() = default;
-  explicit Url(std::string text) : text_(std::move(text)) {}
-  const std::string& text() const { return text_; }
-  bool operator==(const Url&) const = default;
-
- private:
-  std::string text_;
-};
 
 struct Point {
   double x = 0;
@@ -69,6 +46,27 @@ struct Range {
   std::int64_t location = 0;
   std::int64_t length = 0;
   bool operator==(const Range&) const = default;
+};
+
+/// A rectangle reads "x", "y", "width", "height" as stored and writes them standardized.
+template <>
+struct Coding<Rect> {
+  static Rect decode(const Decoder& d);
+  static void encode(Encoder& e, const Rect& r);
+};
+
+/// A point is "x", "y", nothing standardized.
+template <>
+struct Coding<Point> {
+  static Point decode(const Decoder& d);
+  static void encode(Encoder& e, const Point& p);
+};
+
+/// A range is "location", "length", both integers.
+template <>
+struct Coding<Range> {
+  static Range decode(const Decoder& d);
+  static void encode(Encoder& e, const Range& r);
 };
 
 }  // namespace orvane

@@ -1,4 +1,4 @@
-#include <orvane/coding/Ref.hpp>
+#include <orvane/internal/FatalError.hpp>
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,4 +1,5 @@
-#include <orvane/coding/Color.hpp>
+#include <orvane/values/Color.hpp>
+#include <orvane/internal/MakeRef.hpp>
 
 namespace orvane {
 

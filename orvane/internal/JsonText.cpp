@@ -1,4 +1,4 @@
-#include "JsonText.hpp"
+#include <orvane/internal/JsonText.hpp>
 
 #include <algorithm>
 #include <charconv>

@@ -1,4 +1,4 @@
-#include "DateText.hpp"
+#include <orvane/internal/DateText.hpp>
 
 #include <cmath>
 #include <cstdio>

@@ -1,6 +1,5 @@
-#include <orvane/coding/Values.hpp>
+#include <orvane/values/Date.hpp>
 
-#include <cmath>
 #include <cstdio>
 
 namespace orvane {
@@ -24,32 +23,6 @@ std::string formatDateMillis(Date date) {
                 unsigned(ymd.month()), unsigned(ymd.day()), int(h.count()), int(m.count()),
                 int(s.count()), int(f.count()));
   return buf;
-}
-
-Rect Rect::standardized() const {
-  Rect r = *this;
-  if (r.size.width < 0) {
-    r.origin.x += r.size.width;
-    r.size.width = -r.size.width;
-  }
-  if (r.size.height < 0) {
-    r.origin.y += r.size.height;
-    r.size.height = -r.size.height;
-  }
-  return r;
-}
-
-bool Rect::isNull() const {
-  return std::isinf(origin.x) || std::isinf(origin.y);
-}
-
-Rect Rect::offsetBy(double dx, double dy) const {
-  if (isNull()) return *this;
-  // The offset applies to the standardized rectangle, like the platform's rectangle offset.
-  Rect r = standardized();
-  r.origin.x += dx;
-  r.origin.y += dy;
-  return r;
 }
 
 }  // namespace orvane

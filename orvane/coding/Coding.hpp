@@ -1,0 +1,91 @@
+// How each kind of value is coded: one trait, `Coding<T>`, for both directions.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <orvane/coding/Decoder.hpp>
+#include <orvane/coding/Encoder.hpp>
+
+namespace orvane {
+
+/// How a value of T is read and written:
+///   static T decode(const Decoder&);
+///   static void encode(Encoder&, const T&);
+/// and, optionally,
+///   static std::optional<T> tryDecode(const SingleValueDecodingContainer&) noexcept;
+///       a read that gives no value instead of raising for its ordinary failures, which a
+///       tolerant key then uses;
+///   static text(const T&);
+///       for a value that is always one string: a keyed container writes it as the member.
+///
+/// By default a type codes itself through `static T decode(const Decoder&)` and
+/// `void encode(Encoder&) const`; a record held by reference likewise through
+/// `static Ref<R> decode(const Decoder&)`. Raw-value enumerations, single-value types, scalars,
+/// lists and geometry specialise this.
+template <class T>
+struct Coding {
+  static T decode(const Decoder& d) { return T::decode(d); }
+  static void encode(Encoder& e, const T& value) { value.encode(e); }
+};
+
+template <class R>
+struct Coding<std::shared_ptr<R>> {
+  static std::shared_ptr<R> decode(const Decoder& d) { return R::decode(d); }
+  static void encode(Encoder& e, const std::shared_ptr<R>& value) {
+    if (value)
+      value->encode(e);
+    else
+      e.singleValueContainer().encodeNil();
+  }
+};
+
+template <class T>
+struct Coding<std::vector<T>> {
+  static std::vector<T> decode(const Decoder& d) {
+    auto array = d.unkeyedContainer();
+    std::vector<T> out;
+    out.reserve(array.count());
+    while (!array.isAtEnd()) out.push_back(array.template decode<T>());
+    return out;
+  }
+  static void encode(Encoder& e, const std::vector<T>& values) {
+    auto array = e.unkeyedContainer();
+    if constexpr (requires { typename T::element_type; }) {
+      for (std::size_t i = 0; i < values.size(); ++i) {
+        // Records of a large graph lie all over the heap: ask for the next one while this one
+        // is written, rather than wait for it then; all of it, as its members are read in an
+        // order of their own.
+#if defined(__GNUC__)
+        if (i + 1 < values.size()) {
+          using R = typename T::element_type;
+          const char* next = reinterpret_cast<const char*>(values[i + 1].get());
+          constexpr std::size_t whole = (sizeof(R) + 63) / 64, lines = whole < 16 ? whole : 16;
+          for (std::size_t line = 0; line < lines; ++line) __builtin_prefetch(next + 64 * line);
+        }
+#endif
+        array.encode(values[i]);
+      }
+    } else {
+      for (const auto& v : values) array.encode(v);
+    }
+  }
+};
+
+#define ORVANE_SCALAR_CODING(Type, method)                                                \
+  template <>                                                                             \
+  struct Coding<Type> {                                                                   \
+    static Type decode(const Decoder& d) { return d.singleValueContainer().method(); }    \
+    static void encode(Encoder& e, const Type& v) { e.singleValueContainer().encode(v); } \
+  };
+ORVANE_SCALAR_CODING(std::string, decodeString)
+ORVANE_SCALAR_CODING(double, decodeDouble)
+ORVANE_SCALAR_CODING(std::int64_t, decodeInt)
+ORVANE_SCALAR_CODING(bool, decodeBool)
+ORVANE_SCALAR_CODING(Date, decodeDate)
+ORVANE_SCALAR_CODING(Url, decodeUrl)
+#undef ORVANE_SCALAR_CODING
+
+}  // namespace orvane

@@ -1,0 +1,261 @@
+// One statement per field. A record lists its fields once, in a list macro:
+//
+//   #define ORVANE_BLUR_FIELDS(F)
+//     F(kind, Kind, std::optional<Kind>, "type", tolerant, whenPresent, given, plain)
+//     F(radius, Radius, double, "radius", required, always, given, plain)
+//
+// (each line but the last continued with a backslash)
+//
+// and `ORVANE_FIELDS(Blur, ORVANE_BLUR_FIELDS)` in its class turns that list into its key set,
+// stored members, accessors, the `Fields` that `make` takes, and the coding of every field;
+// `ORVANE_FIELDS_DEFINE` in its source file defines what the class only declares. The list is
+// in the order in which the record reads and writes its members and in which `make` takes them.
+//
+// The columns of a field statement:
+//   name, Name   the field, and its name as setters spell it (`setName`)
+//   Type         as stored (a type with a comma in it needs an alias first)
+//   "key"        its document key (`CodingKeys::name`); `none` for a field never coded
+//   how read     required     a required key
+//                optional     an optional key: absent or null give no value
+//                tolerant     a tolerant key: every failure of the read gives no value
+//                orEmpty      an optional key whose missing value is the type's empty value
+//                             (0, false, "", the empty list)
+//                custom       by the record's own `decodeName(decoder, container)`
+//                none         never read
+//   how written  always, whenPresent, unlessLocal (an identifier, left out when it is local),
+//                never, or custom (the record's own `encodeName(container)`)
+//   in `make`    given        a member of `Fields` that must be given
+//                localId      defaults to a fresh local identifier
+//                currentDate  defaults to the current time
+//                empty        defaults to the empty value
+//                none         not taken by `make`; the field starts empty
+//   access       plain        a stored member with a getter `name()` and a setter `setName`
+//                observed     a stored member and its getter; the record defines `setName`,
+//                             which runs the field's wiring
+//                own          the record stores it and writes both accessors itself; decoding
+//                             and `make` store it through `setName`
+//
+// Decoding and `make` store fields directly (the observers of `observed` fields do not run);
+// the record runs its own wiring afterwards.
+#pragma once
+
+#include <concepts>
+#include <initializer_list>
+#include <memory>
+#include <optional>
+#include <type_traits>
+#include <utility>
+
+#include <orvane/coding/Coding.hpp>
+#include <orvane/coding/FieldVisitor.hpp>
+#include <orvane/coding/Ref.hpp>
+
+namespace orvane {
+
+/// A member of a `Fields` aggregate that `make` needs: leaving it out of the designated
+/// initializers is a compile error (its default constructor is deleted). An empty list is given
+/// as an empty list of its type (`std::vector<Ref<Layer>>{}`), since `{}` alone means "left out".
+template <class T>
+struct Required {
+  Required() = delete;
+  template <class U>
+    requires std::constructible_from<T, U&&>
+  Required(U&& given) : value(std::forward<U>(given)) {}
+  template <class E>
+    requires std::constructible_from<T, std::initializer_list<E>>
+  Required(std::initializer_list<E> given) : value(given) {}
+
+  T value;
+};
+
+namespace detail {
+
+/// The value type that an optional or tolerant read asks for: `std::optional<T>` reads a T, and
+/// a record's `Ref` stands for its own absence.
+template <class T>
+struct Unwrapped {
+  using type = T;
+};
+template <class T>
+struct Unwrapped<std::optional<T>> {
+  using type = T;
+};
+
+template <class T>
+T&& take(T& field) {
+  return std::move(field);
+}
+template <class T>
+T&& take(Required<T>& field) {
+  return std::move(field.value);
+}
+
+template <class T>
+T orEmpty(std::optional<T>&& value) {
+  return value ? std::move(*value) : T{};
+}
+
+template <class T>
+bool isLocal(const T& identifier) {
+  return identifier.isLocal();
+}
+
+}  // namespace detail
+
+}  // namespace orvane
+
+// --- What ORVANE_FIELDS generates, column by column ----------------------------------------
+
+#define ORVANE_FIELD_KEY_required(name, key) static constexpr std::string_view name = key;
+#define ORVANE_FIELD_KEY_optional(name, key) static constexpr std::string_view name = key;
+#define ORVANE_FIELD_KEY_tolerant(name, key) static constexpr std::string_view name = key;
+#define ORVANE_FIELD_KEY_orEmpty(name, key) static constexpr std::string_view name = key;
+#define ORVANE_FIELD_KEY_custom(name, key) static constexpr std::string_view name = key;
+#define ORVANE_FIELD_KEY_none(name, key)
+#define ORVANE_FIELD_KEY(name, Name, Type, key, read, write, param, access) \
+  ORVANE_FIELD_KEY_##read(name, key)
+
+#define ORVANE_FIELD_PARAM_given(name, Type) ::orvane::Required<Type> name;
+#define ORVANE_FIELD_PARAM_localId(name, Type) Type name = Type::local();
+#define ORVANE_FIELD_PARAM_currentDate(name, Type) Type name = ::orvane::now();
+#define ORVANE_FIELD_PARAM_empty(name, Type) Type name{};
+#define ORVANE_FIELD_PARAM_none(name, Type)
+#define ORVANE_FIELD_PARAM(name, Name, Type, key, read, write, param, access) \
+  ORVANE_FIELD_PARAM_##param(name, Type)
+
+#define ORVANE_FIELD_ACCESSORS_plain(name, Name, Type)  \
+  const Type& name() const { return name##_; }          \
+  void set##Name(Type value) { name##_ = std::move(value); }
+#define ORVANE_FIELD_ACCESSORS_observed(name, Name, Type) \
+  const Type& name() const { return name##_; }            \
+  void set##Name(Type value);
+#define ORVANE_FIELD_ACCESSORS_own(name, Name, Type)
+#define ORVANE_FIELD_ACCESSORS(name, Name, Type, key, read, write, param, access) \
+  ORVANE_FIELD_ACCESSORS_##access(name, Name, Type)
+
+#define ORVANE_FIELD_MEMBER_plain(name, Type) Type name##_{};
+#define ORVANE_FIELD_MEMBER_observed(name, Type) Type name##_{};
+#define ORVANE_FIELD_MEMBER_own(name, Type)
+#define ORVANE_FIELD_MEMBER(name, Name, Type, key, read, write, param, access) \
+  ORVANE_FIELD_MEMBER_##access(name, Type)
+
+#define ORVANE_FIELD_HOOKS_READ_custom(Name) \
+  void decode##Name(const ::orvane::Decoder& decoder, const ::orvane::KeyedDecodingContainer& c);
+#define ORVANE_FIELD_HOOKS_READ_required(Name)
+#define ORVANE_FIELD_HOOKS_READ_optional(Name)
+#define ORVANE_FIELD_HOOKS_READ_tolerant(Name)
+#define ORVANE_FIELD_HOOKS_READ_orEmpty(Name)
+#define ORVANE_FIELD_HOOKS_READ_none(Name)
+#define ORVANE_FIELD_HOOKS_WRITE_custom(Name) \
+  void encode##Name(::orvane::KeyedEncodingContainer& c) const;
+#define ORVANE_FIELD_HOOKS_WRITE_always(Name)
+#define ORVANE_FIELD_HOOKS_WRITE_whenPresent(Name)
+#define ORVANE_FIELD_HOOKS_WRITE_unlessLocal(Name)
+#define ORVANE_FIELD_HOOKS_WRITE_never(Name)
+#define ORVANE_FIELD_HOOKS(name, Name, Type, key, read, write, param, access) \
+  ORVANE_FIELD_HOOKS_READ_##read(Name) ORVANE_FIELD_HOOKS_WRITE_##write(Name)
+
+/// In the record's class, after its nested types: the key set `CodingKeys`, the `Fields` that
+/// `make` takes, the accessors (public), then the stored members and the coding steps
+/// (protected, so that a subclass codes its base's fields on the same object). Leaves the
+/// class in its protected part.
+#define ORVANE_FIELDS(Record, LIST)                                                      \
+ public:                                                                                 \
+  /** The document keys of the listed fields, under their names. */                                        \
+  struct CodingKeys {                                                                     \
+    LIST(ORVANE_FIELD_KEY)                                                               \
+  };                                                                                     \
+  /** What `make` takes, in this order, with its defaults. */                            \
+  struct Fields {                                                                        \
+    LIST(ORVANE_FIELD_PARAM)                                                             \
+  };                                                                                     \
+  LIST(ORVANE_FIELD_ACCESSORS)                                                           \
+  /** Lists every field, by name, to `visitor`. */                                       \
+  void visitFields(::orvane::FieldVisitor& visitor) const;                               \
+  explicit Record(::orvane::Passkey<Record>) {}                                          \
+                                                                                         \
+ protected:                                                                              \
+  /** Reads the listed fields in order; stores them without running observers. */        \
+  void decodeFields(const ::orvane::Decoder& decoder, const ::orvane::KeyedDecodingContainer& c); \
+  /** Writes the listed fields in order. */                                              \
+  void encodeFields(::orvane::KeyedEncodingContainer& c) const;                          \
+  /** Stores what `make` was given, without running observers. */                        \
+  void storeFields(Fields&& fields);                                                     \
+  LIST(ORVANE_FIELD_HOOKS)                                                               \
+  LIST(ORVANE_FIELD_MEMBER)
+
+// --- What ORVANE_FIELDS_DEFINE generates --------------------------------------------------
+
+#define ORVANE_FIELD_STORE_plain(name, Name, value) name##_ = value;
+#define ORVANE_FIELD_STORE_observed(name, Name, value) name##_ = value;
+#define ORVANE_FIELD_STORE_own(name, Name, value) set##Name(value);
+
+#define ORVANE_FIELD_READ_required(name, Name, Type, access) \
+  ORVANE_FIELD_STORE_##access(name, Name, c.template decode<Type>(CodingKeys::name))
+#define ORVANE_FIELD_READ_optional(name, Name, Type, access) \
+  ORVANE_FIELD_STORE_##access(                               \
+      name, Name,                                            \
+      c.template decodeIfPresent<typename ::orvane::detail::Unwrapped<Type>::type>(CodingKeys::name))
+#define ORVANE_FIELD_READ_tolerant(name, Name, Type, access) \
+  ORVANE_FIELD_STORE_##access(                               \
+      name, Name,                                            \
+      c.template decodeTolerant<typename ::orvane::detail::Unwrapped<Type>::type>(CodingKeys::name))
+#define ORVANE_FIELD_READ_orEmpty(name, Name, Type, access) \
+  ORVANE_FIELD_STORE_##access(                              \
+      name, Name, ::orvane::detail::orEmpty(c.template decodeIfPresent<Type>(CodingKeys::name)))
+#define ORVANE_FIELD_READ_custom(name, Name, Type, access) decode##Name(decoder, c);
+#define ORVANE_FIELD_READ_none(name, Name, Type, access)
+#define ORVANE_FIELD_READ(name, Name, Type, key, read, write, param, access) \
+  ORVANE_FIELD_READ_##read(name, Name, Type, access)
+
+#define ORVANE_FIELD_WRITE_always(name, Name) c.encode(CodingKeys::name, name());
+#define ORVANE_FIELD_WRITE_whenPresent(name, Name) c.encodeIfPresent(CodingKeys::name, name());
+#define ORVANE_FIELD_WRITE_unlessLocal(name, Name) \
+  if (!::orvane::detail::isLocal(name())) c.encode(CodingKeys::name, name());
+#define ORVANE_FIELD_WRITE_never(name, Name)
+#define ORVANE_FIELD_WRITE_custom(name, Name) encode##Name(c);
+#define ORVANE_FIELD_WRITE(name, Name, Type, key, read, write, param, access) \
+  ORVANE_FIELD_WRITE_##write(name, Name)
+
+#define ORVANE_FIELD_TAKE_given(name, Name, access) \
+  ORVANE_FIELD_STORE_##access(name, Name, ::orvane::detail::take(fields.name))
+#define ORVANE_FIELD_TAKE_localId(name, Name, access) ORVANE_FIELD_TAKE_given(name, Name, access)
+#define ORVANE_FIELD_TAKE_currentDate(name, Name, access) \
+  ORVANE_FIELD_TAKE_given(name, Name, access)
+#define ORVANE_FIELD_TAKE_empty(name, Name, access) ORVANE_FIELD_TAKE_given(name, Name, access)
+#define ORVANE_FIELD_TAKE_none(name, Name, access)
+#define ORVANE_FIELD_TAKE(name, Name, Type, key, read, write, param, access) \
+  ORVANE_FIELD_TAKE_##param(name, Name, access)
+
+#define ORVANE_FIELD_VISIT(name, Name, Type, key, read, write, param, access) \
+  visitor.field(#name, name());
+
+/// In the record's source file: the definitions of what ORVANE_FIELDS declared.
+#define ORVANE_FIELDS_DEFINE(Record, LIST)                                                     \
+  void Record::decodeFields([[maybe_unused]] const ::orvane::Decoder& decoder,                 \
+                            [[maybe_unused]] const ::orvane::KeyedDecodingContainer& c) {      \
+    LIST(ORVANE_FIELD_READ)                                                                    \
+  }                                                                                            \
+  void Record::encodeFields([[maybe_unused]] ::orvane::KeyedEncodingContainer& c) const {      \
+    LIST(ORVANE_FIELD_WRITE)                                                                   \
+  }                                                                                            \
+  void Record::storeFields([[maybe_unused]] Fields&& fields) { LIST(ORVANE_FIELD_TAKE) }       \
+  void Record::visitFields(::orvane::FieldVisitor& visitor) const { LIST(ORVANE_FIELD_VISIT) }
+
+/// For a record with nothing to wire: `make`, `decode` and `encode` are its fields' alone.
+#define ORVANE_PLAIN_RECORD_DEFINE(Record, LIST)                     \
+  ORVANE_FIELDS_DEFINE(Record, LIST)                                 \
+  ::orvane::Ref<Record> Record::make(Fields fields) {                \
+    auto record = ::orvane::makeRef<Record>(::orvane::Passkey<Record>{}); \
+    record->storeFields(std::move(fields));                          \
+    return record;                                                   \
+  }                                                                  \
+  ::orvane::Ref<Record> Record::decode(const ::orvane::Decoder& decoder) { \
+    auto record = ::orvane::makeRef<Record>(::orvane::Passkey<Record>{}); \
+    record->decodeFields(decoder, decoder.container());              \
+    return record;                                                   \
+  }                                                                  \
+  void Record::encode(::orvane::Encoder& encoder) const {            \
+    auto c = encoder.container();                                    \
+    encodeFields(c);                                                 \
+  }

@@ -1,0 +1,22 @@
+// Resource addresses as the records hold them.
+#pragma once
+
+#include <string>
+
+namespace orvane {
+
+/// A resource address. Holds its text unchanged; the coder checks that the text is a valid
+/// URI reference when it reads one.
+class Url {
+ public:
+  Url() = default;
+  explicit Url(std::string text) : text_(std::move(text)) {}
+  /// The address as it was given or read.
+  const std::string& text() const { return text_; }
+  bool operator==(const Url&) const = default;
+
+ private:
+  std::string text_;
+};
+
+}  // namespace orvane
