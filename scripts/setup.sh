@@ -4,7 +4,7 @@ set -euo pipefail
 
 packages=(g++ cmake ninja-build pkg-config ccache
           libsimdjson-dev libutf8proc-dev liburiparser-dev libcli11-dev
-          libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev rapidjson-dev)
+          libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev rapidjson-dev doxygen)
 [ "${ORVANE_WITH_CLANG:-0}" = 1 ] && packages+=(clang libclang-rt-14-dev)
 
 missing=()

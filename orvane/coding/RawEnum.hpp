@@ -17,13 +17,13 @@ template <class E>
 struct EnumCase {
   E value;
   std::string_view rawValue;  // as coded
-  std::string_view name;      // the case's name in the model
+  std::string_view name;      // the enumerator, as debug views show it
 };
 
 /// Specialised once per enumeration, with:
 ///   static constexpr std::string_view typeName;            // short name, for messages
 ///   static constexpr std::array<EnumCase<E>, N> cases;     // in declaration order
-///   static constexpr bool hasAllCases;                      // whether the model lists them
+///   static constexpr bool hasAllCases;                      // whether allCases() is offered
 /// An enumeration states its cases once, as a list macro of `C(case, "raw value")`:
 ///   #define ORVANE_BLUR_KIND(C) C(gaussian, "gaussian") C(background, "background")
 /// declared with `ORVANE_ENUM(Kind, ORVANE_BLUR_KIND)` and given its traits, after its owner,
@@ -56,7 +56,7 @@ constexpr std::string_view rawValue(E value) {
   return {};
 }
 
-/// The case's name as the model writes it (`photoshop`, `_2x`).
+/// The enumerator's name (`photoshop`, `_2x`).
 template <RawEnum E>
 constexpr std::string_view caseName(E value) {
   for (const auto& c : EnumTraits<E>::cases) {
