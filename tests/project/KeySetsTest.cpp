@@ -10,11 +10,17 @@ using namespace orvane;
 namespace {
 
 template <class T>
-concept ShowsCodingKeys = requires { typename T::CodingKeys; };
+concept ShowsCodingKeys = requires {
+  typename T::CodingKeys;
+};
 template <class T>
-concept ShowsIconCodingKeys = requires { typename T::IconCodingKeys; };
+concept ShowsIconCodingKeys = requires {
+  typename T::IconCodingKeys;
+};
 template <class T>
-concept ShowsScreenCodingKeys = requires { typename T::ScreenCodingKeys; };
+concept ShowsScreenCodingKeys = requires {
+  typename T::ScreenCodingKeys;
+};
 
 }  // namespace
 
