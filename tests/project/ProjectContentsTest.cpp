@@ -140,9 +140,21 @@ TEST(ProjectContents, MakeWiresItsArgumentsAndDefaultsThree) {
   auto member = decodeJson<Ref<ProjectUser>>(memberJson("u1"));
   const Date before = now();
   auto make = [&] {
-    return Project::make(std::nullopt, "n", std::nullopt, before, std::nullopt, std::nullopt,
-                         std::nullopt, std::vector{section}, std::nullopt, std::nullopt,
-                         std::nullopt, std::vector{tree}, {member}, std::nullopt, nullptr);
+    return Project::make({.status = std::nullopt,
+                          .name = "n",
+                          .icon = std::nullopt,
+                          .updateDate = before,
+                          .kind = std::nullopt,
+                          .density = std::nullopt,
+                          .isPublic = std::nullopt,
+                          .sections = std::vector{section},
+                          .screensByIdentifier = std::nullopt,
+                          .colors = std::nullopt,
+                          .textStyles = std::nullopt,
+                          .componentSections = std::vector{tree},
+                          .users = std::vector{member},
+                          .thumbnailURL = std::nullopt,
+                          .integration = nullptr});
   };
   auto p = make();
   EXPECT_EQ(section->project(), p);

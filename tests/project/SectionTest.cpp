@@ -166,8 +166,13 @@ TEST(ComponentSection, AssignmentsAndEditsWireWithTheSectionsProject) {
 }
 
 TEST(ComponentSection, MakeAdoptsChildrenWithoutProject) {
-  auto k = Component::make(Identifier("K"), "k", "", makeVersion("v"), std::nullopt, std::nullopt,
-                           std::nullopt);
+  auto k = Component::make({.identifier = Identifier("K"),
+                            .name = "k",
+                            .description = "",
+                            .latestVersion = makeVersion("v"),
+                            .sourceIdentifier = std::nullopt,
+                            .tags = std::nullopt,
+                            .versions = std::nullopt});
   auto c = ComponentSection::make({.identifier = Identifier("C"),
                                    .name = "c",
                                    .description = std::nullopt,

@@ -98,7 +98,8 @@ TEST(Commit, EveryKeyIsOptionalAndWrittenWhenPresent) {
 TEST(Version, AssignmentPointsTheNewCommitAndSnapshotBack) {
   auto commit = Commit::make({.author = nullptr, .message = "first", .color = nullptr});
   auto snapshot = decodeJson<Ref<Snapshot>>(R"({"_id":"s1","width":1,"height":1})");
-  auto version = Version::make(commit, nullptr, snapshot, std::nullopt);
+  auto version = Version::make(
+      {.commit = commit, .creator = nullptr, .snapshot = snapshot, .snapshotURL = std::nullopt});
   EXPECT_TRUE(version->identifier().isLocal());
   EXPECT_EQ(commit->version(), version);
   EXPECT_EQ(snapshot->version(), version);
