@@ -34,6 +34,10 @@
 //                             which runs the field's wiring
 //                own          the record stores it and writes both accessors itself; decoding
 //                             and `make` store it through `setName`
+//                backRef      a weak reference (Type `WeakRef<T>`) to an owner: the getter gives
+//                             a `Ref<T>` (empty once the owner is gone), the setter takes one;
+//                             listings show the owner's identifier, not the owner
+//                observedBackRef  a `backRef` whose setter the record defines, to run its wiring
 //
 // Decoding and `make` store fields directly (the observers of `observed` fields do not run);
 // the record runs its own wiring afterwards.
@@ -130,12 +134,20 @@ bool isLocal(const T& identifier) {
   const Type& name() const { return name##_; }            \
   void set##Name(Type value);
 #define ORVANE_FIELD_ACCESSORS_own(name, Name, Type)
+#define ORVANE_FIELD_ACCESSORS_backRef(name, Name, Type)                          \
+  ::orvane::Ref<Type::element_type> name() const { return name##_.lock(); }       \
+  void set##Name(const ::orvane::Ref<Type::element_type>& value) { name##_ = value; }
+#define ORVANE_FIELD_ACCESSORS_observedBackRef(name, Name, Type)                  \
+  ::orvane::Ref<Type::element_type> name() const { return name##_.lock(); }       \
+  void set##Name(const ::orvane::Ref<Type::element_type>& value);
 #define ORVANE_FIELD_ACCESSORS(name, Name, Type, key, read, write, param, access) \
   ORVANE_FIELD_ACCESSORS_##access(name, Name, Type)
 
 #define ORVANE_FIELD_MEMBER_plain(name, Type) Type name##_{};
 #define ORVANE_FIELD_MEMBER_observed(name, Type) Type name##_{};
 #define ORVANE_FIELD_MEMBER_own(name, Type)
+#define ORVANE_FIELD_MEMBER_backRef(name, Type) Type name##_{};
+#define ORVANE_FIELD_MEMBER_observedBackRef(name, Type) Type name##_{};
 #define ORVANE_FIELD_MEMBER(name, Name, Type, key, read, write, param, access) \
   ORVANE_FIELD_MEMBER_##access(name, Type)
 
@@ -227,8 +239,13 @@ bool isLocal(const T& identifier) {
 #define ORVANE_FIELD_TAKE(name, Name, Type, key, read, write, param, access) \
   ORVANE_FIELD_TAKE_##param(name, Name, access)
 
+#define ORVANE_FIELD_VISIT_plain(name) visitor.field(#name, name());
+#define ORVANE_FIELD_VISIT_observed(name) visitor.field(#name, name());
+#define ORVANE_FIELD_VISIT_own(name) visitor.field(#name, name());
+#define ORVANE_FIELD_VISIT_backRef(name) visitor.field(#name, name##_);
+#define ORVANE_FIELD_VISIT_observedBackRef(name) visitor.field(#name, name##_);
 #define ORVANE_FIELD_VISIT(name, Name, Type, key, read, write, param, access) \
-  visitor.field(#name, name());
+  ORVANE_FIELD_VISIT_##access(name)
 
 /// In the record's source file: the definitions of what ORVANE_FIELDS declared.
 #define ORVANE_FIELDS_DEFINE(Record, LIST)                                                     \

@@ -7,8 +7,7 @@
 #include <variant>
 #include <vector>
 
-#include <orvane/coding/Decoder.hpp>
-#include <orvane/coding/FieldVisitor.hpp>
+#include <orvane/coding/Fields.hpp>
 #include <orvane/coding/RawEnum.hpp>
 #include <orvane/coding/Ref.hpp>
 #include <orvane/integrations/Extension.hpp>
@@ -72,37 +71,28 @@ class Extension::Option {
     std::variant<Switch, Text, Picker> value_;
   };
 
-  Option(Passkey<Option>, std::string identifier, std::string name, std::optional<Kind> kind)
-      : identifier_(std::move(identifier)), name_(std::move(name)), kind_(std::move(kind)) {}
+  /// `identifier` is a plain string, not an `Identifier`. An unreadable or unknown "type" gives an
+  /// option without kind and nothing more is read.
+#define ORVANE_EXTENSION_OPTION_FIELDS(F)                                     \
+  F(identifier, Identifier, std::string, "id", required, never, given, plain) \
+  F(name, Name, std::string, "name", required, never, given, plain)           \
+  F(kind, Kind, std::optional<Kind>, "type", custom, never, given, plain)
+  ORVANE_FIELDS(Option, ORVANE_EXTENSION_OPTION_FIELDS)
 
-  static Ref<Option> make(std::string identifier, std::string name, std::optional<Kind> kind);
-  /// An unreadable or unknown "type" gives an option without kind and nothing more is read; a
-  /// picker whose default is none of its values fails with dataCorrupted at "default".
+ public:
+  static Ref<Option> make(Fields fields);
+  /// A picker whose default is none of its values fails with dataCorrupted at "default".
   static Ref<Option> decode(const Decoder& decoder);
-  void visitFields(FieldVisitor& v) const;
-
-  /// A plain string, not an `Identifier`.
-  const std::string& identifier() const { return identifier_; }
-  void setIdentifier(std::string value) { identifier_ = std::move(value); }
-  const std::string& name() const { return name_; }
-  void setName(std::string value) { name_ = std::move(value); }
-  const std::optional<Kind>& kind() const { return kind_; }
-  void setKind(std::optional<Kind> value) { kind_ = std::move(value); }
 
  private:
-  struct CodingKeys {
-    static constexpr std::string_view identifier = "id";
-    static constexpr std::string_view name = "name";
-    static constexpr std::string_view kind = "type";
+  /// The keys of a kind's payload, beside "type".
+  struct PayloadCodingKeys {
     static constexpr std::string_view defaultValue = "default";
     static constexpr std::string_view pickerOptions = "options";
   };
-
-  std::string identifier_;
-  std::string name_;
-  std::optional<Kind> kind_;
 };
 
+// `switch` is a keyword, so that case's name differs from its enumerator: spelled out.
 template <>
 struct EnumTraits<Extension::Option::Kind::Key> {
   static constexpr std::string_view typeName = "Key";

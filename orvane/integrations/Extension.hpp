@@ -5,11 +5,9 @@
 #include <string>
 #include <string_view>
 
-#include <orvane/coding/Decoder.hpp>
-#include <orvane/coding/Encoder.hpp>
-#include <orvane/coding/FieldVisitor.hpp>
-#include <orvane/values/Identifier.hpp>
+#include <orvane/coding/Fields.hpp>
 #include <orvane/coding/Ref.hpp>
+#include <orvane/values/Identifier.hpp>
 #include <orvane/values/Url.hpp>
 
 namespace orvane {
@@ -23,47 +21,20 @@ class Extension {
   class Author;
   class Option;
 
-  Extension(Passkey<Extension>, Identifier identifier, std::string name,
-            std::optional<std::string> description, Url manifestURL, bool isDefault)
-      : identifier_(std::move(identifier)),
-        name_(std::move(name)),
-        description_(std::move(description)),
-        manifestURL_(std::move(manifestURL)),
-        isDefault_(isDefault) {}
+#define ORVANE_EXTENSION_FIELDS(F)                                                              \
+  F(identifier, Identifier, Identifier, "_id", required, unlessLocal, localId, plain)           \
+  F(name, Name, std::string, "name", required, always, given, plain)                            \
+  F(description, Description, std::optional<std::string>, "description", optional, whenPresent, \
+    given, plain)                                                                               \
+  F(manifestURL, ManifestURL, Url, "manifestURL", required, always, given, plain)               \
+  F(isDefault, IsDefault, bool, "default", required, always, given, plain)
+  ORVANE_FIELDS(Extension, ORVANE_EXTENSION_FIELDS)
 
-  static Ref<Extension> make(std::string name, std::optional<std::string> description,
-                             Url manifestURL, bool isDefault,
-                             Identifier identifier = Identifier::local());
+ public:
+  static Ref<Extension> make(Fields fields);
   static Ref<Extension> decode(const Decoder& decoder);
   /// Writes the identifier only when the service assigned it (it is not local).
   void encode(Encoder& encoder) const;
-  void visitFields(FieldVisitor& v) const;
-
-  const Identifier& identifier() const { return identifier_; }
-  void setIdentifier(Identifier value) { identifier_ = std::move(value); }
-  const std::string& name() const { return name_; }
-  void setName(std::string value) { name_ = std::move(value); }
-  const std::optional<std::string>& description() const { return description_; }
-  void setDescription(std::optional<std::string> value) { description_ = std::move(value); }
-  const Url& manifestURL() const { return manifestURL_; }
-  void setManifestURL(Url value) { manifestURL_ = std::move(value); }
-  bool isDefault() const { return isDefault_; }
-  void setIsDefault(bool value) { isDefault_ = value; }
-
- private:
-  struct CodingKeys {
-    static constexpr std::string_view identifier = "_id";
-    static constexpr std::string_view name = "name";
-    static constexpr std::string_view description = "description";
-    static constexpr std::string_view manifestURL = "manifestURL";
-    static constexpr std::string_view isDefault = "default";
-  };
-
-  Identifier identifier_;
-  std::string name_;
-  std::optional<std::string> description_;
-  Url manifestURL_;
-  bool isDefault_;
 };
 
 }  // namespace orvane

@@ -3,59 +3,23 @@
 
 namespace orvane {
 
-Ref<Integration> Integration::make(std::optional<std::vector<Ref<Slack>>> slacks) {
-  return makeRef<Integration>(Passkey<Integration>{}, std::move(slacks));
-}
+ORVANE_PLAIN_RECORD_DEFINE(Integration, ORVANE_INTEGRATION_FIELDS)
 
-Ref<Integration> Integration::decode(const Decoder& decoder) {
-  auto c = decoder.container();
-  return make(c.decodeIfPresent<std::vector<Ref<Slack>>>(CodingKeys::slacks));
-}
+using Slack = Integration::Slack;
+ORVANE_PLAIN_RECORD_DEFINE(Slack, ORVANE_INTEGRATION_SLACK_FIELDS)
 
-void Integration::encode(Encoder& encoder) const {
-  auto c = encoder.container();
-  c.encodeIfPresent(CodingKeys::slacks, slacks_);
-}
-
-void Integration::visitFields(FieldVisitor& v) const {
-  v.field("slacks", slacks_);
-}
-
-Ref<Integration::Slack> Integration::Slack::make(std::string identifier, std::string channel,
-                                                 Url configurationURL,
-                                                 std::optional<std::string> scope) {
-  return makeRef<Slack>(Passkey<Slack>{}, std::move(identifier), std::move(channel),
-                                 std::move(configurationURL), std::move(scope));
-}
-
-Ref<Integration::Slack> Integration::Slack::decode(const Decoder& decoder) {
-  using K = CodingKeys;
+void Slack::decodeChannel(const Decoder&, const KeyedDecodingContainer& c) {
   using H = IncomingWebHookCodingKeys;
-  auto c = decoder.container();
-  auto identifier = c.decodeString(K::identifier);
-  auto hook = c.nestedContainer(K::incomingWebHook);
-  auto channel = hook.decodeString(H::channel);
-  auto configurationURL = hook.decodeUrl(H::configurationURL);
-  auto scope = c.decodeStringIfPresent(K::scope);
-  return make(std::move(identifier), std::move(channel), std::move(configurationURL),
-              std::move(scope));
+  auto hook = c.nestedContainer(CodingKeys::channel);
+  channel_ = hook.decodeString(H::channel);
+  configurationURL_ = hook.decodeUrl(H::configurationURL);
 }
 
-void Integration::Slack::encode(Encoder& encoder) const {
-  using K = CodingKeys;
+void Slack::encodeChannel(KeyedEncodingContainer& c) const {
   using H = IncomingWebHookCodingKeys;
-  auto c = encoder.container();
-  auto hook = c.nestedContainer(K::incomingWebHook);
+  auto hook = c.nestedContainer(CodingKeys::channel);
   hook.encode(H::channel, channel_);
   hook.encode(H::configurationURL, configurationURL_);
-  c.encodeIfPresent(K::scope, scope_);
-}
-
-void Integration::Slack::visitFields(FieldVisitor& v) const {
-  v.field("identifier", identifier_);
-  v.field("channel", channel_);
-  v.field("configurationURL", configurationURL_);
-  v.field("scope", scope_);
 }
 
 void Integration::Emoji::Kind::visitFields(FieldVisitor& v) const {

@@ -7,9 +7,7 @@
 #include <variant>
 #include <vector>
 
-#include <orvane/coding/Decoder.hpp>
-#include <orvane/coding/Encoder.hpp>
-#include <orvane/coding/FieldVisitor.hpp>
+#include <orvane/coding/Fields.hpp>
 #include <orvane/coding/Ref.hpp>
 #include <orvane/values/Url.hpp>
 
@@ -21,68 +19,41 @@ class Integration {
   class Slack;
   class Emoji;
 
-  struct CodingKeys {
-    static constexpr std::string_view slacks = "slacks";
-  };
+#define ORVANE_INTEGRATION_FIELDS(F)                                                         \
+  F(slacks, Slacks, std::optional<std::vector<Ref<Slack>>>, "slacks", optional, whenPresent, \
+    given, plain)
+  ORVANE_FIELDS(Integration, ORVANE_INTEGRATION_FIELDS)
 
-  Integration(Passkey<Integration>, std::optional<std::vector<Ref<Slack>>> slacks)
-      : slacks_(std::move(slacks)) {}
-
-  static Ref<Integration> make(std::optional<std::vector<Ref<Slack>>> slacks);
+ public:
+  static Ref<Integration> make(Fields fields);
   static Ref<Integration> decode(const Decoder& decoder);
   void encode(Encoder& encoder) const;
-  void visitFields(FieldVisitor& v) const;
-
-  const std::optional<std::vector<Ref<Slack>>>& slacks() const { return slacks_; }
-  void setSlacks(std::optional<std::vector<Ref<Slack>>> value) { slacks_ = std::move(value); }
-
- private:
-  std::optional<std::vector<Ref<Slack>>> slacks_;
 };
 
 /// One channel of the Slack chat service that receives a project's news through an incoming
 /// web hook.
 class Integration::Slack {
  public:
-  Slack(Passkey<Slack>, std::string identifier, std::string channel, Url configurationURL,
-        std::optional<std::string> scope)
-      : identifier_(std::move(identifier)),
-        channel_(std::move(channel)),
-        configurationURL_(std::move(configurationURL)),
-        scope_(std::move(scope)) {}
+  /// `identifier` is a plain string, not an `Identifier`, and stays with the service. The
+  /// channel and its address sit together in the nested "incomingWebHook", coded with `channel`.
+#define ORVANE_INTEGRATION_SLACK_FIELDS(F)                                          \
+  F(identifier, Identifier, std::string, "_id", required, never, given, plain)      \
+  F(channel, Channel, std::string, "incomingWebHook", custom, custom, given, plain) \
+  F(configurationURL, ConfigurationURL, Url, none, none, never, given, plain)       \
+  F(scope, Scope, std::optional<std::string>, "scope", optional, whenPresent, given, plain)
+  ORVANE_FIELDS(Slack, ORVANE_INTEGRATION_SLACK_FIELDS)
 
-  static Ref<Slack> make(std::string identifier, std::string channel, Url configurationURL,
-                         std::optional<std::string> scope);
+ public:
+  static Ref<Slack> make(Fields fields);
   static Ref<Slack> decode(const Decoder& decoder);
   /// Writes the web hook and the scope; the identifier stays with the service.
   void encode(Encoder& encoder) const;
-  void visitFields(FieldVisitor& v) const;
-
-  /// A plain string, not an `Identifier`.
-  const std::string& identifier() const { return identifier_; }
-  void setIdentifier(std::string value) { identifier_ = std::move(value); }
-  const std::string& channel() const { return channel_; }
-  void setChannel(std::string value) { channel_ = std::move(value); }
-  const Url& configurationURL() const { return configurationURL_; }
-  void setConfigurationURL(Url value) { configurationURL_ = std::move(value); }
-  const std::optional<std::string>& scope() const { return scope_; }
-  void setScope(std::optional<std::string> value) { scope_ = std::move(value); }
 
  private:
-  struct CodingKeys {
-    static constexpr std::string_view identifier = "_id";
-    static constexpr std::string_view incomingWebHook = "incomingWebHook";
-    static constexpr std::string_view scope = "scope";
-  };
   struct IncomingWebHookCodingKeys {
     static constexpr std::string_view channel = "channel";
     static constexpr std::string_view configurationURL = "configurationURL";
   };
-
-  std::string identifier_;
-  std::string channel_;
-  Url configurationURL_;
-  std::optional<std::string> scope_;
 };
 
 /// An emoji known by an alias. Never coded: the client builds emoji and hands them to a

@@ -5,12 +5,10 @@
 #include <string>
 #include <string_view>
 
-#include <orvane/coding/Decoder.hpp>
-#include <orvane/coding/Encoder.hpp>
-#include <orvane/coding/FieldVisitor.hpp>
-#include <orvane/values/Identifier.hpp>
+#include <orvane/coding/Fields.hpp>
 #include <orvane/coding/RawEnum.hpp>
 #include <orvane/coding/Ref.hpp>
+#include <orvane/values/Identifier.hpp>
 #include <orvane/values/Url.hpp>
 
 namespace orvane {
@@ -20,66 +18,36 @@ namespace orvane {
 /// fills that in, since project documents do not carry it.
 class Organization {
  public:
-  enum class Status { active, suspended, deleted };
+#define ORVANE_ORGANIZATION_STATUS(C) \
+  C(active, "active") C(suspended, "suspended") C(deleted, "deleted")
+  ORVANE_ENUM(Status, ORVANE_ORGANIZATION_STATUS)
   /// Distinct from `User::SubscriptionStatus`, though it has the same raw strings.
-  enum class SubscriptionStatus { active, pastDue };
+#define ORVANE_ORGANIZATION_SUBSCRIPTION_STATUS(C) C(active, "active") C(pastDue, "past_due")
+  ORVANE_ENUM(SubscriptionStatus, ORVANE_ORGANIZATION_SUBSCRIPTION_STATUS)
 
-  struct CodingKeys {
-    static constexpr std::string_view identifier = "_id";
-    static constexpr std::string_view status = "status";
-    static constexpr std::string_view name = "name";
-    static constexpr std::string_view logoURL = "logo";
-    static constexpr std::string_view transitionTimeInterval = "transitionLeft";
-    static constexpr std::string_view planIdentifier = "paymentPlan";
-    static constexpr std::string_view subscriptionStatus = "subscriptionStatus";
-  };
+  /// `transitionTimeInterval` is in seconds; documents carry milliseconds. The service expects
+  /// the plan member even when there is none (then null).
+#define ORVANE_ORGANIZATION_FIELDS(F)                                                            \
+  F(identifier, Identifier, Identifier, "_id", required, never, localId, plain)                  \
+  F(status, Status, std::optional<Status>, "status", tolerant, whenPresent, given, plain)        \
+  F(name, Name, std::string, "name", required, always, given, plain)                             \
+  F(logoURL, LogoURL, std::optional<Url>, "logo", optional, whenPresent, given, plain)           \
+  F(transitionTimeInterval, TransitionTimeInterval, std::optional<double>, "transitionLeft",     \
+    custom, custom, given, plain)                                                                \
+  F(planIdentifier, PlanIdentifier, std::optional<std::string>, "paymentPlan", optional, custom, \
+    given, plain)                                                                                \
+  F(subscriptionStatus, SubscriptionStatus, std::optional<SubscriptionStatus>,                   \
+    "subscriptionStatus", tolerant, whenPresent, given, plain)
+  ORVANE_FIELDS(Organization, ORVANE_ORGANIZATION_FIELDS)
 
+ public:
   class Partial;
 
-  Organization(Passkey<Organization>, Identifier identifier, std::optional<Status> status,
-               std::string name, std::optional<Url> logoURL,
-               std::optional<double> transitionTimeInterval,
-               std::optional<std::string> planIdentifier,
-               std::optional<SubscriptionStatus> subscriptionStatus);
-
-  /// Stores the arguments unchanged; the interval is in seconds.
-  static Ref<Organization> make(std::optional<Status> status, std::string name,
-                                std::optional<Url> logoURL,
-                                std::optional<double> transitionTimeInterval,
-                                std::optional<std::string> planIdentifier,
-                                std::optional<SubscriptionStatus> subscriptionStatus,
-                                Identifier identifier = Identifier::local());
+  /// Stores the fields unchanged; the interval is in seconds.
+  static Ref<Organization> make(Fields fields);
   static Ref<Organization> decode(const Decoder& decoder);
   /// Writes everything but the identifier, so the result does not decode back on its own.
   void encode(Encoder& encoder) const;
-  void visitFields(FieldVisitor& v) const;
-
-  const Identifier& identifier() const { return identifier_; }
-  void setIdentifier(Identifier value) { identifier_ = std::move(value); }
-  std::optional<Status> status() const { return status_; }
-  void setStatus(std::optional<Status> value) { status_ = value; }
-  const std::string& name() const { return name_; }
-  void setName(std::string value) { name_ = std::move(value); }
-  const std::optional<Url>& logoURL() const { return logoURL_; }
-  void setLogoURL(std::optional<Url> value) { logoURL_ = std::move(value); }
-  /// Seconds; documents carry milliseconds.
-  std::optional<double> transitionTimeInterval() const { return transitionTimeInterval_; }
-  void setTransitionTimeInterval(std::optional<double> value) { transitionTimeInterval_ = value; }
-  const std::optional<std::string>& planIdentifier() const { return planIdentifier_; }
-  void setPlanIdentifier(std::optional<std::string> value) { planIdentifier_ = std::move(value); }
-  std::optional<SubscriptionStatus> subscriptionStatus() const { return subscriptionStatus_; }
-  void setSubscriptionStatus(std::optional<SubscriptionStatus> value) {
-    subscriptionStatus_ = value;
-  }
-
- private:
-  Identifier identifier_;
-  std::optional<Status> status_;
-  std::string name_;
-  std::optional<Url> logoURL_;
-  std::optional<double> transitionTimeInterval_;
-  std::optional<std::string> planIdentifier_;
-  std::optional<SubscriptionStatus> subscriptionStatus_;
 };
 
 /// The decode-only subset of an organization that partial documents carry; it has no status.
@@ -110,25 +78,8 @@ class Organization::Partial {
   std::optional<SubscriptionStatus> subscriptionStatus_;
 };
 
-template <>
-struct EnumTraits<Organization::Status> {
-  static constexpr std::string_view typeName = "Status";
-  static constexpr bool hasAllCases = false;
-  static constexpr std::array<EnumCase<Organization::Status>, 3> cases{{
-      {Organization::Status::active, "active", "active"},
-      {Organization::Status::suspended, "suspended", "suspended"},
-      {Organization::Status::deleted, "deleted", "deleted"},
-  }};
-};
-
-template <>
-struct EnumTraits<Organization::SubscriptionStatus> {
-  static constexpr std::string_view typeName = "SubscriptionStatus";
-  static constexpr bool hasAllCases = false;
-  static constexpr std::array<EnumCase<Organization::SubscriptionStatus>, 2> cases{{
-      {Organization::SubscriptionStatus::active, "active", "active"},
-      {Organization::SubscriptionStatus::pastDue, "past_due", "pastDue"},
-  }};
-};
+ORVANE_ENUM_TRAITS(Organization::Status, "Status", ORVANE_ORGANIZATION_STATUS, false)
+ORVANE_ENUM_TRAITS(Organization::SubscriptionStatus, "SubscriptionStatus",
+                   ORVANE_ORGANIZATION_SUBSCRIPTION_STATUS, false)
 
 }  // namespace orvane

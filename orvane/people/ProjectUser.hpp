@@ -6,9 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include <orvane/coding/Decoder.hpp>
-#include <orvane/coding/Encoder.hpp>
-#include <orvane/coding/FieldVisitor.hpp>
+#include <orvane/coding/Fields.hpp>
 #include <orvane/coding/RawEnum.hpp>
 #include <orvane/coding/Ref.hpp>
 #include <orvane/people/User+Partial.hpp>
@@ -23,43 +21,28 @@ class Project;
 class ProjectUser {
  public:
   /// A flat set of roles: no case ranks above another.
-  enum class Role { user, admin, owner, pawn, knight, rook, queen, king };
+#define ORVANE_PROJECT_USER_ROLE(C)                                                       \
+  C(user, "user")                                                                         \
+  C(admin, "admin") C(owner, "owner") C(pawn, "pawn") C(knight, "knight") C(rook, "rook") \
+      C(queen, "queen") C(king, "king")
+  ORVANE_ENUM(Role, ORVANE_PROJECT_USER_ROLE)
 
-  struct CodingKeys {
-    static constexpr std::string_view user = "user";
-    static constexpr std::string_view role = "role";
-    static constexpr std::string_view tags = "tags";
-  };
+  /// `project` is empty until a project takes this member, or once it is gone.
+#define ORVANE_PROJECT_USER_FIELDS(F)                                                          \
+  F(user, User, Ref<orvane::User>, "user", required, always, given, plain)                     \
+  F(role, Role, std::optional<Role>, "role", tolerant, whenPresent, given, plain)              \
+  F(tags, Tags, std::optional<std::vector<std::string>>, "tags", optional, whenPresent, given, \
+    plain)                                                                                     \
+  F(project, Project, WeakRef<orvane::Project>, none, none, never, none, backRef)
+  ORVANE_FIELDS(ProjectUser, ORVANE_PROJECT_USER_FIELDS)
 
+ public:
   class Partial;
 
-  ProjectUser(Passkey<ProjectUser>, Ref<User> user, std::optional<Role> role,
-              std::optional<std::vector<std::string>> tags)
-      : user_(std::move(user)), role_(role), tags_(std::move(tags)) {}
-
   /// `project` starts empty.
-  static Ref<ProjectUser> make(Ref<User> user, std::optional<Role> role,
-                               std::optional<std::vector<std::string>> tags);
+  static Ref<ProjectUser> make(Fields fields);
   static Ref<ProjectUser> decode(const Decoder& decoder);
   void encode(Encoder& encoder) const;
-  void visitFields(FieldVisitor& v) const;
-
-  const Ref<User>& user() const { return user_; }
-  void setUser(Ref<User> value) { user_ = std::move(value); }
-  std::optional<Role> role() const { return role_; }
-  void setRole(std::optional<Role> value) { role_ = value; }
-  const std::optional<std::vector<std::string>>& tags() const { return tags_; }
-  void setTags(std::optional<std::vector<std::string>> value) { tags_ = std::move(value); }
-  /// The project that holds this member; empty until a project takes it, or once it is gone.
-  Ref<Project> project() const { return project_.lock(); }
-  /// A null project means no value.
-  void setProject(const Ref<Project>& value) { project_ = value; }
-
- private:
-  Ref<User> user_;
-  std::optional<Role> role_;
-  std::optional<std::vector<std::string>> tags_;
-  WeakRef<Project> project_;
 };
 
 /// The decode-only subset of a member that partial project documents carry.
@@ -78,20 +61,6 @@ class ProjectUser::Partial {
   std::optional<Role> role_;
 };
 
-template <>
-struct EnumTraits<ProjectUser::Role> {
-  static constexpr std::string_view typeName = "Role";
-  static constexpr bool hasAllCases = true;
-  static constexpr std::array<EnumCase<ProjectUser::Role>, 8> cases{{
-      {ProjectUser::Role::user, "user", "user"},
-      {ProjectUser::Role::admin, "admin", "admin"},
-      {ProjectUser::Role::owner, "owner", "owner"},
-      {ProjectUser::Role::pawn, "pawn", "pawn"},
-      {ProjectUser::Role::knight, "knight", "knight"},
-      {ProjectUser::Role::rook, "rook", "rook"},
-      {ProjectUser::Role::queen, "queen", "queen"},
-      {ProjectUser::Role::king, "king", "king"},
-  }};
-};
+ORVANE_ENUM_TRAITS(ProjectUser::Role, "Role", ORVANE_PROJECT_USER_ROLE, true)
 
 }  // namespace orvane

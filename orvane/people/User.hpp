@@ -5,13 +5,11 @@
 #include <string>
 #include <string_view>
 
-#include <orvane/coding/Decoder.hpp>
-#include <orvane/coding/Encoder.hpp>
-#include <orvane/coding/FieldVisitor.hpp>
-#include <orvane/values/Identifier.hpp>
+#include <orvane/coding/Fields.hpp>
 #include <orvane/coding/RawEnum.hpp>
 #include <orvane/coding/Ref.hpp>
 #include <orvane/values/Date.hpp>
+#include <orvane/values/Identifier.hpp>
 #include <orvane/values/Url.hpp>
 
 namespace orvane {
@@ -20,233 +18,128 @@ namespace orvane {
 /// the records that refer to it; it refers to nothing.
 class User {
  public:
-  enum class Status { invited, registered, verified };
-  enum class SubscriptionStatus { active, pastDue };
-  /// One of sixty emoji avatars.
-  enum class Emotar {
-    sunglasses,
-    thinkingFace,
-    heartEyes,
-    grin,
-    sweatSmile,
-    whiteFrowningFace,
-    unamused,
-    upsideDownFace,
-    relieved,
-    nerdFace,
-    weary,
-    anguished,
-    faceWithRollingEyes,
-    scream,
-    smile,
-    smirk,
-    faceWithThermometer,
-    faceWithHeadBandage,
-    pandaFace,
-    newMoonWithFace,
-    tomato,
-    fullMoonWithFace,
-    tennis,
-    spaceInvader,
-    monkeyFace,
-    tophat,
-    lionFace,
-    fourLeafClover,
-    shit,
-    pigNose,
-    robotFace,
-    mouse,
-    mushroom,
-    penguin,
-    chestnut,
-    koala,
-    hamburger,
-    jackOLantern,
-    rabbit,
-    lollipop,
-    hamster,
-    lemon,
-    TV,
-    gift,
-    ghost,
-    frog,
-    eyes,
-    dart,
-    darkSunglasses,
-    chicken,
-    cookie,
-    grapes,
-    bear,
-    eggplant,
-    alien,
-    octopus,
-    bread,
-    dog,
-    meatOnBone,
-    pizza
-  };
+#define ORVANE_USER_STATUS(C) \
+  C(invited, "invited") C(registered, "registered") C(verified, "verified")
+  ORVANE_ENUM(Status, ORVANE_USER_STATUS)
+#define ORVANE_USER_SUBSCRIPTION_STATUS(C) C(active, "active") C(pastDue, "past_due")
+  ORVANE_ENUM(SubscriptionStatus, ORVANE_USER_SUBSCRIPTION_STATUS)
+  /// One of sixty emoji avatars: its case, its raw value and the emoji it shows.
+#define ORVANE_USER_EMOTAR(C)                                         \
+  C(sunglasses, "sunglasses", "\U0001F60E")                           \
+  C(thinkingFace, "thinking_face", "\U0001F914")                      \
+  C(heartEyes, "heart_eyes", "\U0001F60D")                            \
+  C(grin, "grin", "\U0001F601")                                       \
+  C(sweatSmile, "sweat_smile", "\U0001F605")                          \
+  C(whiteFrowningFace, "white_frowning_face", "\U00002639\U0000FE0F") \
+  C(unamused, "unamused", "\U0001F612")                               \
+  C(upsideDownFace, "upside_down_face", "\U0001F643")                 \
+  C(relieved, "relieved", "\U0001F60C")                               \
+  C(nerdFace, "nerd_face", "\U0001F913")                              \
+  C(weary, "weary", "\U0001F629")                                     \
+  C(anguished, "anguished", "\U0001F627")                             \
+  C(faceWithRollingEyes, "face_with_rolling_eyes", "\U0001F644")      \
+  C(scream, "scream", "\U0001F631")                                   \
+  C(smile, "smile", "\U0001F604")                                     \
+  C(smirk, "smirk", "\U0001F60F")                                     \
+  C(faceWithThermometer, "face_with_thermometer", "\U0001F912")       \
+  C(faceWithHeadBandage, "face_with_head_bandage", "\U0001F915")      \
+  C(pandaFace, "panda_face", "\U0001F43C")                            \
+  C(newMoonWithFace, "new_moon_with_face", "\U0001F31A")              \
+  C(tomato, "tomato", "\U0001F345")                                   \
+  C(fullMoonWithFace, "full_moon_with_face", "\U0001F31D")            \
+  C(tennis, "tennis", "\U0001F3BE")                                   \
+  C(spaceInvader, "space_invader", "\U0001F47E")                      \
+  C(monkeyFace, "monkey_face", "\U0001F435")                          \
+  C(tophat, "tophat", "\U0001F3A9")                                   \
+  C(lionFace, "lion_face", "\U0001F981")                              \
+  C(fourLeafClover, "four_leaf_clover", "\U0001F340")                 \
+  C(shit, "shit", "\U0001F4A9")                                       \
+  C(pigNose, "pig_nose", "\U0001F43D")                                \
+  C(robotFace, "robot_face", "\U0001F916")                            \
+  C(mouse, "mouse", "\U0001F42D")                                     \
+  C(mushroom, "mushroom", "\U0001F344")                               \
+  C(penguin, "penguin", "\U0001F427")                                 \
+  C(chestnut, "chestnut", "\U0001F330")                               \
+  C(koala, "koala", "\U0001F428")                                     \
+  C(hamburger, "hamburger", "\U0001F354")                             \
+  C(jackOLantern, "jack_o_lantern", "\U0001F383")                     \
+  C(rabbit, "rabbit", "\U0001F430")                                   \
+  C(lollipop, "lollipop", "\U0001F36D")                               \
+  C(hamster, "hamster", "\U0001F439")                                 \
+  C(lemon, "lemon", "\U0001F34B")                                     \
+  C(TV, "TV", "\U0001F4FA")                                           \
+  C(gift, "gift", "\U0001F381")                                       \
+  C(ghost, "ghost", "\U0001F47B")                                     \
+  C(frog, "frog", "\U0001F438")                                       \
+  C(eyes, "eyes", "\U0001F440")                                       \
+  C(dart, "dart", "\U0001F3AF")                                       \
+  C(darkSunglasses, "dark_sunglasses", "\U0001F576")                  \
+  C(chicken, "chicken", "\U0001F414")                                 \
+  C(cookie, "cookie", "\U0001F36A")                                   \
+  C(grapes, "grapes", "\U0001F347")                                   \
+  C(bear, "bear", "\U0001F43B")                                       \
+  C(eggplant, "eggplant", "\U0001F346")                               \
+  C(alien, "alien", "\U0001F47D")                                     \
+  C(octopus, "octopus", "\U0001F419")                                 \
+  C(bread, "bread", "\U0001F35E")                                     \
+  C(dog, "dog", "\U0001F436")                                         \
+  C(meatOnBone, "meat_on_bone", "\U0001F356")                         \
+  C(pizza, "pizza", "\U0001F355")
+#define ORVANE_USER_EMOTAR_CASE(name, raw, emoji) name,
+  enum class Emotar { ORVANE_USER_EMOTAR(ORVANE_USER_EMOTAR_CASE) };
 
-  struct CodingKeys {
-    static constexpr std::string_view identifier = "_id";
-    static constexpr std::string_view email = "email";
-    static constexpr std::string_view username = "username";
-    static constexpr std::string_view emotar = "emotar";
-    static constexpr std::string_view avatarURL = "avatar";
-    static constexpr std::string_view token = "token";
-    static constexpr std::string_view status = "status";
-    static constexpr std::string_view planIdentifier = "paymentPlan";
-    static constexpr std::string_view notificationLastReadDate = "notificationLastReadTime";
-    static constexpr std::string_view subscriptionStatus = "subscriptionStatus";
-  };
+  /// `handle` shows in listings.
+#define ORVANE_USER_FIELDS(F)                                                                 \
+  F(identifier, Identifier, Identifier, "_id", required, unlessLocal, localId, plain)         \
+  F(email, Email, std::string, "email", required, always, given, plain)                       \
+  F(username, Username, std::optional<std::string>, "username", optional, whenPresent, given, \
+    plain)                                                                                    \
+  F(emotar, Emotar, std::optional<Emotar>, "emotar", tolerant, whenPresent, given, plain)     \
+  F(avatarURL, AvatarURL, std::optional<Url>, "avatar", optional, whenPresent, given, plain)  \
+  F(token, Token, std::optional<std::string>, "token", optional, whenPresent, given, plain)   \
+  F(status, Status, std::optional<Status>, "status", tolerant, whenPresent, given, plain)     \
+  F(planIdentifier, PlanIdentifier, std::optional<std::string>, "paymentPlan", optional,      \
+    whenPresent, given, plain)                                                                \
+  F(notificationLastReadDate, NotificationLastReadDate, std::optional<Date>,                  \
+    "notificationLastReadTime", optional, whenPresent, given, plain)                          \
+  F(subscriptionStatus, SubscriptionStatus, std::optional<SubscriptionStatus>,                \
+    "subscriptionStatus", tolerant, whenPresent, given, plain)                                \
+  F(handle, Handle, std::string, none, none, never, none, own)
+  ORVANE_FIELDS(User, ORVANE_USER_FIELDS)
 
+ public:
   class Partial;
 
-  User(Passkey<User>, Identifier identifier, std::string email, std::optional<std::string> username,
-       std::optional<Emotar> emotar, std::optional<Url> avatarURL, std::optional<std::string> token,
-       std::optional<Status> status, std::optional<std::string> planIdentifier,
-       std::optional<Date> notificationLastReadDate,
-       std::optional<SubscriptionStatus> subscriptionStatus);
-
-  static Ref<User> make(std::string email, std::optional<std::string> username,
-                        std::optional<Emotar> emotar, std::optional<Url> avatarURL,
-                        std::optional<std::string> token, std::optional<Status> status,
-                        std::optional<std::string> planIdentifier,
-                        std::optional<Date> notificationLastReadDate,
-                        std::optional<SubscriptionStatus> subscriptionStatus,
-                        Identifier identifier = Identifier::local());
+  static Ref<User> make(Fields fields);
   static Ref<User> decode(const Decoder& decoder);
   void encode(Encoder& encoder) const;
-  void visitFields(FieldVisitor& v) const;
-
-  const Identifier& identifier() const { return identifier_; }
-  void setIdentifier(Identifier value) { identifier_ = std::move(value); }
-  const std::string& email() const { return email_; }
-  void setEmail(std::string value) { email_ = std::move(value); }
-  const std::optional<std::string>& username() const { return username_; }
-  void setUsername(std::optional<std::string> value) { username_ = std::move(value); }
-  std::optional<Emotar> emotar() const { return emotar_; }
-  void setEmotar(std::optional<Emotar> value) { emotar_ = value; }
-  const std::optional<Url>& avatarURL() const { return avatarURL_; }
-  void setAvatarURL(std::optional<Url> value) { avatarURL_ = std::move(value); }
-  const std::optional<std::string>& token() const { return token_; }
-  void setToken(std::optional<std::string> value) { token_ = std::move(value); }
-  std::optional<Status> status() const { return status_; }
-  void setStatus(std::optional<Status> value) { status_ = value; }
-  const std::optional<std::string>& planIdentifier() const { return planIdentifier_; }
-  void setPlanIdentifier(std::optional<std::string> value) { planIdentifier_ = std::move(value); }
-  std::optional<Date> notificationLastReadDate() const { return notificationLastReadDate_; }
-  void setNotificationLastReadDate(std::optional<Date> value) { notificationLastReadDate_ = value; }
-  std::optional<SubscriptionStatus> subscriptionStatus() const { return subscriptionStatus_; }
-  void setSubscriptionStatus(std::optional<SubscriptionStatus> value) {
-    subscriptionStatus_ = value;
-  }
 
   /// The user name when there is one (even empty), otherwise the e-mail address.
-  const std::string& handle() const { return username_ ? *username_ : email_; }
-
- private:
-  Identifier identifier_;
-  std::string email_;
-  std::optional<std::string> username_;
-  std::optional<Emotar> emotar_;
-  std::optional<Url> avatarURL_;
-  std::optional<std::string> token_;
-  std::optional<Status> status_;
-  std::optional<std::string> planIdentifier_;
-  std::optional<Date> notificationLastReadDate_;
-  std::optional<SubscriptionStatus> subscriptionStatus_;
+  const std::string& handle() const {
+    return username_ ? *username_ : email_;
+  }
 };
 
 /// The emoji an emotar shows: two UTF-16 code units each.
 std::string_view emoji(User::Emotar emotar);
 
-template <>
-struct EnumTraits<User::Status> {
-  static constexpr std::string_view typeName = "Status";
-  static constexpr bool hasAllCases = true;
-  static constexpr std::array<EnumCase<User::Status>, 3> cases{{
-      {User::Status::invited, "invited", "invited"},
-      {User::Status::registered, "registered", "registered"},
-      {User::Status::verified, "verified", "verified"},
-  }};
-};
+ORVANE_ENUM_TRAITS(User::Status, "Status", ORVANE_USER_STATUS, true)
+ORVANE_ENUM_TRAITS(User::SubscriptionStatus, "SubscriptionStatus", ORVANE_USER_SUBSCRIPTION_STATUS,
+                   false)
 
-template <>
-struct EnumTraits<User::SubscriptionStatus> {
-  static constexpr std::string_view typeName = "SubscriptionStatus";
-  static constexpr bool hasAllCases = false;
-  static constexpr std::array<EnumCase<User::SubscriptionStatus>, 2> cases{{
-      {User::SubscriptionStatus::active, "active", "active"},
-      {User::SubscriptionStatus::pastDue, "past_due", "pastDue"},
-  }};
-};
-
+// The emotar's table has a third column, so its traits are spelled out: `emoji` is generated
+// from the same list as `cases`.
+#define ORVANE_USER_EMOTAR_TRAITS_CASE(name, raw, emoji) {Enum::name, raw, #name},
+#define ORVANE_USER_EMOTAR_EMOJI(name, raw, emoji) emoji,
 template <>
 struct EnumTraits<User::Emotar> {
+  using Enum = User::Emotar;
   static constexpr std::string_view typeName = "Emotar";
   static constexpr bool hasAllCases = true;
-  static constexpr std::array<EnumCase<User::Emotar>, 60> cases{{
-      {User::Emotar::sunglasses, "sunglasses", "sunglasses"},
-      {User::Emotar::thinkingFace, "thinking_face", "thinkingFace"},
-      {User::Emotar::heartEyes, "heart_eyes", "heartEyes"},
-      {User::Emotar::grin, "grin", "grin"},
-      {User::Emotar::sweatSmile, "sweat_smile", "sweatSmile"},
-      {User::Emotar::whiteFrowningFace, "white_frowning_face", "whiteFrowningFace"},
-      {User::Emotar::unamused, "unamused", "unamused"},
-      {User::Emotar::upsideDownFace, "upside_down_face", "upsideDownFace"},
-      {User::Emotar::relieved, "relieved", "relieved"},
-      {User::Emotar::nerdFace, "nerd_face", "nerdFace"},
-      {User::Emotar::weary, "weary", "weary"},
-      {User::Emotar::anguished, "anguished", "anguished"},
-      {User::Emotar::faceWithRollingEyes, "face_with_rolling_eyes", "faceWithRollingEyes"},
-      {User::Emotar::scream, "scream", "scream"},
-      {User::Emotar::smile, "smile", "smile"},
-      {User::Emotar::smirk, "smirk", "smirk"},
-      {User::Emotar::faceWithThermometer, "face_with_thermometer", "faceWithThermometer"},
-      {User::Emotar::faceWithHeadBandage, "face_with_head_bandage", "faceWithHeadBandage"},
-      {User::Emotar::pandaFace, "panda_face", "pandaFace"},
-      {User::Emotar::newMoonWithFace, "new_moon_with_face", "newMoonWithFace"},
-      {User::Emotar::tomato, "tomato", "tomato"},
-      {User::Emotar::fullMoonWithFace, "full_moon_with_face", "fullMoonWithFace"},
-      {User::Emotar::tennis, "tennis", "tennis"},
-      {User::Emotar::spaceInvader, "space_invader", "spaceInvader"},
-      {User::Emotar::monkeyFace, "monkey_face", "monkeyFace"},
-      {User::Emotar::tophat, "tophat", "tophat"},
-      {User::Emotar::lionFace, "lion_face", "lionFace"},
-      {User::Emotar::fourLeafClover, "four_leaf_clover", "fourLeafClover"},
-      {User::Emotar::shit, "shit", "shit"},
-      {User::Emotar::pigNose, "pig_nose", "pigNose"},
-      {User::Emotar::robotFace, "robot_face", "robotFace"},
-      {User::Emotar::mouse, "mouse", "mouse"},
-      {User::Emotar::mushroom, "mushroom", "mushroom"},
-      {User::Emotar::penguin, "penguin", "penguin"},
-      {User::Emotar::chestnut, "chestnut", "chestnut"},
-      {User::Emotar::koala, "koala", "koala"},
-      {User::Emotar::hamburger, "hamburger", "hamburger"},
-      {User::Emotar::jackOLantern, "jack_o_lantern", "jackOLantern"},
-      {User::Emotar::rabbit, "rabbit", "rabbit"},
-      {User::Emotar::lollipop, "lollipop", "lollipop"},
-      {User::Emotar::hamster, "hamster", "hamster"},
-      {User::Emotar::lemon, "lemon", "lemon"},
-      {User::Emotar::TV, "TV", "TV"},
-      {User::Emotar::gift, "gift", "gift"},
-      {User::Emotar::ghost, "ghost", "ghost"},
-      {User::Emotar::frog, "frog", "frog"},
-      {User::Emotar::eyes, "eyes", "eyes"},
-      {User::Emotar::dart, "dart", "dart"},
-      {User::Emotar::darkSunglasses, "dark_sunglasses", "darkSunglasses"},
-      {User::Emotar::chicken, "chicken", "chicken"},
-      {User::Emotar::cookie, "cookie", "cookie"},
-      {User::Emotar::grapes, "grapes", "grapes"},
-      {User::Emotar::bear, "bear", "bear"},
-      {User::Emotar::eggplant, "eggplant", "eggplant"},
-      {User::Emotar::alien, "alien", "alien"},
-      {User::Emotar::octopus, "octopus", "octopus"},
-      {User::Emotar::bread, "bread", "bread"},
-      {User::Emotar::dog, "dog", "dog"},
-      {User::Emotar::meatOnBone, "meat_on_bone", "meatOnBone"},
-      {User::Emotar::pizza, "pizza", "pizza"},
-  }};
+  static constexpr auto cases =
+      std::to_array<EnumCase<Enum>>({ORVANE_USER_EMOTAR(ORVANE_USER_EMOTAR_TRAITS_CASE)});
+  static constexpr auto emoji =
+      std::to_array<std::string_view>({ORVANE_USER_EMOTAR(ORVANE_USER_EMOTAR_EMOJI)});
 };
 
 }  // namespace orvane

@@ -2,9 +2,9 @@
 
 #include <orvane/project/ComponentSection.hpp>
 
-#include <orvane/project/Project.hpp>
-#include <orvane/internal/MakeRef.hpp>
 #include <orvane/internal/FatalError.hpp>
+#include <orvane/internal/MakeRef.hpp>
+#include <orvane/project/Project.hpp>
 
 namespace orvane {
 
@@ -12,21 +12,22 @@ namespace {
 constexpr std::string_view kSourceFile = "Sources/Component";
 }  // namespace
 
-Ref<Component> Component::make(Identifier identifier, std::string name, std::string description,
-                               Ref<Version> latestVersion,
-                               std::optional<Identifier> sourceIdentifier,
-                               std::optional<std::vector<std::string>> tags,
-                               std::optional<std::vector<Ref<Version>>> versions) {
-  auto component = makeRef<Component>(
-      Passkey<Component>{}, Fields{std::move(identifier), std::move(name), std::move(description),
-                                   std::move(latestVersion), std::move(sourceIdentifier),
-                                   std::move(tags), std::move(versions)});
+Ref<Component> Component::make(Fields fields) {
+  auto component = makeRef<Component>(Passkey<Component>{});
+  component->storeFields({.identifier = detail::take(fields.identifier),
+                          .name = detail::take(fields.name),
+                          .description = detail::take(fields.description),
+                          .latestVersion = detail::take(fields.latestVersion),
+                          .sourceIdentifier = detail::take(fields.sourceIdentifier),
+                          .tags = detail::take(fields.tags),
+                          .versions = detail::take(fields.versions)});
   component->wireVersions();
   return component;
 }
 
 Ref<Component> Component::decode(const Decoder& decoder) {
-  auto component = makeRef<Component>(Passkey<Component>{}, decodeFields(decoder));
+  auto component = makeRef<Component>(Passkey<Component>{});
+  component->decodeFields(decoder, decoder.container());
   component->wireVersions();
   return component;
 }
@@ -58,10 +59,10 @@ std::optional<std::string> Component::versionsPathIfAvailable() const {
   return "projects/" + std::string(owner->identifier().rawValue()) + "/" + *path + "/versions";
 }
 
-void Component::visitFields(FieldVisitor& v) const {
-  visitCollectionFields(v);
-  v.field("section", section_);
-  visitPaths(v);
+void Component::visitFields(FieldVisitor& visitor) const {
+  visitCollectionFields(visitor);
+  ORVANE_COMPONENT_FIELDS(ORVANE_FIELD_VISIT)
+  visitPaths(visitor);
 }
 
 Component::Partial Component::Partial::decode(const Decoder& decoder) {

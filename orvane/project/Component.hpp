@@ -17,13 +17,25 @@ class Component : public VersionCollection {
  public:
   class Partial;
 
-  Component(Passkey<Component>, Fields fields) : VersionCollection(std::move(fields)) {}
+  /// `section` is set by the component section holding this component.
+#define ORVANE_COMPONENT_FIELDS(F) \
+  F(section, Section, WeakRef<ComponentSection>, none, none, never, none, backRef)
 
-  /// Every argument must be passed, the identifier and description included.
-  static Ref<Component> make(Identifier identifier, std::string name, std::string description,
-                             Ref<Version> latestVersion, std::optional<Identifier> sourceIdentifier,
-                             std::optional<std::vector<std::string>> tags,
-                             std::optional<std::vector<Ref<Version>>> versions);
+  /// What `make` takes: the collection's fields, none with a default. Written out because
+  /// designated initializers cannot reach a base's members.
+  struct Fields {
+    Required<Identifier> identifier;
+    Required<std::string> name;
+    Required<std::string> description;
+    Required<Ref<Version>> latestVersion;
+    Required<std::optional<Identifier>> sourceIdentifier;
+    Required<std::optional<std::vector<std::string>>> tags;
+    Required<std::optional<std::vector<Ref<Version>>>> versions;
+  };
+
+  explicit Component(Passkey<Component>) {}
+
+  static Ref<Component> make(Fields fields);
   static Ref<Component> decode(const Decoder& decoder);
   void visitFields(FieldVisitor& v) const override;
 
@@ -35,12 +47,10 @@ class Component : public VersionCollection {
   std::optional<std::string> pathComponentIfAvailable() const override;
   std::optional<std::string> versionsPathIfAvailable() const override;
 
-  /// The component section holding this component; set by it, empty once it is gone.
-  Ref<ComponentSection> section() const { return section_.lock(); }
-  void setSection(const Ref<ComponentSection>& value) { section_ = value; }
+  ORVANE_COMPONENT_FIELDS(ORVANE_FIELD_ACCESSORS)
 
  private:
-  WeakRef<ComponentSection> section_;
+  ORVANE_COMPONENT_FIELDS(ORVANE_FIELD_MEMBER)
 };
 
 /// The decode-only subset of a component; every member optional, nothing wired.

@@ -1,9 +1,9 @@
 #include <orvane/project/ComponentSection.hpp>
 
-#include <orvane/project/Project.hpp>
-#include <orvane/internal/MakeRef.hpp>
-#include <orvane/internal/FatalError.hpp>
 #include <orvane/internal/ChainLoopCheck.hpp>
+#include <orvane/internal/FatalError.hpp>
+#include <orvane/internal/MakeRef.hpp>
+#include <orvane/project/Project.hpp>
 
 namespace orvane {
 
@@ -33,42 +33,27 @@ class ComponentSection::Visit {
   ComponentSection& section_;
 };
 
-Ref<ComponentSection> ComponentSection::make(
-    std::string name, std::optional<std::string> description,
-    std::optional<std::vector<Ref<ComponentSection>>> sections,
-    std::optional<std::vector<Ref<Component>>> components, Identifier identifier) {
-  auto section =
-      makeRef<ComponentSection>(Passkey<ComponentSection>{}, std::move(identifier), std::move(name),
-                                std::move(description), std::move(sections), std::move(components));
+ORVANE_FIELDS_DEFINE(ComponentSection, ORVANE_COMPONENT_SECTION_FIELDS)
+
+Ref<ComponentSection> ComponentSection::make(Fields fields) {
+  auto section = makeRef<ComponentSection>(Passkey<ComponentSection>{});
+  section->storeFields(std::move(fields));
   section->wireSections(false);
   section->wireComponents(false);
   return section;
 }
 
 Ref<ComponentSection> ComponentSection::decode(const Decoder& decoder) {
-  using K = CodingKeys;
-  auto c = decoder.container();
-  auto identifier = c.decode<Identifier>(K::identifier);
-  auto name = c.decodeString(K::name);
-  auto description = c.decodeStringIfPresent(K::description);
-  auto sections = c.decodeIfPresent<std::vector<Ref<ComponentSection>>>(K::sections);
-  auto components = c.decodeIfPresent<std::vector<Ref<Component>>>(K::components);
-  auto section =
-      makeRef<ComponentSection>(Passkey<ComponentSection>{}, std::move(identifier), std::move(name),
-                                std::move(description), std::move(sections), std::move(components));
+  auto section = makeRef<ComponentSection>(Passkey<ComponentSection>{});
+  section->decodeFields(decoder, decoder.container());
   section->wireSections(false);
   section->wireComponents(false);
   return section;
 }
 
 void ComponentSection::encode(Encoder& encoder) const {
-  using K = CodingKeys;
   auto c = encoder.container();
-  if (!identifier_.isLocal()) c.encode(K::identifier, identifier_);
-  c.encode(K::name, name_);
-  c.encodeIfPresent(K::description, description_);
-  c.encodeIfPresent(K::sections, sections_);
-  c.encodeIfPresent(K::components, components_);
+  encodeFields(c);
 }
 
 std::string ComponentSection::identifierPathComponent() const {
@@ -132,17 +117,6 @@ void ComponentSection::wireComponents(bool passProject) {
     component->setSection(self);
     if (passProject) component->setProject(owner);
   }
-}
-
-void ComponentSection::visitFields(FieldVisitor& v) const {
-  v.field("identifier", identifier_);
-  v.field("name", name_);
-  v.field("description", description_);
-  v.field("sections", sections_);
-  v.field("components", components_);
-  v.field("project", project_);
-  v.field("parent", parent_);
-  v.field("identifierPathComponent", identifierPathComponent());
 }
 
 ComponentSection::Partial ComponentSection::Partial::decode(const Decoder& decoder) {

@@ -1,23 +1,21 @@
 #include <orvane/project/Screen.hpp>
 
-#include <orvane/project/Project.hpp>
-#include <orvane/internal/MakeRef.hpp>
 #include <orvane/internal/FatalError.hpp>
+#include <orvane/internal/MakeRef.hpp>
+#include <orvane/project/Project.hpp>
 
 namespace orvane {
 
-Ref<Screen> Screen::make(std::string name, Ref<Version> latestVersion,
-                         std::optional<Identifier> sourceIdentifier,
-                         std::optional<std::vector<std::string>> tags,
-                         std::optional<std::vector<Ref<Version>>> versions,
-                         std::optional<std::vector<Ref<Dot>>> dots, Identifier identifier,
-                         std::string description) {
-  auto screen = makeRef<Screen>(
-      Passkey<Screen>{},
-      Fields{std::move(identifier), std::move(name), std::move(description),
-             std::move(latestVersion), std::move(sourceIdentifier), std::move(tags),
-             std::move(versions)},
-      std::move(dots));
+Ref<Screen> Screen::make(Fields fields) {
+  auto screen = makeRef<Screen>(Passkey<Screen>{});
+  screen->storeFields({.identifier = std::move(fields.identifier),
+                       .name = detail::take(fields.name),
+                       .description = std::move(fields.description),
+                       .latestVersion = detail::take(fields.latestVersion),
+                       .sourceIdentifier = detail::take(fields.sourceIdentifier),
+                       .tags = detail::take(fields.tags),
+                       .versions = detail::take(fields.versions)});
+  screen->dots_ = detail::take(fields.dots);
   screen->wireVersions();
   screen->wireDots();
   return screen;
@@ -25,17 +23,25 @@ Ref<Screen> Screen::make(std::string name, Ref<Version> latestVersion,
 
 Ref<Screen> Screen::decode(const Decoder& decoder) {
   // The screen's own object first: a document that is no object fails before anything is read.
-  auto own = decoder.container();
-  auto fields = decodeFields(decoder);
-  auto dots = own.decodeIfPresent<std::vector<Ref<Dot>>>(ScreenCodingKeys::dots);
-  auto screen = makeRef<Screen>(Passkey<Screen>{}, std::move(fields), std::move(dots));
+  auto c = decoder.container();
+  auto screen = makeRef<Screen>(Passkey<Screen>{});
+  screen->decodeFields(decoder, decoder.container());
+  screen->decodeScreenFields(decoder, c);
   screen->wireVersions();
   screen->wireDots();
   return screen;
 }
 
+void Screen::decodeScreenFields([[maybe_unused]] const Decoder& decoder,
+                                const KeyedDecodingContainer& c) {
+  ORVANE_SCREEN_FIELDS(ORVANE_FIELD_READ)
+}
+
 void Screen::encode(Encoder& encoder) const {
-  encoder.container().encodeIfPresent(ScreenCodingKeys::dots, dots_);
+  {
+    auto c = encoder.container();
+    ORVANE_SCREEN_FIELDS(ORVANE_FIELD_WRITE)
+  }
   VersionCollection::encode(encoder);
 }
 
@@ -72,10 +78,10 @@ void Screen::wireDots() {
   }
 }
 
-void Screen::visitFields(FieldVisitor& v) const {
-  visitCollectionFields(v);
-  v.field("dots", dots_);
-  visitPaths(v);
+void Screen::visitFields(FieldVisitor& visitor) const {
+  visitCollectionFields(visitor);
+  ORVANE_SCREEN_FIELDS(ORVANE_FIELD_VISIT)
+  visitPaths(visitor);
 }
 
 Screen::Partial Screen::Partial::decode(const Decoder& decoder) {

@@ -18,16 +18,29 @@ class Screen : public VersionCollection {
  public:
   class Partial;
 
-  Screen(Passkey<Screen>, Fields fields, std::optional<std::vector<Ref<Dot>>> dots)
-      : VersionCollection(std::move(fields)), dots_(std::move(dots)) {}
+  /// `setDots` points every dot back here; removed dots keep theirs.
+#define ORVANE_SCREEN_FIELDS(F) \
+  F(dots, Dots, std::optional<std::vector<Ref<Dot>>>, "dots", optional, whenPresent, none, observed)
 
-  static Ref<Screen> make(std::string name, Ref<Version> latestVersion,
-                          std::optional<Identifier> sourceIdentifier,
-                          std::optional<std::vector<std::string>> tags,
-                          std::optional<std::vector<Ref<Version>>> versions,
-                          std::optional<std::vector<Ref<Dot>>> dots,
-                          Identifier identifier = Identifier::local(),
-                          std::string description = {});
+  struct CodingKeys : VersionCollection::CodingKeys {
+    ORVANE_SCREEN_FIELDS(ORVANE_FIELD_KEY)
+  };
+  /// What `make` takes: the collection's fields, then the dots. Written out because designated
+  /// initializers cannot reach a base's members.
+  struct Fields {
+    Identifier identifier = Identifier::local();
+    Required<std::string> name;
+    std::string description{};
+    Required<Ref<Version>> latestVersion;
+    Required<std::optional<Identifier>> sourceIdentifier;
+    Required<std::optional<std::vector<std::string>>> tags;
+    Required<std::optional<std::vector<Ref<Version>>>> versions;
+    Required<std::optional<std::vector<Ref<Dot>>>> dots;
+  };
+
+  explicit Screen(Passkey<Screen>) {}
+
+  static Ref<Screen> make(Fields fields);
   static Ref<Screen> decode(const Decoder& decoder);
   /// Writes "dots" (when present) before the collection's members, in one object.
   void encode(Encoder& encoder) const override;
@@ -40,9 +53,7 @@ class Screen : public VersionCollection {
   std::optional<std::string> pathComponentIfAvailable() const override;
   std::optional<std::string> versionsPathIfAvailable() const override;
 
-  const std::optional<std::vector<Ref<Dot>>>& dots() const { return dots_; }
-  /// Stores the list and points every dot back here; removed dots keep theirs.
-  void setDots(std::optional<std::vector<Ref<Dot>>> value);
+  ORVANE_SCREEN_FIELDS(ORVANE_FIELD_ACCESSORS)
   /// Changes the list in place, then wires it as an assignment would.
   template <class Fn>
   void editDots(Fn&& fn) {
@@ -51,13 +62,10 @@ class Screen : public VersionCollection {
   }
 
  private:
-  struct ScreenCodingKeys {
-    static constexpr std::string_view dots = "dots";
-  };
-
+  void decodeScreenFields(const Decoder& decoder, const KeyedDecodingContainer& c);
   void wireDots();
 
-  std::optional<std::vector<Ref<Dot>>> dots_;
+  ORVANE_SCREEN_FIELDS(ORVANE_FIELD_MEMBER)
 };
 
 /// The decode-only subset of a screen; every member optional, nothing wired.

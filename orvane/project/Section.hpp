@@ -6,11 +6,9 @@
 #include <string_view>
 #include <vector>
 
-#include <orvane/coding/Decoder.hpp>
-#include <orvane/coding/Encoder.hpp>
-#include <orvane/coding/FieldVisitor.hpp>
-#include <orvane/values/Identifier.hpp>
+#include <orvane/coding/Fields.hpp>
 #include <orvane/coding/Ref.hpp>
+#include <orvane/values/Identifier.hpp>
 
 namespace orvane {
 
@@ -19,50 +17,23 @@ class Project;
 /// Names its screens by identifier; the project resolves them. Refers weakly to its project.
 class Section {
  public:
-  struct CodingKeys {
-    static constexpr std::string_view identifier = "_id";
-    static constexpr std::string_view name = "name";
-    static constexpr std::string_view description = "description";
-    static constexpr std::string_view screenIdentifiers = "screens";
-  };
+#define ORVANE_SECTION_FIELDS(F)                                                                \
+  F(identifier, Identifier, Identifier, "_id", required, unlessLocal, localId, plain)           \
+  F(name, Name, std::string, "name", required, always, given, plain)                            \
+  F(description, Description, std::optional<std::string>, "description", optional, whenPresent, \
+    given, plain)                                                                               \
+  F(screenIdentifiers, ScreenIdentifiers, std::vector<Identifier>, "screens", required, always, \
+    given, plain)                                                                               \
+  F(project, Project, WeakRef<orvane::Project>, none, none, never, none, backRef)
+  ORVANE_FIELDS(Section, ORVANE_SECTION_FIELDS)
 
+ public:
   class Partial;
 
-  Section(Passkey<Section>, Identifier identifier, std::string name,
-          std::optional<std::string> description, std::vector<Identifier> screenIdentifiers)
-      : identifier_(std::move(identifier)),
-        name_(std::move(name)),
-        description_(std::move(description)),
-        screenIdentifiers_(std::move(screenIdentifiers)) {}
-
-  static Ref<Section> make(std::string name, std::optional<std::string> description,
-                           std::vector<Identifier> screenIdentifiers,
-                           Identifier identifier = Identifier::local());
+  static Ref<Section> make(Fields fields);
   static Ref<Section> decode(const Decoder& decoder);
   /// Writes "_id" only for an identifier the service assigned (not a local one).
   void encode(Encoder& encoder) const;
-  void visitFields(FieldVisitor& v) const;
-
-  const Identifier& identifier() const { return identifier_; }
-  void setIdentifier(Identifier value) { identifier_ = std::move(value); }
-  const std::string& name() const { return name_; }
-  void setName(std::string value) { name_ = std::move(value); }
-  const std::optional<std::string>& description() const { return description_; }
-  void setDescription(std::optional<std::string> value) { description_ = std::move(value); }
-  const std::vector<Identifier>& screenIdentifiers() const { return screenIdentifiers_; }
-  void setScreenIdentifiers(std::vector<Identifier> value) {
-    screenIdentifiers_ = std::move(value);
-  }
-  /// The owning project; set by it, empty once it is gone.
-  Ref<Project> project() const { return project_.lock(); }
-  void setProject(const Ref<Project>& value) { project_ = value; }
-
- private:
-  Identifier identifier_;
-  std::string name_;
-  std::optional<std::string> description_;
-  std::vector<Identifier> screenIdentifiers_;
-  WeakRef<Project> project_;
 };
 
 /// What the decode-only forms of a section and a component section hold: "_id", "name" and

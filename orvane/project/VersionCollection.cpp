@@ -1,8 +1,8 @@
 #include <orvane/project/VersionCollection.hpp>
 
-#include <orvane/project/Project.hpp>
-#include <orvane/internal/MakeRef.hpp>
 #include <orvane/internal/FatalError.hpp>
+#include <orvane/internal/MakeRef.hpp>
+#include <orvane/project/Project.hpp>
 
 namespace orvane {
 
@@ -10,63 +10,52 @@ namespace {
 constexpr std::string_view kSourceFile = "Sources/VersionCollection";
 }  // namespace
 
-VersionCollection::VersionCollection(Fields fields)
-    : identifier_(std::move(fields.identifier)),
-      name_(std::move(fields.name)),
-      description_(std::move(fields.description)),
-      latestVersion_(std::move(fields.latestVersion)),
-      sourceIdentifier_(std::move(fields.sourceIdentifier)),
-      tags_(std::move(fields.tags)),
-      versions_(std::move(fields.versions)) {}
-
 VersionCollection::~VersionCollection() = default;
 
-Ref<VersionCollection> VersionCollection::make(std::string name, Ref<Version> latestVersion,
-                                               std::optional<Identifier> sourceIdentifier,
-                                               std::optional<std::vector<std::string>> tags,
-                                               std::optional<std::vector<Ref<Version>>> versions,
-                                               Identifier identifier, std::string description) {
-  auto collection = makeRef<VersionCollection>(
-      Passkey<VersionCollection>{},
-      Fields{std::move(identifier), std::move(name), std::move(description),
-             std::move(latestVersion), std::move(sourceIdentifier), std::move(tags),
-             std::move(versions)});
+Ref<VersionCollection> VersionCollection::make(Fields fields) {
+  auto collection = makeRef<VersionCollection>(Passkey<VersionCollection>{});
+  collection->storeFields(std::move(fields));
   collection->wireVersions();
   return collection;
 }
 
 Ref<VersionCollection> VersionCollection::decode(const Decoder& decoder) {
-  auto collection = makeRef<VersionCollection>(Passkey<VersionCollection>{}, decodeFields(decoder));
+  auto collection = makeRef<VersionCollection>(Passkey<VersionCollection>{});
+  collection->decodeFields(decoder, decoder.container());
   collection->wireVersions();
   return collection;
 }
 
-VersionCollection::Fields VersionCollection::decodeFields(const Decoder& decoder) {
-  using K = CodingKeys;
-  auto c = decoder.container();
-  Fields f;
-  // Imported collections carry the source's identifiers, which mean nothing to the service.
-  f.identifier =
-      decoder.isFromImportSource() ? Identifier::local() : c.decode<Identifier>(K::identifier);
-  f.name = c.decodeString(K::name);
-  f.description = c.decodeStringIfPresent(K::description).value_or(std::string());
-  f.latestVersion = c.decode<Ref<Version>>(K::latestVersion);
-  f.sourceIdentifier = c.decodeIfPresent<Identifier>(K::sourceIdentifier);
-  f.tags = c.decodeIfPresent<std::vector<std::string>>(K::tags);
-  f.versions = c.decodeIfPresent<std::vector<Ref<Version>>>(K::versions);
-  return f;
+void VersionCollection::encode(Encoder& encoder) const {
+  auto c = encoder.container();
+  encodeFields(c);
 }
 
-void VersionCollection::encode(Encoder& encoder) const {
-  using K = CodingKeys;
-  auto c = encoder.container();
-  c.encode(K::name, name_);
-  if (!description_.empty()) c.encode(K::description, description_);
-  c.encode(K::latestVersion, latestVersion_);
-  c.encodeIfPresent(K::sourceIdentifier, sourceIdentifier_);
-  c.encodeIfPresent(K::tags, tags_);
-  c.encodeIfPresent(K::versions, versions_);
-  if (requestProperties_) c.encode(K::requestIndex, requestProperties_->index);
+void VersionCollection::decodeFields([[maybe_unused]] const Decoder& decoder,
+                                     const KeyedDecodingContainer& c) {
+  ORVANE_VERSION_COLLECTION_FIELDS(ORVANE_FIELD_READ)
+}
+
+void VersionCollection::encodeFields(KeyedEncodingContainer& c) const {
+  ORVANE_VERSION_COLLECTION_FIELDS(ORVANE_FIELD_WRITE)
+}
+
+void VersionCollection::storeFields(Fields&& fields) {
+  ORVANE_VERSION_COLLECTION_FIELDS(ORVANE_FIELD_TAKE)
+}
+
+// Imported collections carry the source's identifiers, which mean nothing to the service.
+void VersionCollection::decodeIdentifier(const Decoder& decoder, const KeyedDecodingContainer& c) {
+  identifier_ = decoder.isFromImportSource() ? Identifier::local()
+                                             : c.decode<Identifier>(CodingKeys::identifier);
+}
+
+void VersionCollection::encodeDescription(KeyedEncodingContainer& c) const {
+  if (!description_.empty()) c.encode(CodingKeys::description, description_);
+}
+
+void VersionCollection::encodeRequestProperties(KeyedEncodingContainer& c) const {
+  if (requestProperties_) c.encode(CodingKeys::requestIndex, requestProperties_->index);
 }
 
 std::string VersionCollection::pathComponent() const {
@@ -113,17 +102,8 @@ void VersionCollection::visitFields(FieldVisitor& v) const {
   visitPaths(v);
 }
 
-void VersionCollection::visitCollectionFields(FieldVisitor& v) const {
-  v.field("identifier", identifier_);
-  v.field("name", name_);
-  v.field("description", description_);
-  v.field("latestVersion", latestVersion_);
-  v.field("sourceIdentifier", sourceIdentifier_);
-  v.field("tags", tags_);
-  v.field("versions", versions_);
-  v.field("project", project_);
-  v.field("versionCount", versionCount_);
-  v.field("requestProperties", requestProperties_);
+void VersionCollection::visitCollectionFields(FieldVisitor& visitor) const {
+  ORVANE_VERSION_COLLECTION_FIELDS(ORVANE_FIELD_VISIT)
 }
 
 void VersionCollection::visitPaths(FieldVisitor& v) const {

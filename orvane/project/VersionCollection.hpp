@@ -8,12 +8,10 @@
 #include <utility>
 #include <vector>
 
-#include <orvane/coding/Decoder.hpp>
-#include <orvane/coding/Encoder.hpp>
-#include <orvane/coding/FieldVisitor.hpp>
-#include <orvane/values/Identifier.hpp>
+#include <orvane/coding/Fields.hpp>
 #include <orvane/coding/Ref.hpp>
 #include <orvane/project/Version.hpp>
+#include <orvane/values/Identifier.hpp>
 
 namespace orvane {
 
@@ -31,44 +29,48 @@ class VersionCollection : public std::enable_shared_from_this<VersionCollection>
     void visitFields(FieldVisitor& v) const;
   };
 
+  /// Under the import-source flag "_id" is not read and the identifier is a fresh local one.
+  /// `description` is empty when unknown, and then not written. `setLatestVersion` and
+  /// `setVersions` point the new versions back here; replaced ones keep their back-reference.
+  /// `project` is set by the project for screens, passed down by the component section for
+  /// components. `versionCount` starts at 1, kept for the caller, never coded.
+#define ORVANE_VERSION_COLLECTION_FIELDS(F)                                                     \
+  F(identifier, Identifier, Identifier, "_id", custom, never, localId, plain)                   \
+  F(name, Name, std::string, "name", required, always, given, plain)                            \
+  F(description, Description, std::string, "description", orEmpty, custom, empty, plain)        \
+  F(latestVersion, LatestVersion, Ref<Version>, "latestVersion", required, always, given,       \
+    observed)                                                                                   \
+  F(sourceIdentifier, SourceIdentifier, std::optional<Identifier>, "sourceId", optional,        \
+    whenPresent, given, plain)                                                                  \
+  F(tags, Tags, std::optional<std::vector<std::string>>, "tags", optional, whenPresent, given,  \
+    plain)                                                                                      \
+  F(versions, Versions, std::optional<std::vector<Ref<Version>>>, "versions", optional,         \
+    whenPresent, given, observed)                                                               \
+  F(project, Project, WeakRef<orvane::Project>, none, none, never, none, backRef)               \
+  F(versionCount, VersionCount, std::int64_t, none, none, never, none, own)                     \
+  F(requestProperties, RequestProperties, std::optional<RequestProperties>, none, none, custom, \
+    none, plain)
+
+  // Spelled out from the field statements rather than ORVANE_FIELDS, since the listing is
+  // virtual (a subclass adds its own fields and the paths) and subclasses make and decode
+  // through the same steps.
   struct CodingKeys {
-    static constexpr std::string_view identifier = "_id";
-    static constexpr std::string_view name = "name";
-    static constexpr std::string_view description = "description";
-    static constexpr std::string_view latestVersion = "latestVersion";
-    static constexpr std::string_view sourceIdentifier = "sourceId";
-    static constexpr std::string_view tags = "tags";
-    static constexpr std::string_view versions = "versions";
+    ORVANE_VERSION_COLLECTION_FIELDS(ORVANE_FIELD_KEY)
     static constexpr std::string_view requestIndex = "index";
   };
-
- protected:
-  /// The members every collection stores and codes.
+  /// What `make` takes, in this order, with its defaults.
   struct Fields {
-    Identifier identifier;
-    std::string name;
-    std::string description;
-    Ref<Version> latestVersion;
-    std::optional<Identifier> sourceIdentifier;
-    std::optional<std::vector<std::string>> tags;
-    std::optional<std::vector<Ref<Version>>> versions;
+    ORVANE_VERSION_COLLECTION_FIELDS(ORVANE_FIELD_PARAM)
   };
 
- public:
-  VersionCollection(Passkey<VersionCollection>, Fields fields)
-      : VersionCollection(std::move(fields)) {}
+  explicit VersionCollection(Passkey<VersionCollection>) {}
   virtual ~VersionCollection();
 
   /// `latestVersion` must not be null.
-  static Ref<VersionCollection> make(std::string name, Ref<Version> latestVersion,
-                                     std::optional<Identifier> sourceIdentifier,
-                                     std::optional<std::vector<std::string>> tags,
-                                     std::optional<std::vector<Ref<Version>>> versions,
-                                     Identifier identifier = Identifier::local(),
-                                     std::string description = {});
-  /// Under the import-source flag "_id" is not read and the identifier is a fresh local one.
+  static Ref<VersionCollection> make(Fields fields);
   static Ref<VersionCollection> decode(const Decoder& decoder);
   virtual void encode(Encoder& encoder) const;
+  /// Lists every field, then the paths that can be read.
   virtual void visitFields(FieldVisitor& v) const;
 
   /// Where the collection sits below its owner, for the service's resource paths. Computed on
@@ -81,69 +83,42 @@ class VersionCollection : public std::enable_shared_from_this<VersionCollection>
   virtual std::optional<std::string> pathComponentIfAvailable() const;
   virtual std::optional<std::string> versionsPathIfAvailable() const;
 
-  const Identifier& identifier() const { return identifier_; }
-  void setIdentifier(Identifier value) { identifier_ = std::move(value); }
-  const std::string& name() const { return name_; }
-  void setName(std::string value) { name_ = std::move(value); }
-  /// Empty when unknown.
-  const std::string& description() const { return description_; }
-  void setDescription(std::string value) { description_ = std::move(value); }
-  const Ref<Version>& latestVersion() const { return latestVersion_; }
-  /// Stores the version and points it back here; the previous one keeps its back-reference.
-  void setLatestVersion(Ref<Version> value);
-  const std::optional<Identifier>& sourceIdentifier() const { return sourceIdentifier_; }
-  void setSourceIdentifier(std::optional<Identifier> value) {
-    sourceIdentifier_ = std::move(value);
+  ORVANE_VERSION_COLLECTION_FIELDS(ORVANE_FIELD_ACCESSORS)
+  std::int64_t versionCount() const {
+    return versionCount_;
   }
-  const std::optional<std::vector<std::string>>& tags() const { return tags_; }
-  void setTags(std::optional<std::vector<std::string>> value) { tags_ = std::move(value); }
-  const std::optional<std::vector<Ref<Version>>>& versions() const { return versions_; }
-  /// Stores the list and points every version back here; removed versions keep theirs.
-  void setVersions(std::optional<std::vector<Ref<Version>>> value);
+  void setVersionCount(std::int64_t value) {
+    versionCount_ = value;
+  }
   /// Changes the list in place, then wires it as an assignment would.
   template <class Fn>
   void editVersions(Fn&& fn) {
     std::forward<Fn>(fn)(versions_);
-    wireVersions();
-  }
-  /// The owning project: set by the project for screens, passed down by the component section
-  /// for components. Empty once the project is gone.
-  Ref<Project> project() const { return project_.lock(); }
-  void setProject(const Ref<Project>& value) { project_ = value; }
-  /// Starts at 1; kept for the caller, never coded.
-  std::int64_t versionCount() const { return versionCount_; }
-  void setVersionCount(std::int64_t value) { versionCount_ = value; }
-  const std::optional<RequestProperties>& requestProperties() const { return requestProperties_; }
-  void setRequestProperties(std::optional<RequestProperties> value) {
-    requestProperties_ = std::move(value);
+    wireVersionList();
   }
 
  protected:
-  explicit VersionCollection(Fields fields);
+  VersionCollection() = default;
 
-  /// Reads the collection's members from the decoder's object; a subclass hands its own decoder
-  /// here, so that they stand beside its members.
-  static Fields decodeFields(const Decoder& decoder);
+  /// Reads the collection's fields from `c`, the decoder's object; a subclass hands its own
+  /// decoder here, so that they stand beside its members.
+  void decodeFields(const Decoder& decoder, const KeyedDecodingContainer& c);
+  void encodeFields(KeyedEncodingContainer& c) const;
+  /// Stores what `make` was given, without wiring.
+  void storeFields(Fields&& fields);
   /// Points the latest version and every listed version back at this collection.
   void wireVersions();
-  /// The stored members, for a subclass's listing.
+  /// The stored fields, for a subclass's listing.
   void visitCollectionFields(FieldVisitor& v) const;
   /// The two paths, each only where it can be read.
   void visitPaths(FieldVisitor& v) const;
 
+  ORVANE_VERSION_COLLECTION_FIELDS(ORVANE_FIELD_HOOKS)
+  ORVANE_VERSION_COLLECTION_FIELDS(ORVANE_FIELD_MEMBER)
+  std::int64_t versionCount_ = 1;
+
  private:
   void wireVersionList();
-
-  Identifier identifier_;
-  std::string name_;
-  std::string description_;
-  Ref<Version> latestVersion_;
-  std::optional<Identifier> sourceIdentifier_;
-  std::optional<std::vector<std::string>> tags_;
-  std::optional<std::vector<Ref<Version>>> versions_;
-  WeakRef<Project> project_;
-  std::int64_t versionCount_ = 1;
-  std::optional<RequestProperties> requestProperties_;
 };
 
 /// What the decode-only forms of a screen and a component hold: four optional members, read

@@ -21,7 +21,10 @@ TEST(Extension, WritesItsIdentifierOnlyWhenTheServiceAssignedIt) {
       R"({"_id":"e1","name":"Lint","description":"d","manifestURL":"https://x/m.json","default":false})";
   EXPECT_EQ(roundTrip<Ref<Extension>>(json), json);
 
-  auto made = Extension::make("Lint", std::nullopt, Url("https://x/m.json"), false);
+  auto made = Extension::make({.name = "Lint",
+                               .description = std::nullopt,
+                               .manifestURL = Url("https://x/m.json"),
+                               .isDefault = false});
   EXPECT_TRUE(made->identifier().isLocal());
   EXPECT_EQ(encodeJson(made),
             R"({"name":"Lint","manifestURL":"https://x/m.json","default":false})");
@@ -81,8 +84,11 @@ TEST(ExtensionManifest, ReadsRepositoryUnderItsDocumentKeyAndKeepsNoOptionsApart
 TEST(ExtensionManifest, ExtensionIsAWeakReferenceThatTheLoaderSets) {
   auto manifest = decodeJson<Ref<Extension::Manifest>>(
       R"({"name":"n","version":"1","moduleURL":"https://x/m.js"})");
-  auto extension =
-      Extension::make("n", std::nullopt, Url("https://x/m.json"), true, Identifier("e1"));
+  auto extension = Extension::make({.identifier = Identifier("e1"),
+                                    .name = "n",
+                                    .description = std::nullopt,
+                                    .manifestURL = Url("https://x/m.json"),
+                                    .isDefault = true});
   manifest->setExtension(extension);
   EXPECT_EQ(manifest->extension(), extension);
   extension.reset();

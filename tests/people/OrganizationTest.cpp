@@ -21,7 +21,12 @@ TEST(Organization, TransitionIsHeldInSecondsAndWrittenInMilliseconds) {
   EXPECT_EQ(encodeJson(org), R"({"name":"n","transitionLeft":1500,"paymentPlan":null})");
 
   // Made records store seconds unchanged.
-  auto made = Organization::make(std::nullopt, "n", std::nullopt, 0.25, "team", std::nullopt);
+  auto made = Organization::make({.status = std::nullopt,
+                                  .name = "n",
+                                  .logoURL = std::nullopt,
+                                  .transitionTimeInterval = 0.25,
+                                  .planIdentifier = "team",
+                                  .subscriptionStatus = std::nullopt});
   EXPECT_EQ(made->transitionTimeInterval(), 0.25);
   EXPECT_EQ(encodeJson(made), R"({"name":"n","transitionLeft":250,"paymentPlan":"team"})");
 
@@ -117,8 +122,15 @@ TEST(Plan, StatusAndPeriodAreTolerantTheRestRequired) {
 }
 
 TEST(Plan, OnlyThePlanNamedExactlyFreeIsFree) {
-  auto plan =
-      Plan::make("free", "Free", Plan::Status::active, Plan::Period::eternal, 0, false, 1, 10, 10);
+  auto plan = Plan::make({.identifier = "free",
+                          .name = "Free",
+                          .status = Plan::Status::active,
+                          .period = Plan::Period::eternal,
+                          .price = 0,
+                          .isMultiple = false,
+                          .maxProjectCount = 1,
+                          .maxVersionCount = 10,
+                          .maxComponentCount = 10});
   EXPECT_TRUE(plan->isFree());
   for (const char* name : {"Free", "free ", "", "freedom"}) {
     plan->setIdentifier(name);

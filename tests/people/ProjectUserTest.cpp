@@ -88,11 +88,19 @@ TEST(ProjectUser, ProjectIsAWeakBackReferenceThatOnlyTheOwnerSets) {
   EXPECT_FALSE(m->project());
 }
 
-TEST(ProjectUser, MadeMembersStoreTheirArgumentsAndHaveNoProject) {
-  auto user = User::make("e", std::nullopt, std::nullopt, std::nullopt, std::nullopt, std::nullopt,
-                         std::nullopt, std::nullopt, std::nullopt, Identifier("u"));
-  auto m = ProjectUser::make(user, Role::rook, std::vector<std::string>{"lead"});
-  EXPECT_EQ(m->user(), user);
+TEST(ProjectUser, MadeMembersHaveNoProject) {
+  auto user = User::make({.identifier = Identifier("u"),
+                          .email = "e",
+                          .username = std::nullopt,
+                          .emotar = std::nullopt,
+                          .avatarURL = std::nullopt,
+                          .token = std::nullopt,
+                          .status = std::nullopt,
+                          .planIdentifier = std::nullopt,
+                          .notificationLastReadDate = std::nullopt,
+                          .subscriptionStatus = std::nullopt});
+  auto m = ProjectUser::make(
+      {.user = user, .role = Role::rook, .tags = std::vector<std::string>{"lead"}});
   EXPECT_FALSE(m->project());
   EXPECT_EQ(encodeJson(m), R"({"user":{"_id":"u","email":"e"},"role":"rook","tags":["lead"]})");
 }

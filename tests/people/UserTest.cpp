@@ -81,8 +81,15 @@ TEST(User, RequiredAndOptionalKeysFailWithTheCodersErrors) {
 TEST(User, WritesOnlyWhatItHoldsAndNoLocalIdentifier) {
   EXPECT_EQ(JsonEncoder().encode(decodeUser(R"({"_id":"u1","email":"e"})")),
             R"({"_id":"u1","email":"e"})");
-  auto made = User::make("e", "", User::Emotar::grin, std::nullopt, "t", User::Status::verified,
-                         "pro", std::nullopt, User::SubscriptionStatus::active);
+  auto made = User::make({.email = "e",
+                          .username = "",
+                          .emotar = User::Emotar::grin,
+                          .avatarURL = std::nullopt,
+                          .token = "t",
+                          .status = User::Status::verified,
+                          .planIdentifier = "pro",
+                          .notificationLastReadDate = std::nullopt,
+                          .subscriptionStatus = User::SubscriptionStatus::active});
   EXPECT_TRUE(made->identifier().isLocal());
   EXPECT_EQ(
       JsonEncoder().encode(made),

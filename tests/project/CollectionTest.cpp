@@ -10,28 +10,22 @@ using Kind = DecodingError::Kind;
 
 namespace {
 
-// A screen is made only with its dots: the collection's own initializer is refused at compile
-// time, as is a component made without identifier and description.
+// A screen is made only with its dots, a component only with its identifier and description:
+// the collection's own fields alone are refused at compile time.
 template <class T>
 concept MakesLikeACollection = requires(std::string name, Ref<Version> latest,
                                         std::optional<Identifier> source,
                                         std::optional<std::vector<std::string>> tags,
                                         std::optional<std::vector<Ref<Version>>> versions) {
-  T::make(name, latest, source, tags, versions);
-};
-template <class T>
-concept MakesLikeACollectionWithDefaults =
-    requires(std::string name, Ref<Version> latest, std::optional<Identifier> source,
-             std::optional<std::vector<std::string>> tags,
-             std::optional<std::vector<Ref<Version>>> versions) {
-  T::make(name, latest, source, tags, versions, Identifier("i"), std::string("d"));
+  T::make({.name = name,
+           .latestVersion = latest,
+           .sourceIdentifier = source,
+           .tags = tags,
+           .versions = versions});
 };
 static_assert(MakesLikeACollection<VersionCollection>);
-static_assert(MakesLikeACollectionWithDefaults<VersionCollection>);
 static_assert(!MakesLikeACollection<Screen>);
-static_assert(!MakesLikeACollectionWithDefaults<Screen>);
 static_assert(!MakesLikeACollection<Component>);
-static_assert(!MakesLikeACollectionWithDefaults<Component>);
 
 const std::string kDot =
     R"({"_id":"d1","name":"d","x":1,"y":2,"color":{"r":0,"g":0,"b":0,"a":1},"comments":[]})";
@@ -143,7 +137,12 @@ TEST(VersionCollection, WhatIsWritten) {
 
 TEST(VersionCollection, AssignmentAndEditsPointBack) {
   auto first = makeVersion("a");
-  auto screen = Screen::make("s", first, std::nullopt, std::nullopt, std::nullopt, std::nullopt);
+  auto screen = Screen::make({.name = "s",
+                              .latestVersion = first,
+                              .sourceIdentifier = std::nullopt,
+                              .tags = std::nullopt,
+                              .versions = std::nullopt,
+                              .dots = std::nullopt});
   EXPECT_TRUE(screen->identifier().isLocal());
   EXPECT_EQ(screen->versionCount(), 1);
   EXPECT_EQ(first->collection(), screen);
@@ -153,10 +152,14 @@ TEST(VersionCollection, AssignmentAndEditsPointBack) {
   EXPECT_EQ(second->collection(), screen);
   EXPECT_EQ(first->collection(), screen);  // the old one keeps its back-reference
 
-  auto other = VersionCollection::make("o", makeVersion("c"), std::nullopt, std::nullopt,
-                                       std::vector{first}, Identifier("O"), "desc");
+  auto other = VersionCollection::make({.identifier = Identifier("O"),
+                                        .name = "o",
+                                        .description = "desc",
+                                        .latestVersion = makeVersion("c"),
+                                        .sourceIdentifier = std::nullopt,
+                                        .tags = std::nullopt,
+                                        .versions = std::vector{first}});
   EXPECT_EQ(first->collection(), other);
-  EXPECT_EQ(other->description(), "desc");
   screen->setVersions(std::vector{first});
   EXPECT_EQ(first->collection(), screen);
   other->editVersions([&](auto& versions) { versions->push_back(second); });
@@ -168,8 +171,12 @@ TEST(VersionCollection, AssignmentAndEditsPointBack) {
   auto dot = decodeJson<Ref<Dot>>(kDot);
   screen->setDots(std::vector{dot});
   EXPECT_EQ(dot->screen(), screen);
-  auto moved = Screen::make("t", makeVersion("d"), std::nullopt, std::nullopt, std::nullopt,
-                            std::vector<Ref<Dot>>{});
+  auto moved = Screen::make({.name = "t",
+                             .latestVersion = makeVersion("d"),
+                             .sourceIdentifier = std::nullopt,
+                             .tags = std::nullopt,
+                             .versions = std::nullopt,
+                             .dots = std::vector<Ref<Dot>>{}});
   moved->editDots([&](auto& dots) { dots->push_back(dot); });
   EXPECT_EQ(dot->screen(), moved);
   screen->setDots(std::nullopt);

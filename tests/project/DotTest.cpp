@@ -80,18 +80,30 @@ TEST(Dot, WritesPositionColorAndNotesOnly) {
 }
 
 TEST(Dot, AssignedAndEditedCommentsPointBack) {
-  auto kept = Comment::make("kept", nullptr, now());
+  auto kept = Comment::make({.note = "kept", .author = nullptr, .updateDate = now()});
   EXPECT_TRUE(kept->identifier().isLocal());
   EXPECT_EQ(kept->dot(), nullptr);
-  auto dot = Dot::make(std::nullopt, "d", nullptr, 0, 0, Color::make(0, 0, 0, 1), {kept});
+  auto dot = Dot::make({.status = std::nullopt,
+                        .name = "d",
+                        .creator = nullptr,
+                        .x = 0,
+                        .y = 0,
+                        .color = Color::make(0, 0, 0, 1),
+                        .comments = std::vector{kept}});
   EXPECT_EQ(kept->dot(), dot);
 
-  auto added = Comment::make("added", nullptr, now());
+  auto added = Comment::make({.note = "added", .author = nullptr, .updateDate = now()});
   dot->setComments({added});
   EXPECT_EQ(added->dot(), dot);
   EXPECT_EQ(kept->dot(), dot);  // removed, but not cleared
 
-  auto other = Dot::make(Dot::Status::open, "o", nullptr, 0, 0, Color::make(0, 0, 0, 1), {});
+  auto other = Dot::make({.status = Dot::Status::open,
+                          .name = "o",
+                          .creator = nullptr,
+                          .x = 0,
+                          .y = 0,
+                          .color = Color::make(0, 0, 0, 1),
+                          .comments = std::vector<Ref<Comment>>{}});
   other->editComments([&](auto& comments) { comments.push_back(added); });
   EXPECT_EQ(added->dot(), other);
 }

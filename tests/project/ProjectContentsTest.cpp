@@ -103,7 +103,8 @@ TEST(ProjectContents, WritingAWiredFieldWiresItsElements) {
       decodeJson<Ref<Project>>(projectJson(R"("sections":[{"_id":"S1","name":"s","screens":[]}])"));
   auto old = p->sections()->at(0);
 
-  auto fresh = Section::make("new", std::nullopt, {});
+  auto fresh = Section::make(
+      {.name = "new", .description = std::nullopt, .screenIdentifiers = std::vector<Identifier>{}});
   p->setSections(std::vector<Ref<Section>>{fresh});
   EXPECT_EQ(fresh->project(), p);
   EXPECT_EQ(old->project(), p) << "a child taken out keeps its back-reference";
@@ -130,14 +131,30 @@ TEST(ProjectContents, WritingAWiredFieldWiresItsElements) {
 }
 
 TEST(ProjectContents, MakeWiresItsArgumentsAndDefaultsThree) {
-  auto section = Section::make("s", std::nullopt, {});
-  auto tree = ComponentSection::make("a", std::nullopt, std::nullopt, std::nullopt);
+  auto section = Section::make(
+      {.name = "s", .description = std::nullopt, .screenIdentifiers = std::vector<Identifier>{}});
+  auto tree = ComponentSection::make({.name = "a",
+                                      .description = std::nullopt,
+                                      .sections = std::nullopt,
+                                      .components = std::nullopt});
   auto member = decodeJson<Ref<ProjectUser>>(memberJson("u1"));
   const Date before = now();
   auto make = [&] {
-    return Project::make(std::nullopt, "n", std::nullopt, before, std::nullopt, std::nullopt,
-                         std::nullopt, std::vector{section}, std::nullopt, std::nullopt,
-                         std::nullopt, std::vector{tree}, {member}, std::nullopt, nullptr);
+    return Project::make({.status = std::nullopt,
+                          .name = "n",
+                          .icon = std::nullopt,
+                          .updateDate = before,
+                          .kind = std::nullopt,
+                          .density = std::nullopt,
+                          .isPublic = std::nullopt,
+                          .sections = std::vector{section},
+                          .screensByIdentifier = std::nullopt,
+                          .colors = std::nullopt,
+                          .textStyles = std::nullopt,
+                          .componentSections = std::vector{tree},
+                          .users = std::vector{member},
+                          .thumbnailURL = std::nullopt,
+                          .integration = nullptr});
   };
   auto p = make();
   EXPECT_EQ(section->project(), p);

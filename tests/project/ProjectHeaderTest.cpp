@@ -14,7 +14,8 @@ namespace {
 
 // A minimal accepted document, with `extra` members spliced in before the closing brace.
 std::string projectJson(std::string_view extra = "") {
-  std::string json = R"({"_id":"P","name":"Shop","icon":{},"created":"2024-01-01T00:00:00Z","users":[])";
+  std::string json =
+      R"({"_id":"P","name":"Shop","icon":{},"created":"2024-01-01T00:00:00Z","users":[])";
   if (!extra.empty()) json += "," + std::string(extra);
   return json + "}";
 }
@@ -124,8 +125,9 @@ TEST(ProjectHeader, WritesOnlyTheFiveHeaderMembers) {
   p->setKind(std::nullopt);
   p->setDensity(std::nullopt);
   const std::string written = encodeJson(p);
-  EXPECT_EQ(written,
-            R"({"name":"Shop","icon":{"type":"pear"},"thumbnail":"https://cdn.example.com/t.png"})");
+  EXPECT_EQ(
+      written,
+      R"({"name":"Shop","icon":{"type":"pear"},"thumbnail":"https://cdn.example.com/t.png"})");
   // What a project writes is not a document it reads.
   EXPECT_EQ(decodeError<Ref<Project>>(written).key(), "_id");
 }

@@ -61,13 +61,20 @@ TEST(Section, ScreensAreRequiredAndWrittenEvenWhenEmpty) {
 }
 
 TEST(Section, IdentifierWrittenOnlyWhenNotLocal) {
-  auto local = Section::make("n", std::nullopt, {Identifier("a")});
+  auto local = Section::make({.name = "n",
+                              .description = std::nullopt,
+                              .screenIdentifiers = std::vector{Identifier("a")}});
   EXPECT_TRUE(local->identifier().isLocal());
   EXPECT_EQ(encodeJson(local), R"({"name":"n","screens":["a"]})");
   auto tree = ComponentSection::make(
-      "t", std::nullopt,
-      std::vector{ComponentSection::make("u", "d", std::nullopt, std::nullopt, Identifier("svc"))},
-      std::nullopt);
+      {.name = "t",
+       .description = std::nullopt,
+       .sections = std::vector{ComponentSection::make({.identifier = Identifier("svc"),
+                                                       .name = "u",
+                                                       .description = "d",
+                                                       .sections = std::nullopt,
+                                                       .components = std::nullopt})},
+       .components = std::nullopt});
   EXPECT_EQ(encodeJson(tree),
             R"({"name":"t","componentSections":[{"_id":"svc","name":"u","description":"d"}]})");
   // "MACOS" without the hyphen still counts as local.
@@ -159,11 +166,28 @@ TEST(ComponentSection, AssignmentsAndEditsWireWithTheSectionsProject) {
 }
 
 TEST(ComponentSection, MakeAdoptsChildrenWithoutProject) {
-  auto k = Component::make(Identifier("K"), "k", "", makeVersion("v"), std::nullopt, std::nullopt,
-                           std::nullopt);
-  auto c = ComponentSection::make("c", std::nullopt, std::nullopt, std::vector{k}, Identifier("C"));
-  auto b = ComponentSection::make("b", std::nullopt, std::vector{c}, std::nullopt, Identifier("B"));
-  auto a = ComponentSection::make("a", std::nullopt, std::vector{b}, std::nullopt, Identifier("A"));
+  auto k = Component::make({.identifier = Identifier("K"),
+                            .name = "k",
+                            .description = "",
+                            .latestVersion = makeVersion("v"),
+                            .sourceIdentifier = std::nullopt,
+                            .tags = std::nullopt,
+                            .versions = std::nullopt});
+  auto c = ComponentSection::make({.identifier = Identifier("C"),
+                                   .name = "c",
+                                   .description = std::nullopt,
+                                   .sections = std::nullopt,
+                                   .components = std::vector{k}});
+  auto b = ComponentSection::make({.identifier = Identifier("B"),
+                                   .name = "b",
+                                   .description = std::nullopt,
+                                   .sections = std::vector{c},
+                                   .components = std::nullopt});
+  auto a = ComponentSection::make({.identifier = Identifier("A"),
+                                   .name = "a",
+                                   .description = std::nullopt,
+                                   .sections = std::vector{b},
+                                   .components = std::nullopt});
   EXPECT_EQ(k->section(), c);
   EXPECT_EQ(c->parent(), b);
   EXPECT_EQ(b->parent(), a);
@@ -208,7 +232,11 @@ TEST(SectionPartial, ThreeOptionalMembers) {
 TEST(ComponentSectionDeathTest, ASectionInsideItsOwnSubtreeStops) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   auto leaf = [](const char* id) {
-    return ComponentSection::make(id, std::nullopt, std::nullopt, std::nullopt, Identifier(id));
+    return ComponentSection::make({.identifier = Identifier(id),
+                                   .name = id,
+                                   .description = std::nullopt,
+                                   .sections = std::nullopt,
+                                   .components = std::nullopt});
   };
   const char* inside =
       "Component section tree has a cycle: section \"A\" is inside its own subtree";
@@ -221,8 +249,11 @@ TEST(ComponentSectionDeathTest, ASectionInsideItsOwnSubtreeStops) {
   EXPECT_DEATH(
       {
         auto a = leaf("A");
-        auto b = ComponentSection::make("b", std::nullopt, std::vector{leaf("C")}, std::nullopt,
-                                        Identifier("B"));
+        auto b = ComponentSection::make({.identifier = Identifier("B"),
+                                         .name = "b",
+                                         .description = std::nullopt,
+                                         .sections = std::vector{leaf("C")},
+                                         .components = std::nullopt});
         a->setSections(std::vector{b});
         b->editSections([&](auto& sections) { sections->push_back(a); });
       },

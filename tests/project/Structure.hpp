@@ -35,7 +35,11 @@ inline Ref<Project> makeProject(std::string_view id = "P") {
 inline Ref<Version> makeVersion(std::string_view id) {
   auto snapshot = Snapshot::make({1, 1}, std::nullopt, std::nullopt, std::nullopt, nullptr, nullptr,
                                  std::nullopt, std::nullopt, std::nullopt);
-  return Version::make(nullptr, nullptr, snapshot, std::nullopt, Identifier(std::string(id)));
+  return Version::make({.identifier = Identifier(std::string(id)),
+                        .commit = nullptr,
+                        .creator = nullptr,
+                        .snapshot = snapshot,
+                        .snapshotURL = std::nullopt});
 }
 
 }  // namespace orvane::test

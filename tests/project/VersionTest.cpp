@@ -96,9 +96,10 @@ TEST(Commit, EveryKeyIsOptionalAndWrittenWhenPresent) {
 }
 
 TEST(Version, AssignmentPointsTheNewCommitAndSnapshotBack) {
-  auto commit = Commit::make(nullptr, "first", nullptr);
+  auto commit = Commit::make({.author = nullptr, .message = "first", .color = nullptr});
   auto snapshot = decodeJson<Ref<Snapshot>>(R"({"_id":"s1","width":1,"height":1})");
-  auto version = Version::make(commit, nullptr, snapshot, std::nullopt);
+  auto version = Version::make(
+      {.commit = commit, .creator = nullptr, .snapshot = snapshot, .snapshotURL = std::nullopt});
   EXPECT_TRUE(version->identifier().isLocal());
   EXPECT_EQ(commit->version(), version);
   EXPECT_EQ(snapshot->version(), version);
@@ -109,7 +110,7 @@ TEST(Version, AssignmentPointsTheNewCommitAndSnapshotBack) {
   EXPECT_EQ(replacement->version(), version);
   EXPECT_EQ(snapshot->version(), version);  // the old one is not cleared
 
-  auto second = Commit::make(nullptr, "second", nullptr);
+  auto second = Commit::make({.author = nullptr, .message = "second", .color = nullptr});
   version->setCommit(second);
   EXPECT_EQ(second->version(), version);
   version->setCommit(nullptr);  // no commit: nothing to wire, nothing cleared
