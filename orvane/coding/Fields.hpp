@@ -21,6 +21,8 @@
 //                orEmpty      an optional key whose missing value is the type's empty value
 //                             (0, false, "", the empty list)
 //                custom       by the record's own `decodeName(decoder, container)`
+//                payload      the same, for a field with no key of its own (key `none`): it is
+//                             read from keys that belong to no field
 //                none         never read
 //   how written  always, whenPresent, unlessLocal (an identifier, left out when it is local),
 //                never, or custom (the record's own `encodeName(container)`)
@@ -34,6 +36,12 @@
 //                             which runs the field's wiring
 //                own          the record stores it and writes both accessors itself; decoding
 //                             and `make` store it through `setName`
+//                backRef      a weak reference (Type `WeakRef<T>`) to an owner: the getter gives
+//                             a `Ref<T>` (empty once the owner is gone), the setter takes one;
+//                             listings show the owner's identifier, not the owner
+//                observedBackRef  the same, but the record defines `setName`, which runs the
+//                             field's wiring
+//                observedBackRef  a `backRef` whose setter the record defines, to run its wiring
 //
 // Decoding and `make` store fields directly (the observers of `observed` fields do not run);
 // the record runs its own wiring afterwards.
@@ -111,6 +119,7 @@ bool isLocal(const T& identifier) {
 #define ORVANE_FIELD_KEY_tolerant(name, key) static constexpr std::string_view name = key;
 #define ORVANE_FIELD_KEY_orEmpty(name, key) static constexpr std::string_view name = key;
 #define ORVANE_FIELD_KEY_custom(name, key) static constexpr std::string_view name = key;
+#define ORVANE_FIELD_KEY_payload(name, key)
 #define ORVANE_FIELD_KEY_none(name, key)
 #define ORVANE_FIELD_KEY(name, Name, Type, key, read, write, param, access) \
   ORVANE_FIELD_KEY_##read(name, key)
@@ -130,17 +139,30 @@ bool isLocal(const T& identifier) {
   const Type& name() const { return name##_; }            \
   void set##Name(Type value);
 #define ORVANE_FIELD_ACCESSORS_own(name, Name, Type)
+#define ORVANE_FIELD_ACCESSORS_backRef(name, Name, Type)                          \
+  ::orvane::Ref<Type::element_type> name() const { return name##_.lock(); }       \
+  void set##Name(const ::orvane::Ref<Type::element_type>& value) { name##_ = value; }
+#define ORVANE_FIELD_ACCESSORS_observedBackRef(name, Name, Type)                  \
+  ::orvane::Ref<Type::element_type> name() const { return name##_.lock(); }       \
+  void set##Name(const ::orvane::Ref<Type::element_type>& value);
+#define ORVANE_FIELD_ACCESSORS_observedBackRef(name, Name, Type)                 \
+  ::orvane::Ref<Type::element_type> name() const { return name##_.lock(); }       \
+  void set##Name(const ::orvane::Ref<Type::element_type>& value);
 #define ORVANE_FIELD_ACCESSORS(name, Name, Type, key, read, write, param, access) \
   ORVANE_FIELD_ACCESSORS_##access(name, Name, Type)
 
 #define ORVANE_FIELD_MEMBER_plain(name, Type) Type name##_{};
 #define ORVANE_FIELD_MEMBER_observed(name, Type) Type name##_{};
 #define ORVANE_FIELD_MEMBER_own(name, Type)
+#define ORVANE_FIELD_MEMBER_backRef(name, Type) Type name##_{};
+#define ORVANE_FIELD_MEMBER_observedBackRef(name, Type) Type name##_{};
+#define ORVANE_FIELD_MEMBER_observedBackRef(name, Type) Type name##_{};
 #define ORVANE_FIELD_MEMBER(name, Name, Type, key, read, write, param, access) \
   ORVANE_FIELD_MEMBER_##access(name, Type)
 
 #define ORVANE_FIELD_HOOKS_READ_custom(Name) \
   void decode##Name(const ::orvane::Decoder& decoder, const ::orvane::KeyedDecodingContainer& c);
+#define ORVANE_FIELD_HOOKS_READ_payload(Name) ORVANE_FIELD_HOOKS_READ_custom(Name)
 #define ORVANE_FIELD_HOOKS_READ_required(Name)
 #define ORVANE_FIELD_HOOKS_READ_optional(Name)
 #define ORVANE_FIELD_HOOKS_READ_tolerant(Name)
@@ -204,6 +226,7 @@ bool isLocal(const T& identifier) {
   ORVANE_FIELD_STORE_##access(                              \
       name, Name, ::orvane::detail::orEmpty(c.template decodeIfPresent<Type>(CodingKeys::name)))
 #define ORVANE_FIELD_READ_custom(name, Name, Type, access) decode##Name(decoder, c);
+#define ORVANE_FIELD_READ_payload(name, Name, Type, access) decode##Name(decoder, c);
 #define ORVANE_FIELD_READ_none(name, Name, Type, access)
 #define ORVANE_FIELD_READ(name, Name, Type, key, read, write, param, access) \
   ORVANE_FIELD_READ_##read(name, Name, Type, access)
@@ -227,8 +250,14 @@ bool isLocal(const T& identifier) {
 #define ORVANE_FIELD_TAKE(name, Name, Type, key, read, write, param, access) \
   ORVANE_FIELD_TAKE_##param(name, Name, access)
 
+#define ORVANE_FIELD_VISIT_plain(name) visitor.field(#name, name());
+#define ORVANE_FIELD_VISIT_observed(name) visitor.field(#name, name());
+#define ORVANE_FIELD_VISIT_own(name) visitor.field(#name, name());
+#define ORVANE_FIELD_VISIT_backRef(name) visitor.field(#name, name##_);
+#define ORVANE_FIELD_VISIT_observedBackRef(name) visitor.field(#name, name##_);
+#define ORVANE_FIELD_VISIT_observedBackRef(name) visitor.field(#name, name##_);
 #define ORVANE_FIELD_VISIT(name, Name, Type, key, read, write, param, access) \
-  visitor.field(#name, name());
+  ORVANE_FIELD_VISIT_##access(name)
 
 /// In the record's source file: the definitions of what ORVANE_FIELDS declared.
 #define ORVANE_FIELDS_DEFINE(Record, LIST)                                                     \
