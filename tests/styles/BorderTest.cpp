@@ -14,7 +14,10 @@ TEST(Border, FillMembersStandInTheBordersOwnObject) {
   EXPECT_EQ(border->fill()->kind()->asColor()->color->alpha(), 1);
   EXPECT_EQ(encodeJson(border), json);
 
-  auto made = Border::make(std::nullopt, 1.5, Fill::make(std::nullopt, 0.25, BlendMode::hue));
+  auto made = Border::make(
+      {.position = std::nullopt,
+       .thickness = 1.5,
+       .fill = Fill::make({.kind = std::nullopt, .opacity = 0.25, .blendMode = BlendMode::hue})});
   EXPECT_EQ(encodeJson(made), R"({"thickness":1.5,"opacity":0.25,"blendMode":"hue"})");
 }
 

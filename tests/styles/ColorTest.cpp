@@ -60,7 +60,7 @@ TEST(ProjectColor, IsWrittenWithoutItsIdentifierSoOnlyAPlainColorReadsItBack) {
   EXPECT_EQ(e.key(), "_id");
   EXPECT_EQ(decodeJson<Ref<Color>>(written)->blue(), 1);
 
-  auto made = ProjectColor::make("Red", 1, 0, 0, 0.5);
+  auto made = ProjectColor::make({.name = "Red", .red = 1, .green = 0, .blue = 0, .alpha = 0.5});
   EXPECT_TRUE(made->identifier().isLocal());
   EXPECT_EQ(encodeJson(made), R"({"name":"Red","r":1,"g":0,"b":0,"a":0.5})");
 }
