@@ -39,8 +39,6 @@
 //                backRef      a weak reference (Type `WeakRef<T>`) to an owner: the getter gives
 //                             a `Ref<T>` (empty once the owner is gone), the setter takes one;
 //                             listings show the owner's identifier, not the owner
-//                observedBackRef  the same, but the record defines `setName`, which runs the
-//                             field's wiring
 //                observedBackRef  a `backRef` whose setter the record defines, to run its wiring
 //
 // Decoding and `make` store fields directly (the observers of `observed` fields do not run);
@@ -145,9 +143,6 @@ bool isLocal(const T& identifier) {
 #define ORVANE_FIELD_ACCESSORS_observedBackRef(name, Name, Type)                  \
   ::orvane::Ref<Type::element_type> name() const { return name##_.lock(); }       \
   void set##Name(const ::orvane::Ref<Type::element_type>& value);
-#define ORVANE_FIELD_ACCESSORS_observedBackRef(name, Name, Type)                 \
-  ::orvane::Ref<Type::element_type> name() const { return name##_.lock(); }       \
-  void set##Name(const ::orvane::Ref<Type::element_type>& value);
 #define ORVANE_FIELD_ACCESSORS(name, Name, Type, key, read, write, param, access) \
   ORVANE_FIELD_ACCESSORS_##access(name, Name, Type)
 
@@ -155,7 +150,6 @@ bool isLocal(const T& identifier) {
 #define ORVANE_FIELD_MEMBER_observed(name, Type) Type name##_{};
 #define ORVANE_FIELD_MEMBER_own(name, Type)
 #define ORVANE_FIELD_MEMBER_backRef(name, Type) Type name##_{};
-#define ORVANE_FIELD_MEMBER_observedBackRef(name, Type) Type name##_{};
 #define ORVANE_FIELD_MEMBER_observedBackRef(name, Type) Type name##_{};
 #define ORVANE_FIELD_MEMBER(name, Name, Type, key, read, write, param, access) \
   ORVANE_FIELD_MEMBER_##access(name, Type)
@@ -254,7 +248,6 @@ bool isLocal(const T& identifier) {
 #define ORVANE_FIELD_VISIT_observed(name) visitor.field(#name, name());
 #define ORVANE_FIELD_VISIT_own(name) visitor.field(#name, name());
 #define ORVANE_FIELD_VISIT_backRef(name) visitor.field(#name, name##_);
-#define ORVANE_FIELD_VISIT_observedBackRef(name) visitor.field(#name, name##_);
 #define ORVANE_FIELD_VISIT_observedBackRef(name) visitor.field(#name, name##_);
 #define ORVANE_FIELD_VISIT(name, Name, Type, key, read, write, param, access) \
   ORVANE_FIELD_VISIT_##access(name)

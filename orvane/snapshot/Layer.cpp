@@ -1,11 +1,11 @@
 #include <orvane/snapshot/Layer.hpp>
 
+#include <orvane/internal/ChainLoopCheck.hpp>
+#include <orvane/internal/FatalError.hpp>
+#include <orvane/internal/MakeRef.hpp>
+#include <orvane/snapshot/Snapshot.hpp>
 #include <orvane/values/Geometry.hpp>
 #include <orvane/values/Url.hpp>
-#include <orvane/snapshot/Snapshot.hpp>
-#include <orvane/internal/MakeRef.hpp>
-#include <orvane/internal/FatalError.hpp>
-#include <orvane/internal/ChainLoopCheck.hpp>
 
 namespace orvane {
 
@@ -98,8 +98,8 @@ void Layer::encode(Encoder& encoder) const {
 }
 
 void Layer::decodeIdentifier(const Decoder& decoder, const KeyedDecodingContainer& c) {
-  identifier_ =
-      decoder.isFromImportSource() ? Identifier::local() : c.decode<Identifier>(CodingKeys::identifier);
+  identifier_ = decoder.isFromImportSource() ? Identifier::local()
+                                             : c.decode<Identifier>(CodingKeys::identifier);
 }
 
 void Layer::decodeKind(const Decoder&, const KeyedDecodingContainer& c) {

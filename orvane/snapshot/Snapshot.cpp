@@ -1,7 +1,7 @@
 #include <orvane/snapshot/Snapshot.hpp>
 
-#include <orvane/project/Version.hpp>
 #include <orvane/internal/MakeRef.hpp>
+#include <orvane/project/Version.hpp>
 
 namespace orvane {
 
@@ -13,7 +13,9 @@ void Snapshot::encodeFields(KeyedEncodingContainer& c) const {
   ORVANE_SNAPSHOT_FIELDS(ORVANE_FIELD_WRITE)
 }
 
-void Snapshot::storeFields(Fields&& fields) { ORVANE_SNAPSHOT_FIELDS(ORVANE_FIELD_TAKE) }
+void Snapshot::storeFields(Fields&& fields) {
+  ORVANE_SNAPSHOT_FIELDS(ORVANE_FIELD_TAKE)
+}
 
 void Snapshot::visitFields(FieldVisitor& visitor) const {
   ORVANE_SNAPSHOT_CODED_FIELDS(ORVANE_FIELD_VISIT)
@@ -48,8 +50,8 @@ void Snapshot::encode(Encoder& encoder) const {
 }
 
 void Snapshot::decodeIdentifier(const Decoder& decoder, const KeyedDecodingContainer& c) {
-  identifier_ =
-      decoder.isFromImportSource() ? Identifier::local() : c.decode<Identifier>(CodingKeys::identifier);
+  identifier_ = decoder.isFromImportSource() ? Identifier::local()
+                                             : c.decode<Identifier>(CodingKeys::identifier);
 }
 
 void Snapshot::decodeSize(const Decoder&, const KeyedDecodingContainer& c) {

@@ -68,8 +68,9 @@ class Snapshot : public std::enable_shared_from_this<Snapshot> {
   F(imagePath, ImagePath, std::optional<std::string>, none, none, never, none, plain)        \
   F(isExportable, IsExportable, bool, none, none, never, none, plain)                        \
   F(exportsBitmap, ExportsBitmap, bool, none, none, never, none, plain)
-#define ORVANE_SNAPSHOT_FIELDS(F) \
-  ORVANE_SNAPSHOT_CODED_FIELDS(F) ORVANE_SNAPSHOT_FLATTENED_FIELD(F) ORVANE_SNAPSHOT_CLIENT_FIELDS(F)
+#define ORVANE_SNAPSHOT_FIELDS(F)                                  \
+  ORVANE_SNAPSHOT_CODED_FIELDS(F) ORVANE_SNAPSHOT_FLATTENED_FIELD(F) \
+  ORVANE_SNAPSHOT_CLIENT_FIELDS(F)
   ORVANE_FIELDS(Snapshot, ORVANE_SNAPSHOT_FIELDS)
 
  public:

@@ -1,5 +1,5 @@
-#include <orvane/styles/ProjectColor.hpp>
 #include <orvane/internal/MakeRef.hpp>
+#include <orvane/styles/ProjectColor.hpp>
 
 namespace orvane {
 

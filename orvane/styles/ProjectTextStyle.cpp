@@ -1,5 +1,5 @@
-#include <orvane/styles/ProjectTextStyle.hpp>
 #include <orvane/internal/MakeRef.hpp>
+#include <orvane/styles/ProjectTextStyle.hpp>
 
 namespace orvane {
 

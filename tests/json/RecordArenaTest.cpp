@@ -120,7 +120,8 @@ TEST(RecordArena, ScopesNestAndCanBeTurnedOff) {
   auto used = [&] { return arena.statistics().usedBytes; };
   {
     RecordArenaScope outer(arena);
-    auto color = Color::make({.red = 1, .green = 0, .blue = 0, .alpha = 1});  // placed in the outer scope's chunk
+    auto color = Color::make(
+        {.red = 1, .green = 0, .blue = 0, .alpha = 1});  // placed in the outer scope's chunk
     const std::size_t outerOnly = used();
     EXPECT_GT(outerOnly, 0u);
     {
@@ -133,7 +134,8 @@ TEST(RecordArena, ScopesNestAndCanBeTurnedOff) {
       auto nested = Color::make({.red = 0, .green = 1, .blue = 1, .alpha = 1});
       EXPECT_GT(used(), outerOnly);
     }
-    auto another = Color::make({.red = 0, .green = 0, .blue = 1, .alpha = 1});  // the outer chunk again
+    auto another =
+        Color::make({.red = 0, .green = 0, .blue = 1, .alpha = 1});  // the outer chunk again
     EXPECT_EQ(used(), outerOnly);
     EXPECT_EQ(color->red(), 1);
     EXPECT_EQ(another->blue(), 1);

@@ -83,7 +83,8 @@ TEST(Dot, AssignedAndEditedCommentsPointBack) {
   auto kept = Comment::make("kept", nullptr, now());
   EXPECT_TRUE(kept->identifier().isLocal());
   EXPECT_EQ(kept->dot(), nullptr);
-  auto dot = Dot::make(std::nullopt, "d", nullptr, 0, 0, Color::make({.red = 0, .green = 0, .blue = 0, .alpha = 1}), {kept});
+  auto dot = Dot::make(std::nullopt, "d", nullptr, 0, 0,
+                       Color::make({.red = 0, .green = 0, .blue = 0, .alpha = 1}), {kept});
   EXPECT_EQ(kept->dot(), dot);
 
   auto added = Comment::make("added", nullptr, now());
@@ -91,7 +92,8 @@ TEST(Dot, AssignedAndEditedCommentsPointBack) {
   EXPECT_EQ(added->dot(), dot);
   EXPECT_EQ(kept->dot(), dot);  // removed, but not cleared
 
-  auto other = Dot::make(Dot::Status::open, "o", nullptr, 0, 0, Color::make({.red = 0, .green = 0, .blue = 0, .alpha = 1}), {});
+  auto other = Dot::make(Dot::Status::open, "o", nullptr, 0, 0,
+                         Color::make({.red = 0, .green = 0, .blue = 0, .alpha = 1}), {});
   other->editComments([&](auto& comments) { comments.push_back(added); });
   EXPECT_EQ(added->dot(), other);
 }

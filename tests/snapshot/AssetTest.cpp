@@ -67,12 +67,15 @@ TEST(Asset, ContentsPointBackAfterDecodeMakeAndAssignment) {
       decodeJson<Ref<Asset>>(R"({"_id":"a","displayName":"d","layerName":"l","contents":[{},{}]})");
   for (const auto& content : asset->contents()) EXPECT_EQ(content->asset(), asset);
 
-  auto first = Asset::Content::make({.url = std::nullopt, .density = std::nullopt, .format = std::nullopt});
-  auto made = Asset::make({.displayName = "d", .layerName = "l", .isBitmap = false, .contents = {first}});
+  auto first =
+      Asset::Content::make({.url = std::nullopt, .density = std::nullopt, .format = std::nullopt});
+  auto made =
+      Asset::make({.displayName = "d", .layerName = "l", .isBitmap = false, .contents = {first}});
   EXPECT_EQ(first->asset(), made);
 
   // Assignment wires the new list and leaves the replaced one alone.
-  auto second = Asset::Content::make({.url = std::nullopt, .density = Density::hdpi, .format = std::nullopt});
+  auto second =
+      Asset::Content::make({.url = std::nullopt, .density = Density::hdpi, .format = std::nullopt});
   auto other = Asset::make({.displayName = "o",
                             .layerName = "l",
                             .isBitmap = false,
@@ -80,7 +83,8 @@ TEST(Asset, ContentsPointBackAfterDecodeMakeAndAssignment) {
   other->setContents({first, second});
   EXPECT_EQ(first->asset(), other);
   EXPECT_EQ(second->asset(), other);
-  auto third = Asset::Content::make({.url = std::nullopt, .density = std::nullopt, .format = std::nullopt});
+  auto third =
+      Asset::Content::make({.url = std::nullopt, .density = std::nullopt, .format = std::nullopt});
   made->editContents([&](auto& contents) { contents.push_back(third); });
   // An in-place edit rewires the whole list, so the shared content comes back to `made`.
   EXPECT_EQ(third->asset(), made);

@@ -28,20 +28,21 @@ Ref<Layer> shape(const char* id, Rect frame = {}) {
 
 Ref<Layer> group(const char* id, std::vector<Ref<Layer>> children, std::optional<Level> level,
                  Rect frame = {}, std::optional<std::string> componentName = std::nullopt) {
-  return Layer::make({.identifier = Identifier(id),
-                      .name = id,
-                      .sourceIdentifier = Identifier(id),
-                      .kind = Layer::Kind::group(std::move(children), std::move(componentName), level),
-                      .frame = frame,
-                      .rotation = std::nullopt,
-                      .cornerRadius = 0,
-                      .opacity = 1,
-                      .blendMode = std::nullopt,
-                      .blur = nullptr,
-                      .isExportable = false,
-                      .fills = std::nullopt,
-                      .borders = std::nullopt,
-                      .shadows = std::nullopt});
+  return Layer::make(
+      {.identifier = Identifier(id),
+       .name = id,
+       .sourceIdentifier = Identifier(id),
+       .kind = Layer::Kind::group(std::move(children), std::move(componentName), level),
+       .frame = frame,
+       .rotation = std::nullopt,
+       .cornerRadius = 0,
+       .opacity = 1,
+       .blendMode = std::nullopt,
+       .blur = nullptr,
+       .isExportable = false,
+       .fills = std::nullopt,
+       .borders = std::nullopt,
+       .shadows = std::nullopt});
 }
 
 std::string ids(const std::vector<Ref<Layer>>& layers) {

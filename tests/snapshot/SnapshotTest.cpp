@@ -102,11 +102,24 @@ TEST(Snapshot, AssignmentRewiresAndKeepsReplacedBackReferences) {
 }
 
 TEST(Snapshot, MakeWiresLikeDecoding) {
-  auto child =
-      Layer::make({.name = "c",
-                   .sourceIdentifier = Identifier("c"),
-                   .kind = Layer::Kind::shape(),
-                   .frame = Rect{1, 1, 1, 1},
+  auto child = Layer::make({.name = "c",
+                            .sourceIdentifier = Identifier("c"),
+                            .kind = Layer::Kind::shape(),
+                            .frame = Rect{1, 1, 1, 1},
+                            .rotation = std::nullopt,
+                            .cornerRadius = 0,
+                            .opacity = 1,
+                            .blendMode = std::nullopt,
+                            .blur = nullptr,
+                            .isExportable = false,
+                            .fills = std::nullopt,
+                            .borders = std::nullopt,
+                            .shadows = std::nullopt});
+  auto top =
+      Layer::make({.name = "g",
+                   .sourceIdentifier = Identifier("g"),
+                   .kind = Layer::Kind::group({child}, "Card", Layer::InteractionLevel::bottom),
+                   .frame = Rect{10, 10, 1, 1},
                    .rotation = std::nullopt,
                    .cornerRadius = 0,
                    .opacity = 1,
@@ -116,30 +129,16 @@ TEST(Snapshot, MakeWiresLikeDecoding) {
                    .fills = std::nullopt,
                    .borders = std::nullopt,
                    .shadows = std::nullopt});
-  auto top = Layer::make({.name = "g",
-                          .sourceIdentifier = Identifier("g"),
-                          .kind = Layer::Kind::group({child}, "Card", Layer::InteractionLevel::bottom),
-                          .frame = Rect{10, 10, 1, 1},
-                          .rotation = std::nullopt,
-                          .cornerRadius = 0,
-                          .opacity = 1,
-                          .blendMode = std::nullopt,
-                          .blur = nullptr,
-                          .isExportable = false,
-                          .fills = std::nullopt,
-                          .borders = std::nullopt,
-                          .shadows = std::nullopt});
   auto grid = Grid::make({.horizontalOffset = 0, .vertical = nullptr, .horizontal = nullptr});
-  auto snapshot =
-      Snapshot::make({.size = Size{1, 1},
-                      .url = std::nullopt,
-                      .density = std::nullopt,
-                      .source = Snapshot::Source::figma,
-                      .backgroundColor = nullptr,
-                      .grid = grid,
-                      .assets = std::vector<Ref<Asset>>{},
-                      .layers = std::vector{top},
-                      .links = std::nullopt});
+  auto snapshot = Snapshot::make({.size = Size{1, 1},
+                                  .url = std::nullopt,
+                                  .density = std::nullopt,
+                                  .source = Snapshot::Source::figma,
+                                  .backgroundColor = nullptr,
+                                  .grid = grid,
+                                  .assets = std::vector<Ref<Asset>>{},
+                                  .layers = std::vector{top},
+                                  .links = std::nullopt});
   EXPECT_TRUE(snapshot->identifier().isLocal());
   EXPECT_EQ(grid->snapshot(), snapshot);
   expectTreeWiredTo({top}, snapshot);

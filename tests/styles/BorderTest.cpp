@@ -42,8 +42,8 @@ TEST(Shadow, SpreadDefaultsToZeroAndIsAlwaysWritten) {
   const char* color = R"("color":{"r":0,"g":0,"b":0,"a":0.5})";
   for (const char* spread : {"", R"("spread":null,)"}) {
     SCOPED_TRACE(spread);
-    auto shadow = decodeJson<Ref<Shadow>>(std::string("{\"type\":\"drop\",") + tail + spread +
-                                          color + "}");
+    auto shadow =
+        decodeJson<Ref<Shadow>>(std::string("{\"type\":\"drop\",") + tail + spread + color + "}");
     EXPECT_EQ(shadow->spread(), 0);
     EXPECT_FALSE(shadow->kind());
     EXPECT_EQ(encodeJson(shadow), std::string("{") + tail + "\"spread\":0," + color + "}");

@@ -1,3 +1,5 @@
+#include <orvane/internal/JsonWriter.hpp>
+
 #include "support/Records.hpp"
 
 using namespace orvane;
@@ -63,6 +65,16 @@ TEST(ProjectColor, IsWrittenWithoutItsIdentifierSoOnlyAPlainColorReadsItBack) {
   auto made = ProjectColor::make({.name = "Red", .red = 1, .green = 0, .blue = 0, .alpha = 0.5});
   EXPECT_TRUE(made->identifier().isLocal());
   EXPECT_EQ(encodeJson(made), R"({"name":"Red","r":1,"g":0,"b":0,"a":0.5})");
+}
+
+TEST(ProjectColor, ListedThroughAPlainColorStillShowsItsOwnFields) {
+  Ref<Color> color = ProjectColor::make(
+      {.identifier = Identifier("c"), .name = "Red", .red = 1, .green = 0, .blue = 0, .alpha = 1});
+  std::string out;
+  JsonWriter writer(out, false);
+  JsonFieldWriter fields(writer);
+  describe(fields, color);
+  EXPECT_EQ(out, R"({"red":1,"green":0,"blue":0,"alpha":1,"identifier":"c","name":"Red"})");
 }
 
 TEST(ProjectColor, ReadsItsOwnMembersBeforeTheColors) {
