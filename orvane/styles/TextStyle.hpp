@@ -5,7 +5,6 @@
 #include <string>
 
 #include <orvane/coding/Fields.hpp>
-#include <orvane/coding/OverridableFields.hpp>
 #include <orvane/coding/RawEnum.hpp>
 #include <orvane/values/Color.hpp>
 

@@ -2,9 +2,25 @@
 #pragma once
 
 #include <orvane/coding/Fields.hpp>
-#include <orvane/coding/OverridableFields.hpp>
 
 namespace orvane {
+
+namespace detail {
+
+/// A base for records that have subclasses (colors, text styles): the generated `visitFields`
+/// overrides the one declared here, so a listing through the base shows the subclass's fields.
+class OverridableFields {
+ public:
+  virtual ~OverridableFields() = default;
+  virtual void visitFields(FieldVisitor& visitor) const = 0;
+
+ protected:
+  OverridableFields() = default;
+  OverridableFields(const OverridableFields&) = default;
+  OverridableFields& operator=(const OverridableFields&) = default;
+};
+
+}  // namespace detail
 
 /// Red, green, blue and alpha, stored exactly as set or read: no range is imposed.
 class Color : public detail::OverridableFields {

@@ -57,11 +57,6 @@ TEST(AssetContent, BadUrlFailsTheAsset) {
   EXPECT_EQ(pathOf(e), "contents[1].url");
 }
 
-TEST(AssetContent, FormatsInOrder) {
-  using F = Asset::Content::Format;
-  EXPECT_EQ(allCases<F>(), (std::vector{F::png, F::jpg, F::svg, F::pdf}));
-}
-
 TEST(Asset, ContentsPointBackAfterDecodeMakeAndAssignment) {
   auto asset =
       decodeJson<Ref<Asset>>(R"({"_id":"a","displayName":"d","layerName":"l","contents":[{},{}]})");

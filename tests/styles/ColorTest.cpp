@@ -18,11 +18,6 @@ TEST(BlendMode, EveryCaseRoundTripsThroughItsHyphenatedString) {
     EXPECT_EQ(std::string(c.rawValue).find_first_of("ABCDEFGHIJKLMNOPQRSTUVWXYZ"),
               std::string::npos);
   }
-  EXPECT_EQ(rawValue(BlendMode::colorBurn), "color-burn");
-  EXPECT_EQ(rawValue(BlendMode::destinationAtop), "destination-atop");
-  EXPECT_EQ(rawValue(BlendMode::substract), "substract");
-  EXPECT_EQ(fromRawValue<BlendMode>("color"), BlendMode::color);
-  EXPECT_EQ(fromRawValue<BlendMode>("hue"), BlendMode::hue);
 }
 
 TEST(BlendMode, NearMissesAreUnknown) {
