@@ -21,6 +21,8 @@
 //                orEmpty      an optional key whose missing value is the type's empty value
 //                             (0, false, "", the empty list)
 //                custom       by the record's own `decodeName(decoder, container)`
+//                payload      the same, for a field with no key of its own (key `none`): it is
+//                             read from keys that belong to no field
 //                none         never read
 //   how written  always, whenPresent, unlessLocal (an identifier, left out when it is local),
 //                never, or custom (the record's own `encodeName(container)`)
@@ -115,6 +117,7 @@ bool isLocal(const T& identifier) {
 #define ORVANE_FIELD_KEY_tolerant(name, key) static constexpr std::string_view name = key;
 #define ORVANE_FIELD_KEY_orEmpty(name, key) static constexpr std::string_view name = key;
 #define ORVANE_FIELD_KEY_custom(name, key) static constexpr std::string_view name = key;
+#define ORVANE_FIELD_KEY_payload(name, key)
 #define ORVANE_FIELD_KEY_none(name, key)
 #define ORVANE_FIELD_KEY(name, Name, Type, key, read, write, param, access) \
   ORVANE_FIELD_KEY_##read(name, key)
@@ -153,6 +156,7 @@ bool isLocal(const T& identifier) {
 
 #define ORVANE_FIELD_HOOKS_READ_custom(Name) \
   void decode##Name(const ::orvane::Decoder& decoder, const ::orvane::KeyedDecodingContainer& c);
+#define ORVANE_FIELD_HOOKS_READ_payload(Name) ORVANE_FIELD_HOOKS_READ_custom(Name)
 #define ORVANE_FIELD_HOOKS_READ_required(Name)
 #define ORVANE_FIELD_HOOKS_READ_optional(Name)
 #define ORVANE_FIELD_HOOKS_READ_tolerant(Name)
@@ -216,6 +220,7 @@ bool isLocal(const T& identifier) {
   ORVANE_FIELD_STORE_##access(                              \
       name, Name, ::orvane::detail::orEmpty(c.template decodeIfPresent<Type>(CodingKeys::name)))
 #define ORVANE_FIELD_READ_custom(name, Name, Type, access) decode##Name(decoder, c);
+#define ORVANE_FIELD_READ_payload(name, Name, Type, access) decode##Name(decoder, c);
 #define ORVANE_FIELD_READ_none(name, Name, Type, access)
 #define ORVANE_FIELD_READ(name, Name, Type, key, read, write, param, access) \
   ORVANE_FIELD_READ_##read(name, Name, Type, access)

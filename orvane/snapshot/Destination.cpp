@@ -1,4 +1,5 @@
 #include <orvane/snapshot/Destination.hpp>
+
 #include <orvane/internal/MakeRef.hpp>
 
 namespace orvane {
@@ -8,37 +9,25 @@ void Destination::Kind::visitFields(FieldVisitor& v) const {
   if (const auto* screen = asScreen()) v.field("name", screen->name);
 }
 
-Ref<Destination> Destination::make(std::optional<Kind> kind) {
-  return makeRef<Destination>(Passkey<Destination>{}, std::move(kind));
-}
+ORVANE_PLAIN_RECORD_DEFINE(Destination, ORVANE_DESTINATION_FIELDS)
 
-Ref<Destination> Destination::decode(const Decoder& decoder) {
-  using K = CodingKeys;
-  auto c = decoder.container();
-  std::optional<Kind> kind;
-  if (auto key = c.decodeTolerant<Kind::Key>(K::kind)) {
-    switch (*key) {
-      case Kind::Key::previous:
-        kind = Kind::previous();
-        break;
-      case Kind::Key::screen:
-        kind = Kind::screen(c.decodeString(K::name));
-        break;
-    }
+void Destination::decodeKind(const Decoder&, const KeyedDecodingContainer& c) {
+  auto key = c.decodeTolerant<Kind::Key>(CodingKeys::kind);
+  if (!key) return;
+  switch (*key) {
+    case Kind::Key::previous:
+      kind_ = Kind::previous();
+      break;
+    case Kind::Key::screen:
+      kind_ = Kind::screen(c.decodeString(KindKeys::name));
+      break;
   }
-  return make(std::move(kind));
 }
 
-void Destination::encode(Encoder& encoder) const {
-  using K = CodingKeys;
-  auto c = encoder.container();
+void Destination::encodeKind(KeyedEncodingContainer& c) const {
   if (!kind_) return;
-  c.encode(K::kind, kind_->key());
-  if (const auto* screen = kind_->asScreen()) c.encode(K::name, screen->name);
-}
-
-void Destination::visitFields(FieldVisitor& v) const {
-  v.field("kind", kind_);
+  c.encode(CodingKeys::kind, kind_->key());
+  if (const auto* screen = kind_->asScreen()) c.encode(KindKeys::name, screen->name);
 }
 
 }  // namespace orvane

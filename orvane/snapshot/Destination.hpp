@@ -6,11 +6,8 @@
 #include <string_view>
 #include <variant>
 
-#include <orvane/coding/Decoder.hpp>
-#include <orvane/coding/Encoder.hpp>
-#include <orvane/coding/FieldVisitor.hpp>
+#include <orvane/coding/Fields.hpp>
 #include <orvane/coding/RawEnum.hpp>
-#include <orvane/coding/Ref.hpp>
 
 namespace orvane {
 
@@ -19,7 +16,8 @@ class Destination {
   /// A named screen, or back to the previous one.
   class Kind {
    public:
-    enum class Key { previous, screen };
+#define ORVANE_DESTINATION_KIND_KEY(C) C(previous, "previous") C(screen, "screen")
+    ORVANE_ENUM(Key, ORVANE_DESTINATION_KIND_KEY)
     struct Screen {
       std::string name;
     };
@@ -38,33 +36,21 @@ class Destination {
     std::variant<Screen, Previous> value_;
   };
 
-  struct CodingKeys {
-    static constexpr std::string_view kind = "type";
+  /// The key of the screen's payload, beside "type".
+  struct KindKeys {
     static constexpr std::string_view name = "name";
   };
 
-  Destination(Passkey<Destination>, std::optional<Kind> kind) : kind_(std::move(kind)) {}
+#define ORVANE_DESTINATION_FIELDS(F) \
+  F(kind, Kind, std::optional<Kind>, "type", custom, custom, given, plain)
+  ORVANE_FIELDS(Destination, ORVANE_DESTINATION_FIELDS)
 
-  static Ref<Destination> make(std::optional<Kind> kind);
+ public:
+  static Ref<Destination> make(Fields fields);
   static Ref<Destination> decode(const Decoder& decoder);
   void encode(Encoder& encoder) const;
-  void visitFields(FieldVisitor& v) const;
-
-  const std::optional<Kind>& kind() const { return kind_; }
-  void setKind(std::optional<Kind> value) { kind_ = std::move(value); }
-
- private:
-  std::optional<Kind> kind_;
 };
 
-template <>
-struct EnumTraits<Destination::Kind::Key> {
-  static constexpr std::string_view typeName = "Key";
-  static constexpr bool hasAllCases = false;
-  static constexpr std::array<EnumCase<Destination::Kind::Key>, 2> cases{{
-      {Destination::Kind::Key::previous, "previous", "previous"},
-      {Destination::Kind::Key::screen, "screen", "screen"},
-  }};
-};
+ORVANE_ENUM_TRAITS(Destination::Kind::Key, "Key", ORVANE_DESTINATION_KIND_KEY, false)
 
 }  // namespace orvane

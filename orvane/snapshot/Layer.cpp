@@ -1,11 +1,11 @@
 #include <orvane/snapshot/Layer.hpp>
 
+#include <orvane/internal/ChainLoopCheck.hpp>
+#include <orvane/internal/FatalError.hpp>
+#include <orvane/internal/MakeRef.hpp>
+#include <orvane/snapshot/Snapshot.hpp>
 #include <orvane/values/Geometry.hpp>
 #include <orvane/values/Url.hpp>
-#include <orvane/snapshot/Snapshot.hpp>
-#include <orvane/internal/MakeRef.hpp>
-#include <orvane/internal/FatalError.hpp>
-#include <orvane/internal/ChainLoopCheck.hpp>
 
 namespace orvane {
 
@@ -53,28 +53,6 @@ void Layer::Kind::visitFields(FieldVisitor& v) const {
   }
 }
 
-Layer::Layer(Passkey<Layer>, Identifier identifier, std::string name, Identifier sourceIdentifier,
-             std::optional<Kind> kind, Rect frame, std::optional<double> rotation,
-             double cornerRadius, double opacity, std::optional<BlendMode> blendMode,
-             Ref<Blur> blur, bool isExportable, std::optional<std::vector<Ref<Fill>>> fills,
-             std::optional<std::vector<Ref<Border>>> borders,
-             std::optional<std::vector<Ref<Shadow>>> shadows)
-    : identifier_(std::move(identifier)),
-      name_(std::move(name)),
-      sourceIdentifier_(std::move(sourceIdentifier)),
-      kind_(std::move(kind)),
-      frame_(frame),
-      cornerRadius_(cornerRadius),
-      opacity_(opacity),
-      fills_(std::move(fills)),
-      borders_(std::move(borders)),
-      shadows_(std::move(shadows)) {
-  setRotation(rotation);
-  setBlendMode(blendMode);
-  if (blur) rare().blur = std::move(blur);
-  setIsExportable(isExportable);
-}
-
 Layer::Rare& Layer::rare() {
   if (!rare_) rare_ = std::make_unique<Rare>();
   return *rare_;
@@ -98,115 +76,66 @@ void Layer::setSketchFileURL(std::optional<Url> value) {
   if (value || rare_) rare().sketchFileURL = std::move(value);
 }
 
-Ref<Layer> Layer::make(std::string name, Identifier sourceIdentifier, std::optional<Kind> kind,
-                       Rect frame, std::optional<double> rotation, double cornerRadius,
-                       double opacity, std::optional<BlendMode> blendMode, Ref<Blur> blur,
-                       bool isExportable, std::optional<std::vector<Ref<Fill>>> fills,
-                       std::optional<std::vector<Ref<Border>>> borders,
-                       std::optional<std::vector<Ref<Shadow>>> shadows, Identifier identifier) {
-  auto layer = makeRef<Layer>(Passkey<Layer>{}, std::move(identifier), std::move(name),
-                              std::move(sourceIdentifier), std::move(kind), frame, rotation,
-                              cornerRadius, opacity, blendMode, std::move(blur), isExportable,
-                              std::move(fills), std::move(borders), std::move(shadows));
+ORVANE_FIELDS_DEFINE(Layer, ORVANE_LAYER_FIELDS)
+
+Ref<Layer> Layer::make(Fields fields) {
+  auto layer = makeRef<Layer>(Passkey<Layer>{});
+  layer->storeFields(std::move(fields));
   layer->adoptChildren();
   return layer;
 }
 
 Ref<Layer> Layer::decode(const Decoder& decoder) {
-  using K = CodingKeys;
-  auto c = decoder.container();
-  // Imported layers carry the source's identifiers, which mean nothing to the service.
-  auto identifier =
-      decoder.isFromImportSource() ? Identifier::local() : c.decode<Identifier>(K::identifier);
-  auto name = c.decodeString(K::name);
-  auto sourceIdentifier = c.decode<Identifier>(K::sourceIdentifier);
-  std::optional<Kind> kind;
-  if (auto key = c.decodeTolerant<Kind::Key>(K::kind)) {
-    switch (*key) {
-      case Kind::Key::text: {
-        auto content = c.decodeString(K::content);
-        auto styles = c.decode<std::vector<Ref<RangedTextStyle>>>(K::textStyles);
-        kind = Kind::text(std::move(content), std::move(styles));
-        break;
-      }
-      case Kind::Key::group: {
-        auto layers = c.decode<std::vector<Ref<Layer>>>(K::layers);
-        auto componentName = c.decodeStringIfPresent(K::componentName);
-        auto interactionLevel = c.decodeTolerant<InteractionLevel>(K::interactionLevel);
-        kind = Kind::group(std::move(layers), std::move(componentName), interactionLevel);
-        break;
-      }
-      case Kind::Key::shape:
-        kind = Kind::shape();
-        break;
-    }
-  }
-  auto frame = c.decode<Rect>(K::frame);
-  auto rotation = c.decodeDoubleIfPresent(K::rotation);
-  auto cornerRadius = c.decodeDoubleIfPresent(K::cornerRadius).value_or(0);
-  auto opacity = c.decodeDouble(K::opacity);
-  auto blendMode = c.decodeTolerant<BlendMode>(K::blendMode);
-  auto blur = c.decodeIfPresent<Ref<Blur>>(K::blur);
-  auto isExportable = c.decodeBoolIfPresent(K::isExportable).value_or(false);
-  auto fills = c.decodeIfPresent<std::vector<Ref<Fill>>>(K::fills);
-  auto borders = c.decodeIfPresent<std::vector<Ref<Border>>>(K::borders);
-  auto shadows = c.decodeIfPresent<std::vector<Ref<Shadow>>>(K::shadows);
-  auto layer = makeRef<Layer>(Passkey<Layer>{}, std::move(identifier), std::move(name),
-                              std::move(sourceIdentifier), std::move(kind), frame, rotation,
-                              cornerRadius, opacity, blendMode, std::move(blur), isExportable,
-                              std::move(fills), std::move(borders), std::move(shadows));
+  auto layer = makeRef<Layer>(Passkey<Layer>{});
+  layer->decodeFields(decoder, decoder.container());
   layer->adoptChildren();
   return layer;
 }
 
 void Layer::encode(Encoder& encoder) const {
-  using K = CodingKeys;
   auto c = encoder.container();
-  c.encode(K::name, name_);
-  if (!sourceIdentifier_.isLocal()) c.encode(K::sourceIdentifier, sourceIdentifier_.rawValue());
-  if (kind_) {
-    c.encode(K::kind, kind_->key());
-    if (const auto* group = kind_->asGroup()) {
-      c.encode(K::layers, group->layers);
-      c.encodeIfPresent(K::componentName, group->componentName);
-      c.encodeIfPresent(K::interactionLevel, group->interactionLevel);
-    } else if (const auto* text = kind_->asText()) {
-      c.encode(K::content, text->content);
-      c.encode(K::textStyles, text->rangedTextStyles);
-    }
-  }
-  c.encode(K::frame, frame_);
-  c.encodeIfPresent(K::rotation, rotation());
-  c.encode(K::cornerRadius, cornerRadius_);
-  c.encode(K::opacity, opacity_);
-  c.encodeIfPresent(K::blendMode, blendMode());
-  c.encodeIfPresent(K::blur, blur());
-  c.encode(K::isExportable, isExportable());
-  c.encodeIfPresent(K::fills, fills_);
-  c.encodeIfPresent(K::borders, borders_);
-  c.encodeIfPresent(K::shadows, shadows_);
+  encodeFields(c);
 }
 
-void Layer::visitFields(FieldVisitor& v) const {
-  v.field("identifier", identifier_);
-  v.field("name", name_);
-  v.field("sourceIdentifier", sourceIdentifier_);
-  v.field("kind", kind_);
-  v.field("frame", frame_);
-  v.field("rotation", rotation());
-  v.field("cornerRadius", cornerRadius_);
-  v.field("opacity", opacity_);
-  v.field("blendMode", blendMode());
-  v.field("blur", blur());
-  v.field("isExportable", isExportable());
-  v.field("fills", fills_);
-  v.field("borders", borders_);
-  v.field("shadows", shadows_);
-  v.field("snapshot", snapshot_);
-  v.field("parent", parent_);
-  v.field("exportsBitmap", exportsBitmap());
-  v.field("sketchFileURL", sketchFileURL());
-  v.field("absoluteFrame", absoluteFrame());
+void Layer::decodeIdentifier(const Decoder& decoder, const KeyedDecodingContainer& c) {
+  identifier_ = decoder.isFromImportSource() ? Identifier::local()
+                                             : c.decode<Identifier>(CodingKeys::identifier);
+}
+
+void Layer::decodeKind(const Decoder&, const KeyedDecodingContainer& c) {
+  auto key = c.decodeTolerant<Kind::Key>(CodingKeys::kind);
+  if (!key) return;
+  switch (*key) {
+    case Kind::Key::text: {
+      auto content = c.decodeString(KindKeys::content);
+      auto styles = c.decode<std::vector<Ref<RangedTextStyle>>>(KindKeys::textStyles);
+      kind_ = Kind::text(std::move(content), std::move(styles));
+      break;
+    }
+    case Kind::Key::group: {
+      auto layers = c.decode<std::vector<Ref<Layer>>>(KindKeys::layers);
+      auto componentName = c.decodeStringIfPresent(KindKeys::componentName);
+      auto interactionLevel = c.decodeTolerant<InteractionLevel>(KindKeys::interactionLevel);
+      kind_ = Kind::group(std::move(layers), std::move(componentName), interactionLevel);
+      break;
+    }
+    case Kind::Key::shape:
+      kind_ = Kind::shape();
+      break;
+  }
+}
+
+void Layer::encodeKind(KeyedEncodingContainer& c) const {
+  if (!kind_) return;
+  c.encode(CodingKeys::kind, kind_->key());
+  if (const auto* group = kind_->asGroup()) {
+    c.encode(KindKeys::layers, group->layers);
+    c.encodeIfPresent(KindKeys::componentName, group->componentName);
+    c.encodeIfPresent(KindKeys::interactionLevel, group->interactionLevel);
+  } else if (const auto* text = kind_->asText()) {
+    c.encode(KindKeys::content, text->content);
+    c.encode(KindKeys::textStyles, text->rangedTextStyles);
+  }
 }
 
 void Layer::adoptChildren() {

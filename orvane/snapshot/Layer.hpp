@@ -10,15 +10,12 @@
 #include <variant>
 #include <vector>
 
+#include <orvane/coding/Fields.hpp>
+#include <orvane/coding/RawEnum.hpp>
 #include <orvane/values/BlendMode.hpp>
 #include <orvane/values/CanonicalText.hpp>
-#include <orvane/coding/Decoder.hpp>
-#include <orvane/coding/Encoder.hpp>
-#include <orvane/coding/FieldVisitor.hpp>
-#include <orvane/values/Identifier.hpp>
-#include <orvane/coding/RawEnum.hpp>
-#include <orvane/coding/Ref.hpp>
 #include <orvane/values/Geometry.hpp>
+#include <orvane/values/Identifier.hpp>
 #include <orvane/values/Url.hpp>
 #include <orvane/styles/Blur.hpp>
 #include <orvane/styles/Border.hpp>
@@ -37,12 +34,14 @@ class Snapshot;
 class Layer : public std::enable_shared_from_this<Layer> {
  public:
   /// Where a group stands relative to its children when a tree is flattened.
-  enum class InteractionLevel { top, bottom };
+#define ORVANE_LAYER_INTERACTION_LEVEL(C) C(top, "top") C(bottom, "bottom")
+  ORVANE_ENUM(InteractionLevel, ORVANE_LAYER_INTERACTION_LEVEL)
 
   /// What the layer is, with its payload.
   class Kind {
    public:
-    enum class Key { shape, text, group };
+#define ORVANE_LAYER_KIND_KEY(C) C(shape, "shape") C(text, "text") C(group, "group")
+    ORVANE_ENUM(Key, ORVANE_LAYER_KIND_KEY)
 
     struct Text {
       std::string content;
@@ -77,25 +76,12 @@ class Layer : public std::enable_shared_from_this<Layer> {
     std::variant<Text, Group, Shape> value_;
   };
 
-  struct CodingKeys {
-    static constexpr std::string_view identifier = "_id";
-    static constexpr std::string_view name = "name";
-    static constexpr std::string_view sourceIdentifier = "sourceId";
-    static constexpr std::string_view kind = "type";
-    static constexpr std::string_view frame = "rect";
-    static constexpr std::string_view rotation = "rotation";
-    static constexpr std::string_view cornerRadius = "borderRadius";
-    static constexpr std::string_view opacity = "opacity";
-    static constexpr std::string_view blendMode = "blendMode";
-    static constexpr std::string_view blur = "blur";
+  /// The keys of the kind's payloads, beside "type".
+  struct KindKeys {
     static constexpr std::string_view content = "content";
-    static constexpr std::string_view isExportable = "exportable";
     static constexpr std::string_view componentName = "componentName";
     static constexpr std::string_view interactionLevel = "interactionLevel";
     static constexpr std::string_view layers = "layers";
-    static constexpr std::string_view fills = "fills";
-    static constexpr std::string_view borders = "borders";
-    static constexpr std::string_view shadows = "shadows";
     static constexpr std::string_view textStyles = "textStyles";
   };
 
@@ -105,23 +91,44 @@ class Layer : public std::enable_shared_from_this<Layer> {
     CanonicalStringSet componentNames;
   };
 
-  Layer(Passkey<Layer>, Identifier identifier, std::string name, Identifier sourceIdentifier,
-        std::optional<Kind> kind, Rect frame, std::optional<double> rotation, double cornerRadius,
-        double opacity, std::optional<BlendMode> blendMode, Ref<Blur> blur, bool isExportable,
-        std::optional<std::vector<Ref<Fill>>> fills,
-        std::optional<std::vector<Ref<Border>>> borders,
-        std::optional<std::vector<Ref<Shadow>>> shadows);
+  using Fills = std::optional<std::vector<Ref<Fill>>>;
+  using Borders = std::optional<std::vector<Ref<Border>>>;
+  using Shadows = std::optional<std::vector<Ref<Shadow>>>;
 
-  static Ref<Layer> make(std::string name, Identifier sourceIdentifier, std::optional<Kind> kind,
-                         Rect frame, std::optional<double> rotation, double cornerRadius,
-                         double opacity, std::optional<BlendMode> blendMode, Ref<Blur> blur,
-                         bool isExportable, std::optional<std::vector<Ref<Fill>>> fills,
-                         std::optional<std::vector<Ref<Border>>> borders,
-                         std::optional<std::vector<Ref<Shadow>>> shadows,
-                         Identifier identifier = Identifier::local());
+  // Imported layers carry the source's identifiers, which mean nothing to the service
+  // (`decodeIdentifier`). Setting the kind gives a group's children this layer as parent and
+  // its snapshot; setting the snapshot hands it down the whole subtree, also when it does not
+  // change. The `own` fields live in packed storage (below) with accessors written by hand.
+#define ORVANE_LAYER_FIELDS(F)                                                                     \
+  F(identifier, Identifier, Identifier, "_id", custom, never, localId, plain)                      \
+  F(name, Name, std::string, "name", required, always, given, plain)                               \
+  F(sourceIdentifier, SourceIdentifier, Identifier, "sourceId", required, unlessLocal, given,      \
+    plain)                                                                                         \
+  F(kind, Kind, std::optional<Kind>, "type", custom, custom, given, observed)                      \
+  F(frame, Frame, Rect, "rect", required, always, given, plain)                                    \
+  F(rotation, Rotation, std::optional<double>, "rotation", optional, whenPresent, given, own)      \
+  F(cornerRadius, CornerRadius, double, "borderRadius", orEmpty, always, given, plain)             \
+  F(opacity, Opacity, double, "opacity", required, always, given, plain)                           \
+  F(blendMode, BlendMode, std::optional<orvane::BlendMode>, "blendMode", tolerant, whenPresent,    \
+    given, own)                                                                                    \
+  F(blur, Blur, Ref<orvane::Blur>, "blur", optional, whenPresent, given, own)                      \
+  F(isExportable, IsExportable, bool, "exportable", orEmpty, always, given, own)                   \
+  F(fills, Fills, Fills, "fills", optional, whenPresent, given, plain)                             \
+  F(borders, Borders, Borders, "borders", optional, whenPresent, given, plain)                     \
+  F(shadows, Shadows, Shadows, "shadows", optional, whenPresent, given, plain)                     \
+  F(snapshot, Snapshot, WeakRef<orvane::Snapshot>, none, none, never, none, observedBackRef)       \
+  F(parent, Parent, WeakRef<Layer>, none, none, never, none, backRef)                              \
+  F(exportsBitmap, ExportsBitmap, bool, none, none, never, none, own)                              \
+  F(sketchFileURL, SketchFileURL, std::optional<Url>, none, none, never, none, own)                \
+  F(absoluteFrame, AbsoluteFrame, Rect, none, none, never, none, own)
+  ORVANE_FIELDS(Layer, ORVANE_LAYER_FIELDS)
+
+ public:
+  /// Stores the fields; a group's children then get the new layer as parent (their snapshot
+  /// is not touched).
+  static Ref<Layer> make(Fields fields);
   static Ref<Layer> decode(const Decoder& decoder);
   void encode(Encoder& encoder) const;
-  void visitFields(FieldVisitor& v) const;
 
   /// The layers in drawing order, each with its absolute frame stored on the way.
   static std::vector<Ref<Layer>> flattenedLayers(const std::vector<Ref<Layer>>& layers,
@@ -130,23 +137,12 @@ class Layer : public std::enable_shared_from_this<Layer> {
   static Flattened flattenedLayersAndComponentNames(const std::vector<Ref<Layer>>& layers,
                                                     Point origin = {});
 
-  const Identifier& identifier() const { return identifier_; }
-  void setIdentifier(Identifier value) { identifier_ = std::move(value); }
-  const std::string& name() const { return name_; }
-  void setName(std::string value) { name_ = std::move(value); }
-  const Identifier& sourceIdentifier() const { return sourceIdentifier_; }
-  void setSourceIdentifier(Identifier value) { sourceIdentifier_ = std::move(value); }
-  const std::optional<Kind>& kind() const { return kind_; }
-  /// Stores the kind; a group's children then get this layer as parent and its snapshot.
-  void setKind(std::optional<Kind> value);
   /// Changes the kind in place (a group's children, say), then wires it as an assignment would.
   template <class Fn>
   void editKind(Fn&& fn) {
     std::forward<Fn>(fn)(kind_);
     kindChanged();
   }
-  const Rect& frame() const { return frame_; }
-  void setFrame(Rect value) { frame_ = value; }
   std::optional<double> rotation() const {
     return (flags_ & kHasRotation) ? std::optional<double>(rotation_) : std::nullopt;
   }
@@ -154,10 +150,6 @@ class Layer : public std::enable_shared_from_this<Layer> {
     rotation_ = value.value_or(0);
     setFlag(kHasRotation, value.has_value());
   }
-  double cornerRadius() const { return cornerRadius_; }
-  void setCornerRadius(double value) { cornerRadius_ = value; }
-  double opacity() const { return opacity_; }
-  void setOpacity(double value) { opacity_ = value; }
   std::optional<BlendMode> blendMode() const {
     return (flags_ & kHasBlendMode) ? std::optional<BlendMode>(blendMode_) : std::nullopt;
   }
@@ -169,17 +161,6 @@ class Layer : public std::enable_shared_from_this<Layer> {
   void setBlur(Ref<Blur> value);
   bool isExportable() const { return flags_ & kIsExportable; }
   void setIsExportable(bool value) { setFlag(kIsExportable, value); }
-  const std::optional<std::vector<Ref<Fill>>>& fills() const { return fills_; }
-  void setFills(std::optional<std::vector<Ref<Fill>>> value) { fills_ = std::move(value); }
-  const std::optional<std::vector<Ref<Border>>>& borders() const { return borders_; }
-  void setBorders(std::optional<std::vector<Ref<Border>>> value) { borders_ = std::move(value); }
-  const std::optional<std::vector<Ref<Shadow>>>& shadows() const { return shadows_; }
-  void setShadows(std::optional<std::vector<Ref<Shadow>>> value) { shadows_ = std::move(value); }
-  Ref<Snapshot> snapshot() const { return snapshot_.lock(); }
-  /// Stores the snapshot and hands it down the whole subtree, also when it does not change.
-  void setSnapshot(const Ref<Snapshot>& value);
-  Ref<Layer> parent() const { return parent_.lock(); }
-  void setParent(const Ref<Layer>& value) { parent_ = value; }
   bool exportsBitmap() const { return flags_ & kExportsBitmap; }
   void setExportsBitmap(bool value) { setFlag(kExportsBitmap, value); }
   const std::optional<Url>& sketchFileURL() const;
@@ -222,44 +203,15 @@ class Layer : public std::enable_shared_from_this<Layer> {
   }
   Rare& rare();
 
-  Identifier identifier_;
-  std::string name_;
-  Identifier sourceIdentifier_;
-  std::optional<Kind> kind_;
-  Rect frame_;
   double rotation_ = 0;
-  double cornerRadius_;
-  double opacity_;
-  std::optional<std::vector<Ref<Fill>>> fills_;
-  std::optional<std::vector<Ref<Border>>> borders_;
-  std::optional<std::vector<Ref<Shadow>>> shadows_;
-  WeakRef<Snapshot> snapshot_;
-  WeakRef<Layer> parent_;
   std::unique_ptr<Rare> rare_;
   mutable Rect absoluteFrame_;
   BlendMode blendMode_{};
   mutable std::uint8_t flags_ = 0;
 };
 
-template <>
-struct EnumTraits<Layer::Kind::Key> {
-  static constexpr std::string_view typeName = "Key";
-  static constexpr bool hasAllCases = false;
-  static constexpr std::array<EnumCase<Layer::Kind::Key>, 3> cases{{
-      {Layer::Kind::Key::shape, "shape", "shape"},
-      {Layer::Kind::Key::text, "text", "text"},
-      {Layer::Kind::Key::group, "group", "group"},
-  }};
-};
-
-template <>
-struct EnumTraits<Layer::InteractionLevel> {
-  static constexpr std::string_view typeName = "InteractionLevel";
-  static constexpr bool hasAllCases = false;
-  static constexpr std::array<EnumCase<Layer::InteractionLevel>, 2> cases{{
-      {Layer::InteractionLevel::top, "top", "top"},
-      {Layer::InteractionLevel::bottom, "bottom", "bottom"},
-  }};
-};
+ORVANE_ENUM_TRAITS(Layer::Kind::Key, "Key", ORVANE_LAYER_KIND_KEY, false)
+ORVANE_ENUM_TRAITS(Layer::InteractionLevel, "InteractionLevel", ORVANE_LAYER_INTERACTION_LEVEL,
+                   false)
 
 }  // namespace orvane

@@ -1,83 +1,67 @@
 #include <orvane/snapshot/Snapshot.hpp>
 
-#include <orvane/project/Version.hpp>
 #include <orvane/internal/MakeRef.hpp>
+#include <orvane/project/Version.hpp>
 
 namespace orvane {
 
-Snapshot::Snapshot(Passkey<Snapshot>, Identifier identifier, Size size, std::optional<Url> url,
-                   std::optional<Density> density, std::optional<Source> source,
-                   std::vector<std::string> componentNames, Ref<Color> backgroundColor,
-                   Ref<Grid> grid, std::optional<std::vector<Ref<Asset>>> assets,
-                   std::optional<std::vector<Ref<Layer>>> layers,
-                   std::optional<std::vector<Ref<Link>>> links)
-    : identifier_(std::move(identifier)),
-      size_(size),
-      url_(std::move(url)),
-      density_(density),
-      source_(source),
-      componentNames_(std::move(componentNames)),
-      backgroundColor_(std::move(backgroundColor)),
-      grid_(std::move(grid)),
-      assets_(std::move(assets)),
-      layers_(std::move(layers)),
-      links_(std::move(links)) {}
+void Snapshot::decodeFields(const Decoder& decoder, const KeyedDecodingContainer& c) {
+  ORVANE_SNAPSHOT_FIELDS(ORVANE_FIELD_READ)
+}
 
-Ref<Snapshot> Snapshot::make(Size size, std::optional<Url> url, std::optional<Density> density,
-                             std::optional<Source> source, Ref<Color> backgroundColor,
-                             Ref<Grid> grid, std::optional<std::vector<Ref<Asset>>> assets,
-                             std::optional<std::vector<Ref<Layer>>> layers,
-                             std::optional<std::vector<Ref<Link>>> links, Identifier identifier,
-                             std::vector<std::string> componentNames) {
-  auto snapshot = makeRef<Snapshot>(
-      Passkey<Snapshot>{}, std::move(identifier), size, std::move(url), density, source,
-      std::move(componentNames), std::move(backgroundColor), std::move(grid), std::move(assets),
-      std::move(layers), std::move(links));
+void Snapshot::encodeFields(KeyedEncodingContainer& c) const {
+  ORVANE_SNAPSHOT_FIELDS(ORVANE_FIELD_WRITE)
+}
+
+void Snapshot::storeFields(Fields&& fields) {
+  ORVANE_SNAPSHOT_FIELDS(ORVANE_FIELD_TAKE)
+}
+
+void Snapshot::visitFields(FieldVisitor& visitor) const {
+  ORVANE_SNAPSHOT_CODED_FIELDS(ORVANE_FIELD_VISIT)
+  visitor.key("flattenedLayers");
+  if (flattenedLayers_) {
+    visitor.beginArray();
+    for (const auto& layer : *flattenedLayers_) describe(visitor, layer->identifier());
+    visitor.endArray();
+  } else {
+    visitor.null();
+  }
+  ORVANE_SNAPSHOT_CLIENT_FIELDS(ORVANE_FIELD_VISIT)
+}
+
+Ref<Snapshot> Snapshot::make(Fields fields) {
+  auto snapshot = makeRef<Snapshot>(Passkey<Snapshot>{});
+  snapshot->storeFields(std::move(fields));
   snapshot->wire();
   return snapshot;
 }
 
 Ref<Snapshot> Snapshot::decode(const Decoder& decoder) {
-  using K = CodingKeys;
-  auto c = decoder.container();
-  // Imported snapshots carry the source's identifiers, which mean nothing to the service.
-  auto identifier =
-      decoder.isFromImportSource() ? Identifier::local() : c.decode<Identifier>(K::identifier);
-  Size size;
-  size.width = c.decodeDouble(K::width);
-  size.height = c.decodeDouble(K::height);
-  auto url = c.decodeUrlIfPresent(K::url);
-  auto density = c.decodeTolerant<Density>(K::density);
-  auto source = c.decodeTolerant<Source>(K::source);
-  auto componentNames = c.decodeIfPresent<std::vector<std::string>>(K::componentNames)
-                            .value_or(std::vector<std::string>{});
-  auto backgroundColor = c.decodeIfPresent<Ref<Color>>(K::backgroundColor);
-  auto grid = c.decodeIfPresent<Ref<Grid>>(K::grid);
-  auto assets = c.decodeIfPresent<std::vector<Ref<Asset>>>(K::assets);
-  auto layers = c.decodeIfPresent<std::vector<Ref<Layer>>>(K::layers);
-  auto links = c.decodeIfPresent<std::vector<Ref<Link>>>(K::links);
-  auto snapshot = makeRef<Snapshot>(
-      Passkey<Snapshot>{}, std::move(identifier), size, std::move(url), density, source,
-      std::move(componentNames), std::move(backgroundColor), std::move(grid), std::move(assets),
-      std::move(layers), std::move(links));
+  auto snapshot = makeRef<Snapshot>(Passkey<Snapshot>{});
+  snapshot->decodeFields(decoder, decoder.container());
   snapshot->wire();
   return snapshot;
 }
 
 void Snapshot::encode(Encoder& encoder) const {
-  using K = CodingKeys;
   auto c = encoder.container();
-  c.encode(K::width, size_.width);
-  c.encode(K::height, size_.height);
-  c.encodeIfPresent(K::url, url_);
-  c.encodeIfPresent(K::density, density_);
-  c.encodeIfPresent(K::source, source_);
-  c.encode(K::componentNames, componentNames_);
-  c.encodeIfPresent(K::backgroundColor, backgroundColor_);
-  c.encodeIfPresent(K::grid, grid_);
-  c.encodeIfPresent(K::assets, assets_);
-  c.encodeIfPresent(K::layers, layers_);
-  c.encodeIfPresent(K::links, links_);
+  encodeFields(c);
+}
+
+void Snapshot::decodeIdentifier(const Decoder& decoder, const KeyedDecodingContainer& c) {
+  identifier_ = decoder.isFromImportSource() ? Identifier::local()
+                                             : c.decode<Identifier>(CodingKeys::identifier);
+}
+
+void Snapshot::decodeSize(const Decoder&, const KeyedDecodingContainer& c) {
+  size_.width = c.decodeDouble(SizeKeys::width);
+  size_.height = c.decodeDouble(SizeKeys::height);
+}
+
+void Snapshot::encodeSize(KeyedEncodingContainer& c) const {
+  c.encode(SizeKeys::width, size_.width);
+  c.encode(SizeKeys::height, size_.height);
 }
 
 void Snapshot::wire() {
@@ -122,32 +106,6 @@ void Snapshot::layersChanged() {
   }
   wireLayers();
   flattenedLayers_ = Layer::flattenedLayers(*layers_);
-}
-
-void Snapshot::visitFields(FieldVisitor& v) const {
-  v.field("identifier", identifier_);
-  v.field("size", size_);
-  v.field("url", url_);
-  v.field("density", density_);
-  v.field("source", source_);
-  v.field("componentNames", componentNames_);
-  v.field("backgroundColor", backgroundColor_);
-  v.field("grid", grid_);
-  v.field("assets", assets_);
-  v.field("layers", layers_);
-  v.field("links", links_);
-  v.key("flattenedLayers");
-  if (flattenedLayers_) {
-    v.beginArray();
-    for (const auto& layer : *flattenedLayers_) describe(v, layer->identifier());
-    v.endArray();
-  } else {
-    v.null();
-  }
-  v.field("version", version_);
-  v.field("imagePath", imagePath_);
-  v.field("isExportable", isExportable_);
-  v.field("exportsBitmap", exportsBitmap_);
 }
 
 }  // namespace orvane

@@ -2,13 +2,9 @@
 #pragma once
 
 #include <optional>
-#include <string_view>
 
-#include <orvane/coding/Decoder.hpp>
-#include <orvane/coding/Encoder.hpp>
-#include <orvane/coding/FieldVisitor.hpp>
+#include <orvane/coding/Fields.hpp>
 #include <orvane/coding/RawEnum.hpp>
-#include <orvane/coding/Ref.hpp>
 #include <orvane/styles/Fill.hpp>
 
 namespace orvane {
@@ -17,43 +13,24 @@ namespace orvane {
 /// border's own object rather than under a key of their own.
 class Border {
  public:
-  enum class Position { center, inside, outside };
+#define ORVANE_BORDER_POSITION(C) C(center, "center") C(inside, "inside") C(outside, "outside")
+  ORVANE_ENUM(Position, ORVANE_BORDER_POSITION)
 
-  struct CodingKeys {
-    static constexpr std::string_view position = "position";
-    static constexpr std::string_view thickness = "thickness";
-  };
+  // The fill's members share the border's object: `decode` and `encode` code it after the
+  // listed fields.
+#define ORVANE_BORDER_FIELDS(F)                                                                 \
+  F(position, Position, std::optional<Position>, "position", tolerant, whenPresent, given,     \
+    plain)                                                                                      \
+  F(thickness, Thickness, double, "thickness", required, always, given, plain)                  \
+  F(fill, Fill, Ref<orvane::Fill>, none, none, never, given, plain)
+  ORVANE_FIELDS(Border, ORVANE_BORDER_FIELDS)
 
-  Border(Passkey<Border>, std::optional<Position> position, double thickness, Ref<Fill> fill)
-      : position_(position), thickness_(thickness), fill_(std::move(fill)) {}
-
-  static Ref<Border> make(std::optional<Position> position, double thickness, Ref<Fill> fill);
+ public:
+  static Ref<Border> make(Fields fields);
   static Ref<Border> decode(const Decoder& decoder);
   void encode(Encoder& encoder) const;
-  void visitFields(FieldVisitor& v) const;
-
-  std::optional<Position> position() const { return position_; }
-  void setPosition(std::optional<Position> value) { position_ = value; }
-  double thickness() const { return thickness_; }
-  void setThickness(double value) { thickness_ = value; }
-  const Ref<Fill>& fill() const { return fill_; }
-  void setFill(Ref<Fill> value) { fill_ = std::move(value); }
-
- private:
-  std::optional<Position> position_;
-  double thickness_;
-  Ref<Fill> fill_;
 };
 
-template <>
-struct EnumTraits<Border::Position> {
-  static constexpr std::string_view typeName = "Position";
-  static constexpr bool hasAllCases = false;
-  static constexpr std::array<EnumCase<Border::Position>, 3> cases{{
-      {Border::Position::center, "center", "center"},
-      {Border::Position::inside, "inside", "inside"},
-      {Border::Position::outside, "outside", "outside"},
-  }};
-};
+ORVANE_ENUM_TRAITS(Border::Position, "Position", ORVANE_BORDER_POSITION, false)
 
 }  // namespace orvane

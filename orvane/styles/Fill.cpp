@@ -1,4 +1,5 @@
 #include <orvane/styles/Fill.hpp>
+
 #include <orvane/internal/MakeRef.hpp>
 
 namespace orvane {
@@ -9,47 +10,26 @@ void Fill::Kind::visitFields(FieldVisitor& v) const {
   if (const auto* g = asGradient()) v.field("gradient", g->gradient);
 }
 
-Ref<Fill> Fill::make(std::optional<Kind> kind, std::optional<double> opacity,
-                     std::optional<BlendMode> blendMode) {
-  return makeRef<Fill>(Passkey<Fill>{}, std::move(kind), opacity, blendMode);
-}
+ORVANE_PLAIN_RECORD_DEFINE(Fill, ORVANE_FILL_FIELDS)
 
-Ref<Fill> Fill::decode(const Decoder& decoder) {
-  using K = CodingKeys;
-  auto c = decoder.container();
-  std::optional<Kind> kind;
-  // Only the member of the case named by "fillType" is read; without a known case neither is.
-  if (auto key = c.decodeTolerant<Kind::Key>(K::kind)) {
-    switch (*key) {
-      case Kind::Key::color:
-        kind = Kind::color(c.decode<Ref<Color>>(K::color));
-        break;
-      case Kind::Key::gradient:
-        kind = Kind::gradient(c.decode<Ref<Gradient>>(K::gradient));
-        break;
-    }
+void Fill::decodeKind(const Decoder&, const KeyedDecodingContainer& c) {
+  auto key = c.decodeTolerant<Kind::Key>(CodingKeys::kind);
+  if (!key) return;
+  switch (*key) {
+    case Kind::Key::color:
+      kind_ = Kind::color(c.decode<Ref<Color>>(KindKeys::color));
+      break;
+    case Kind::Key::gradient:
+      kind_ = Kind::gradient(c.decode<Ref<Gradient>>(KindKeys::gradient));
+      break;
   }
-  auto opacity = c.decodeDoubleIfPresent(K::opacity);
-  auto blendMode = c.decodeTolerant<BlendMode>(K::blendMode);
-  return make(std::move(kind), opacity, blendMode);
 }
 
-void Fill::encode(Encoder& encoder) const {
-  using K = CodingKeys;
-  auto c = encoder.container();
-  if (kind_) {
-    c.encode(K::kind, kind_->key());
-    if (const auto* color = kind_->asColor()) c.encode(K::color, color->color);
-    if (const auto* gradient = kind_->asGradient()) c.encode(K::gradient, gradient->gradient);
-  }
-  c.encodeIfPresent(K::opacity, opacity_);
-  c.encodeIfPresent(K::blendMode, blendMode_);
-}
-
-void Fill::visitFields(FieldVisitor& v) const {
-  v.field("kind", kind_);
-  v.field("opacity", opacity_);
-  v.field("blendMode", blendMode_);
+void Fill::encodeKind(KeyedEncodingContainer& c) const {
+  if (!kind_) return;
+  c.encode(CodingKeys::kind, kind_->key());
+  if (const auto* color = kind_->asColor()) c.encode(KindKeys::color, color->color);
+  if (const auto* gradient = kind_->asGradient()) c.encode(KindKeys::gradient, gradient->gradient);
 }
 
 }  // namespace orvane

@@ -5,14 +5,11 @@
 #include <string_view>
 #include <variant>
 
+#include <orvane/coding/Fields.hpp>
+#include <orvane/coding/RawEnum.hpp>
+#include <orvane/styles/Gradient.hpp>
 #include <orvane/values/BlendMode.hpp>
 #include <orvane/values/Color.hpp>
-#include <orvane/coding/Decoder.hpp>
-#include <orvane/coding/Encoder.hpp>
-#include <orvane/coding/FieldVisitor.hpp>
-#include <orvane/coding/RawEnum.hpp>
-#include <orvane/coding/Ref.hpp>
-#include <orvane/styles/Gradient.hpp>
 
 namespace orvane {
 
@@ -22,7 +19,8 @@ class Fill {
   /// The paint. Its case is named by "fillType" and its payload stands under the case's name.
   class Kind {
    public:
-    enum class Key { color, gradient };
+#define ORVANE_FILL_KIND_KEY(C) C(color, "color") C(gradient, "gradient")
+    ORVANE_ENUM(Key, ORVANE_FILL_KIND_KEY)
     struct Color {
       Ref<orvane::Color> color;
     };
@@ -46,45 +44,26 @@ class Fill {
     std::variant<Color, Gradient> value_;
   };
 
-  struct CodingKeys {
-    static constexpr std::string_view kind = "fillType";
+  /// The keys of the kind's payloads, beside "fillType".
+  struct KindKeys {
     static constexpr std::string_view color = "color";
     static constexpr std::string_view gradient = "gradient";
-    static constexpr std::string_view opacity = "opacity";
-    static constexpr std::string_view blendMode = "blendMode";
   };
 
-  Fill(Passkey<Fill>, std::optional<Kind> kind, std::optional<double> opacity,
-       std::optional<BlendMode> blendMode)
-      : kind_(std::move(kind)), opacity_(opacity), blendMode_(blendMode) {}
+  // Only the member of the case named by "fillType" is read; without a known case neither is.
+#define ORVANE_FILL_FIELDS(F)                                                                  \
+  F(kind, Kind, std::optional<Kind>, "fillType", custom, custom, given, plain)                 \
+  F(opacity, Opacity, std::optional<double>, "opacity", optional, whenPresent, given, plain)   \
+  F(blendMode, BlendMode, std::optional<orvane::BlendMode>, "blendMode", tolerant, whenPresent, \
+    given, plain)
+  ORVANE_FIELDS(Fill, ORVANE_FILL_FIELDS)
 
-  static Ref<Fill> make(std::optional<Kind> kind, std::optional<double> opacity,
-                        std::optional<BlendMode> blendMode);
+ public:
+  static Ref<Fill> make(Fields fields);
   static Ref<Fill> decode(const Decoder& decoder);
   void encode(Encoder& encoder) const;
-  void visitFields(FieldVisitor& v) const;
-
-  const std::optional<Kind>& kind() const { return kind_; }
-  void setKind(std::optional<Kind> value) { kind_ = std::move(value); }
-  std::optional<double> opacity() const { return opacity_; }
-  void setOpacity(std::optional<double> value) { opacity_ = value; }
-  std::optional<BlendMode> blendMode() const { return blendMode_; }
-  void setBlendMode(std::optional<BlendMode> value) { blendMode_ = value; }
-
- private:
-  std::optional<Kind> kind_;
-  std::optional<double> opacity_;
-  std::optional<BlendMode> blendMode_;
 };
 
-template <>
-struct EnumTraits<Fill::Kind::Key> {
-  static constexpr std::string_view typeName = "Key";
-  static constexpr bool hasAllCases = false;
-  static constexpr std::array<EnumCase<Fill::Kind::Key>, 2> cases{{
-      {Fill::Kind::Key::color, "color", "color"},
-      {Fill::Kind::Key::gradient, "gradient", "gradient"},
-  }};
-};
+ORVANE_ENUM_TRAITS(Fill::Kind::Key, "Key", ORVANE_FILL_KIND_KEY, false)
 
 }  // namespace orvane

@@ -1,36 +1,23 @@
 // One color stop of a gradient.
 #pragma once
 
-#include <string_view>
-
-#include <orvane/values/Color.hpp>
+#include <orvane/coding/Fields.hpp>
 #include <orvane/styles/Gradient.hpp>
+#include <orvane/values/Color.hpp>
 
 namespace orvane {
 
 class Gradient::Stop {
  public:
-  struct CodingKeys {
-    static constexpr std::string_view position = "position";
-    static constexpr std::string_view color = "color";
-  };
+#define ORVANE_GRADIENT_STOP_FIELDS(F)                                    \
+  F(position, Position, double, "position", required, always, given, plain) \
+  F(color, Color, Ref<orvane::Color>, "color", required, always, given, plain)
+  ORVANE_FIELDS(Stop, ORVANE_GRADIENT_STOP_FIELDS)
 
-  Stop(Passkey<Stop>, double position, Ref<Color> color)
-      : position_(position), color_(std::move(color)) {}
-
-  static Ref<Stop> make(double position, Ref<Color> color);
+ public:
+  static Ref<Stop> make(Fields fields);
   static Ref<Stop> decode(const Decoder& decoder);
   void encode(Encoder& encoder) const;
-  void visitFields(FieldVisitor& v) const;
-
-  double position() const { return position_; }
-  void setPosition(double value) { position_ = value; }
-  const Ref<Color>& color() const { return color_; }
-  void setColor(Ref<Color> value) { color_ = std::move(value); }
-
- private:
-  double position_;
-  Ref<Color> color_;
 };
 
 }  // namespace orvane

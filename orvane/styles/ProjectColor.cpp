@@ -1,39 +1,45 @@
-#include <orvane/styles/ProjectColor.hpp>
 #include <orvane/internal/MakeRef.hpp>
+#include <orvane/styles/ProjectColor.hpp>
 
 namespace orvane {
 
-Ref<ProjectColor> ProjectColor::make(std::string name, double red, double green, double blue,
-                                     double alpha, Identifier identifier) {
-  return makeRef<ProjectColor>(Passkey<ProjectColor>{}, std::move(identifier), std::move(name), red,
-                               green, blue, alpha);
-}
-
-Ref<ProjectColor> ProjectColor::decode(const Decoder& decoder) {
-  using K = ProjectColorCodingKeys;
-  auto c = decoder.container();
-  auto identifier = c.decode<Identifier>(K::identifier);
-  auto name = c.decodeString(K::name);
-  auto color = makeRef<ProjectColor>(Passkey<ProjectColor>{}, std::move(identifier),
-                                     std::move(name), 0, 0, 0, 0);
-  color->decodeComponents(decoder);
+Ref<ProjectColor> ProjectColor::make(Fields fields) {
+  auto color = makeRef<ProjectColor>(Passkey<ProjectColor>{});
+  color->identifier_ = std::move(fields.identifier);
+  color->name_ = std::move(fields.name.value);
+  color->storeFields({.red = fields.red.value,
+                      .green = fields.green.value,
+                      .blue = fields.blue.value,
+                      .alpha = fields.alpha.value});
   return color;
 }
 
-void ProjectColor::encode(Encoder& encoder) const {
-  // The identifier stays out: the service assigns it.
-  encoder.container().encode(ProjectColorCodingKeys::name, name_);
-  Color::encode(encoder);
+Ref<ProjectColor> ProjectColor::decode(const Decoder& decoder) {
+  auto color = makeRef<ProjectColor>(Passkey<ProjectColor>{});
+  color->decodeOwnFields(decoder, decoder.container());
+  // The components stand beside the own fields, in the same object.
+  color->decodeFields(decoder, decoder.container());
+  return color;
 }
 
-void ProjectColor::visitFields(FieldVisitor& v) const {
-  Color::visitFields(v);
-  v.field("identifier", identifier_);
-  v.field("name", name_);
+void ProjectColor::decodeOwnFields([[maybe_unused]] const Decoder& decoder,
+                                   const KeyedDecodingContainer& c) {
+  ORVANE_PROJECT_COLOR_FIELDS(ORVANE_FIELD_READ)
+}
+
+void ProjectColor::encode(Encoder& encoder) const {
+  auto c = encoder.container();
+  ORVANE_PROJECT_COLOR_FIELDS(ORVANE_FIELD_WRITE)
+  encodeFields(c);
+}
+
+void ProjectColor::visitFields(FieldVisitor& visitor) const {
+  Color::visitFields(visitor);
+  ORVANE_PROJECT_COLOR_FIELDS(ORVANE_FIELD_VISIT)
 }
 
 ProjectColor::Partial ProjectColor::Partial::decode(const Decoder& decoder) {
-  using P = ProjectColorCodingKeys;
+  using P = CodingKeys;
   using K = Color::CodingKeys;
   Partial p;
   auto own = decoder.container();

@@ -3,7 +3,6 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 
 #include <orvane/values/Color.hpp>
 #include <orvane/values/Identifier.hpp>
@@ -15,33 +14,43 @@ namespace orvane {
 /// `make` would leave it without identity.
 class ProjectColor : public Color {
  public:
-  struct ProjectColorCodingKeys {
-    static constexpr std::string_view identifier = "_id";
-    static constexpr std::string_view name = "name";
+  // The components are the base's; `make` takes them by hand-written `Fields` because
+  // designated initializers cannot reach a base's members.
+#define ORVANE_PROJECT_COLOR_FIELDS(F)                                          \
+  F(identifier, Identifier, Identifier, "_id", required, never, none, plain) \
+  F(name, Name, std::string, "name", required, always, none, plain)
+  /// The document keys of the project color's own fields.
+  struct CodingKeys {
+    ORVANE_PROJECT_COLOR_FIELDS(ORVANE_FIELD_KEY)
+  };
+  /// What `make` takes, in this order, with its defaults.
+  struct Fields {
+    Identifier identifier = Identifier::local();
+    Required<std::string> name;
+    Required<double> red;
+    Required<double> green;
+    Required<double> blue;
+    Required<double> alpha;
   };
 
   class Partial;
 
-  ProjectColor(Passkey<ProjectColor>, Identifier identifier, std::string name, double red,
-               double green, double blue, double alpha)
-      : Color(red, green, blue, alpha),
-        identifier_(std::move(identifier)),
-        name_(std::move(name)) {}
+  explicit ProjectColor(Passkey<ProjectColor>) {}
 
-  static Ref<ProjectColor> make(std::string name, double red, double green, double blue,
-                                double alpha, Identifier identifier = Identifier::local());
+  /// Hides the plain color's `make`, which would leave a project color without identity.
+  static Ref<ProjectColor> make(Fields fields);
   static Ref<ProjectColor> decode(const Decoder& decoder);
+  /// Writes the name, then the components; the identifier stays out: the service assigns it.
   void encode(Encoder& encoder) const override;
-  void visitFields(FieldVisitor& v) const override;
+  /// The components, then the project color's own fields.
+  void visitFields(FieldVisitor& visitor) const override;
 
-  const Identifier& identifier() const { return identifier_; }
-  void setIdentifier(Identifier value) { identifier_ = std::move(value); }
-  const std::string& name() const { return name_; }
-  void setName(std::string value) { name_ = std::move(value); }
+  ORVANE_PROJECT_COLOR_FIELDS(ORVANE_FIELD_ACCESSORS)
 
  private:
-  Identifier identifier_;
-  std::string name_;
+  void decodeOwnFields(const Decoder& decoder, const KeyedDecodingContainer& c);
+
+  ORVANE_PROJECT_COLOR_FIELDS(ORVANE_FIELD_MEMBER)
 };
 
 /// The decode-only subset of a project color; every member optional.

@@ -1,50 +1,48 @@
-#include <orvane/styles/ProjectTextStyle.hpp>
 #include <orvane/internal/MakeRef.hpp>
+#include <orvane/styles/ProjectTextStyle.hpp>
 
 namespace orvane {
 
-Ref<ProjectTextStyle> ProjectTextStyle::make(
-    std::string name, std::optional<Identifier> sourceIdentifier, std::string fontName,
-    double fontSize, std::optional<double> lineHeight, std::optional<double> letterSpacing,
-    Ref<Color> color, std::optional<Alignment> alignment, Identifier identifier) {
-  return makeRef<ProjectTextStyle>(Passkey<ProjectTextStyle>{}, std::move(identifier),
-                                   std::move(name), std::move(sourceIdentifier),
-                                   std::move(fontName), fontSize, lineHeight, letterSpacing,
-                                   std::move(color), alignment);
-}
-
-Ref<ProjectTextStyle> ProjectTextStyle::decode(const Decoder& decoder) {
-  using K = ProjectTextStyleCodingKeys;
-  auto c = decoder.container();
-  auto identifier = c.decode<Identifier>(K::identifier);
-  auto name = c.decodeString(K::name);
-  auto sourceIdentifier = c.decodeIfPresent<Identifier>(K::sourceIdentifier);
-  auto style =
-      makeRef<ProjectTextStyle>(Passkey<ProjectTextStyle>{}, std::move(identifier), std::move(name),
-                                std::move(sourceIdentifier), std::string(), 0, std::nullopt,
-                                std::nullopt, nullptr, std::nullopt);
-  style->decodeStyle(decoder);
+Ref<ProjectTextStyle> ProjectTextStyle::make(Fields fields) {
+  auto style = makeRef<ProjectTextStyle>(Passkey<ProjectTextStyle>{});
+  style->identifier_ = std::move(fields.identifier);
+  style->name_ = std::move(fields.name.value);
+  style->sourceIdentifier_ = std::move(fields.sourceIdentifier.value);
+  style->storeFields({.fontName = std::move(fields.fontName.value),
+                      .fontSize = fields.fontSize.value,
+                      .lineHeight = fields.lineHeight.value,
+                      .letterSpacing = fields.letterSpacing.value,
+                      .color = std::move(fields.color.value),
+                      .alignment = fields.alignment.value});
   return style;
 }
 
-void ProjectTextStyle::encode(Encoder& encoder) const {
-  using K = ProjectTextStyleCodingKeys;
-  // The identifier stays out: the service assigns it.
-  auto c = encoder.container();
-  c.encode(K::name, name_);
-  c.encodeIfPresent(K::sourceIdentifier, sourceIdentifier_);
-  TextStyle::encode(encoder);
+Ref<ProjectTextStyle> ProjectTextStyle::decode(const Decoder& decoder) {
+  auto style = makeRef<ProjectTextStyle>(Passkey<ProjectTextStyle>{});
+  style->decodeOwnFields(decoder, decoder.container());
+  // The style's members stand beside the own fields, in the same object.
+  style->decodeFields(decoder, decoder.container());
+  return style;
 }
 
-void ProjectTextStyle::visitFields(FieldVisitor& v) const {
-  TextStyle::visitFields(v);
-  v.field("identifier", identifier_);
-  v.field("name", name_);
-  v.field("sourceIdentifier", sourceIdentifier_);
+void ProjectTextStyle::decodeOwnFields([[maybe_unused]] const Decoder& decoder,
+                                       const KeyedDecodingContainer& c) {
+  ORVANE_PROJECT_TEXT_STYLE_FIELDS(ORVANE_FIELD_READ)
+}
+
+void ProjectTextStyle::encode(Encoder& encoder) const {
+  auto c = encoder.container();
+  ORVANE_PROJECT_TEXT_STYLE_FIELDS(ORVANE_FIELD_WRITE)
+  encodeFields(c);
+}
+
+void ProjectTextStyle::visitFields(FieldVisitor& visitor) const {
+  TextStyle::visitFields(visitor);
+  ORVANE_PROJECT_TEXT_STYLE_FIELDS(ORVANE_FIELD_VISIT)
 }
 
 ProjectTextStyle::Partial ProjectTextStyle::Partial::decode(const Decoder& decoder) {
-  using P = ProjectTextStyleCodingKeys;
+  using P = CodingKeys;
   Partial p;
   auto own = decoder.container();
   p.identifier_ = own.decodeIfPresent<Identifier>(P::identifier);

@@ -3,7 +3,6 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 
 #include <orvane/values/Identifier.hpp>
 #include <orvane/styles/TextStyle.hpp>
@@ -15,48 +14,49 @@ namespace orvane {
 /// Made only with its own `make` or by decoding.
 class ProjectTextStyle : public TextStyle {
  public:
-  struct ProjectTextStyleCodingKeys {
-    static constexpr std::string_view identifier = "_id";
-    static constexpr std::string_view name = "name";
-    static constexpr std::string_view sourceIdentifier = "sourceId";
+  // The style's members are the base's; `make` takes them by hand-written `Fields` because
+  // designated initializers cannot reach a base's members.
+#define ORVANE_PROJECT_TEXT_STYLE_FIELDS(F)                                                    \
+  F(identifier, Identifier, Identifier, "_id", required, never, none, plain)                \
+  F(name, Name, std::string, "name", required, always, none, plain)                         \
+  F(sourceIdentifier, SourceIdentifier, std::optional<Identifier>, "sourceId", optional,    \
+    whenPresent, none, plain)
+  /// The document keys of the project text style's own fields.
+  struct CodingKeys {
+    ORVANE_PROJECT_TEXT_STYLE_FIELDS(ORVANE_FIELD_KEY)
+  };
+  /// What `make` takes, in this order, with its defaults.
+  struct Fields {
+    Identifier identifier = Identifier::local();
+    Required<std::string> name;
+    Required<std::optional<Identifier>> sourceIdentifier;
+    Required<std::string> fontName;
+    Required<double> fontSize;
+    Required<std::optional<double>> lineHeight;
+    Required<std::optional<double>> letterSpacing;
+    Required<Ref<orvane::Color>> color;
+    Required<std::optional<Alignment>> alignment;
   };
 
   class Partial;
 
-  ProjectTextStyle(Passkey<ProjectTextStyle>, Identifier identifier, std::string name,
-                   std::optional<Identifier> sourceIdentifier, std::string fontName,
-                   double fontSize, std::optional<double> lineHeight,
-                   std::optional<double> letterSpacing, Ref<Color> color,
-                   std::optional<Alignment> alignment)
-      : TextStyle(std::move(fontName), fontSize, lineHeight, letterSpacing, std::move(color),
-                  alignment),
-        identifier_(std::move(identifier)),
-        name_(std::move(name)),
-        sourceIdentifier_(std::move(sourceIdentifier)) {}
+  explicit ProjectTextStyle(Passkey<ProjectTextStyle>) {}
 
-  static Ref<ProjectTextStyle> make(std::string name, std::optional<Identifier> sourceIdentifier,
-                                    std::string fontName, double fontSize,
-                                    std::optional<double> lineHeight,
-                                    std::optional<double> letterSpacing, Ref<Color> color,
-                                    std::optional<Alignment> alignment,
-                                    Identifier identifier = Identifier::local());
+  /// Hides the plain style's `make`, which would leave a project text style without identity.
+  static Ref<ProjectTextStyle> make(Fields fields);
   static Ref<ProjectTextStyle> decode(const Decoder& decoder);
+  /// Writes the name and source, then the style; the identifier stays out: the service
+  /// assigns it.
   void encode(Encoder& encoder) const override;
-  void visitFields(FieldVisitor& v) const override;
+  /// The style's members, then the project text style's own fields.
+  void visitFields(FieldVisitor& visitor) const override;
 
-  const Identifier& identifier() const { return identifier_; }
-  void setIdentifier(Identifier value) { identifier_ = std::move(value); }
-  const std::string& name() const { return name_; }
-  void setName(std::string value) { name_ = std::move(value); }
-  const std::optional<Identifier>& sourceIdentifier() const { return sourceIdentifier_; }
-  void setSourceIdentifier(std::optional<Identifier> value) {
-    sourceIdentifier_ = std::move(value);
-  }
+  ORVANE_PROJECT_TEXT_STYLE_FIELDS(ORVANE_FIELD_ACCESSORS)
 
  private:
-  Identifier identifier_;
-  std::string name_;
-  std::optional<Identifier> sourceIdentifier_;
+  void decodeOwnFields(const Decoder& decoder, const KeyedDecodingContainer& c);
+
+  ORVANE_PROJECT_TEXT_STYLE_FIELDS(ORVANE_FIELD_MEMBER)
 };
 
 /// The decode-only subset of a project text style.

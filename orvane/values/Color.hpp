@@ -1,58 +1,47 @@
 // The one color value of the library.
 #pragma once
 
-#include <string_view>
-
-#include <orvane/coding/Decoder.hpp>
-#include <orvane/coding/Encoder.hpp>
-#include <orvane/coding/FieldVisitor.hpp>
-#include <orvane/coding/Ref.hpp>
+#include <orvane/coding/Fields.hpp>
 
 namespace orvane {
 
-/// Red, green, blue and alpha, stored exactly as set or read: no range is imposed.
-class Color {
+namespace detail {
+
+/// A base for records that have subclasses (colors, text styles): the generated `visitFields`
+/// overrides the one declared here, so a listing through the base shows the subclass's fields.
+class OverridableFields {
  public:
-  struct CodingKeys {
-    static constexpr std::string_view red = "r";
-    static constexpr std::string_view green = "g";
-    static constexpr std::string_view blue = "b";
-    static constexpr std::string_view alpha = "a";
-  };
-
-  Color(Passkey<Color>, double red, double green, double blue, double alpha)
-      : Color(red, green, blue, alpha) {}
-  virtual ~Color() = default;
-
-  static Ref<Color> make(double red, double green, double blue, double alpha);
-  static Ref<Color> decode(const Decoder& decoder);
-  virtual void encode(Encoder& encoder) const;
-  virtual void visitFields(FieldVisitor& v) const;
-
-  double red() const { return red_; }
-  void setRed(double value) { red_ = value; }
-  double green() const { return green_; }
-  void setGreen(double value) { green_ = value; }
-  double blue() const { return blue_; }
-  void setBlue(double value) { blue_ = value; }
-  double alpha() const { return alpha_; }
-  void setAlpha(double value) { alpha_ = value; }
+  virtual ~OverridableFields() = default;
+  virtual void visitFields(FieldVisitor& visitor) const = 0;
 
  protected:
-  Color(double red, double green, double blue, double alpha)
-      : red_(red), green_(green), blue_(blue), alpha_(alpha) {}
+  OverridableFields() = default;
+  OverridableFields(const OverridableFields&) = default;
+  OverridableFields& operator=(const OverridableFields&) = default;
+};
+
+}  // namespace detail
+
+/// Red, green, blue and alpha, stored exactly as set or read: no range is imposed.
+class Color : public detail::OverridableFields {
+ public:
+#define ORVANE_COLOR_FIELDS(F)                                     \
+  F(red, Red, double, "r", required, always, given, plain)         \
+  F(green, Green, double, "g", required, always, given, plain)     \
+  F(blue, Blue, double, "b", required, always, given, plain)       \
+  F(alpha, Alpha, double, "a", required, always, given, plain)
+  ORVANE_FIELDS(Color, ORVANE_COLOR_FIELDS)
+
+ public:
+  static Ref<Color> make(Fields fields);
+  static Ref<Color> decode(const Decoder& decoder);
+  virtual void encode(Encoder& encoder) const;
+
+ protected:
+  // For a subclass, whose own `make` or decoding fills the components.
+  Color() = default;
   Color(const Color&) = default;
   Color& operator=(const Color&) = default;
-
-  /// Reads "r", "g", "b", "a" from the decoder's object into this color; a subclass hands its
-  /// own decoder here so that the components stand beside its members.
-  void decodeComponents(const Decoder& decoder);
-
- private:
-  double red_;
-  double green_;
-  double blue_;
-  double alpha_;
 };
 
 }  // namespace orvane

@@ -5,22 +5,11 @@
 
 namespace orvane {
 
-enum class Density { _1x, _2x, _3x, mdpi, hdpi, xhdpi, xxhdpi, xxxhdpi };
+#define ORVANE_DENSITY(C)                                                                     \
+  C(_1x, "1x") C(_2x, "2x") C(_3x, "3x") C(mdpi, "mdpi") C(hdpi, "hdpi") C(xhdpi, "xhdpi") \
+      C(xxhdpi, "xxhdpi") C(xxxhdpi, "xxxhdpi")
+ORVANE_ENUM(Density, ORVANE_DENSITY)
 
-template <>
-struct EnumTraits<Density> {
-  static constexpr std::string_view typeName = "Density";
-  static constexpr bool hasAllCases = true;
-  static constexpr std::array<EnumCase<Density>, 8> cases{{
-      {Density::_1x, "1x", "_1x"},
-      {Density::_2x, "2x", "_2x"},
-      {Density::_3x, "3x", "_3x"},
-      {Density::mdpi, "mdpi", "mdpi"},
-      {Density::hdpi, "hdpi", "hdpi"},
-      {Density::xhdpi, "xhdpi", "xhdpi"},
-      {Density::xxhdpi, "xxhdpi", "xxhdpi"},
-      {Density::xxxhdpi, "xxxhdpi", "xxxhdpi"},
-  }};
-};
+ORVANE_ENUM_TRAITS(Density, "Density", ORVANE_DENSITY, true)
 
 }  // namespace orvane

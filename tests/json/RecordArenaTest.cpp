@@ -120,20 +120,22 @@ TEST(RecordArena, ScopesNestAndCanBeTurnedOff) {
   auto used = [&] { return arena.statistics().usedBytes; };
   {
     RecordArenaScope outer(arena);
-    auto color = Color::make(1, 0, 0, 1);  // placed in the outer scope's chunk
+    auto color = Color::make(
+        {.red = 1, .green = 0, .blue = 0, .alpha = 1});  // placed in the outer scope's chunk
     const std::size_t outerOnly = used();
     EXPECT_GT(outerOnly, 0u);
     {
       RecordArenaScope off(arena, false);
-      auto plain = Color::make(0, 1, 0, 1);
+      auto plain = Color::make({.red = 0, .green = 1, .blue = 0, .alpha = 1});
       EXPECT_EQ(used(), outerOnly);
     }
     {
       RecordArenaScope inner(arena);  // a chunk of its own
-      auto nested = Color::make(0, 1, 1, 1);
+      auto nested = Color::make({.red = 0, .green = 1, .blue = 1, .alpha = 1});
       EXPECT_GT(used(), outerOnly);
     }
-    auto another = Color::make(0, 0, 1, 1);  // the outer chunk again
+    auto another =
+        Color::make({.red = 0, .green = 0, .blue = 1, .alpha = 1});  // the outer chunk again
     EXPECT_EQ(used(), outerOnly);
     EXPECT_EQ(color->red(), 1);
     EXPECT_EQ(another->blue(), 1);
@@ -153,8 +155,8 @@ TEST(RecordArenaDeathTest, ARecordUsedAfterItsReleaseIsReportedUnderTheSanitizer
 #if defined(ORVANE_TEST_ASAN)
   RecordArena arena;
   RecordArenaScope scope(arena);  // keeps the chunk in place
-  auto color = Color::make(0.5, 0, 0, 1);
-  auto neighbour = Color::make(0.25, 0, 0, 1);
+  auto color = Color::make({.red = 0.5, .green = 0, .blue = 0, .alpha = 1});
+  auto neighbour = Color::make({.red = 0.25, .green = 0, .blue = 0, .alpha = 1});
   const Color* released = color.get();
   color.reset();
   EXPECT_EQ(neighbour->red(), 0.25);

@@ -88,7 +88,7 @@ TEST(Dot, AssignedAndEditedCommentsPointBack) {
                         .creator = nullptr,
                         .x = 0,
                         .y = 0,
-                        .color = Color::make(0, 0, 0, 1),
+                        .color = Color::make({.red = 0, .green = 0, .blue = 0, .alpha = 1}),
                         .comments = std::vector{kept}});
   EXPECT_EQ(kept->dot(), dot);
 
@@ -102,7 +102,7 @@ TEST(Dot, AssignedAndEditedCommentsPointBack) {
                           .creator = nullptr,
                           .x = 0,
                           .y = 0,
-                          .color = Color::make(0, 0, 0, 1),
+                          .color = Color::make({.red = 0, .green = 0, .blue = 0, .alpha = 1}),
                           .comments = std::vector<Ref<Comment>>{}});
   other->editComments([&](auto& comments) { comments.push_back(added); });
   EXPECT_EQ(added->dot(), other);

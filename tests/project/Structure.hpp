@@ -33,8 +33,15 @@ inline Ref<Project> makeProject(std::string_view id = "P") {
 }
 
 inline Ref<Version> makeVersion(std::string_view id) {
-  auto snapshot = Snapshot::make({1, 1}, std::nullopt, std::nullopt, std::nullopt, nullptr, nullptr,
-                                 std::nullopt, std::nullopt, std::nullopt);
+  auto snapshot = Snapshot::make({.size = Size{1, 1},
+                                  .url = std::nullopt,
+                                  .density = std::nullopt,
+                                  .source = std::nullopt,
+                                  .backgroundColor = nullptr,
+                                  .grid = nullptr,
+                                  .assets = std::nullopt,
+                                  .layers = std::nullopt,
+                                  .links = std::nullopt});
   return Version::make({.identifier = Identifier(std::string(id)),
                         .commit = nullptr,
                         .creator = nullptr,

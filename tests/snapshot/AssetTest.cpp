@@ -57,27 +57,29 @@ TEST(AssetContent, BadUrlFailsTheAsset) {
   EXPECT_EQ(pathOf(e), "contents[1].url");
 }
 
-TEST(AssetContent, FormatsInOrder) {
-  using F = Asset::Content::Format;
-  EXPECT_EQ(allCases<F>(), (std::vector{F::png, F::jpg, F::svg, F::pdf}));
-}
-
 TEST(Asset, ContentsPointBackAfterDecodeMakeAndAssignment) {
   auto asset =
       decodeJson<Ref<Asset>>(R"({"_id":"a","displayName":"d","layerName":"l","contents":[{},{}]})");
   for (const auto& content : asset->contents()) EXPECT_EQ(content->asset(), asset);
 
-  auto first = Asset::Content::make(std::nullopt, std::nullopt, std::nullopt);
-  auto made = Asset::make("d", "l", false, {first});
+  auto first =
+      Asset::Content::make({.url = std::nullopt, .density = std::nullopt, .format = std::nullopt});
+  auto made =
+      Asset::make({.displayName = "d", .layerName = "l", .isBitmap = false, .contents = {first}});
   EXPECT_EQ(first->asset(), made);
 
   // Assignment wires the new list and leaves the replaced one alone.
-  auto second = Asset::Content::make(std::nullopt, Density::hdpi, std::nullopt);
-  auto other = Asset::make("o", "l", false, {});
+  auto second =
+      Asset::Content::make({.url = std::nullopt, .density = Density::hdpi, .format = std::nullopt});
+  auto other = Asset::make({.displayName = "o",
+                            .layerName = "l",
+                            .isBitmap = false,
+                            .contents = std::vector<Ref<Asset::Content>>{}});
   other->setContents({first, second});
   EXPECT_EQ(first->asset(), other);
   EXPECT_EQ(second->asset(), other);
-  auto third = Asset::Content::make(std::nullopt, std::nullopt, std::nullopt);
+  auto third =
+      Asset::Content::make({.url = std::nullopt, .density = std::nullopt, .format = std::nullopt});
   made->editContents([&](auto& contents) { contents.push_back(third); });
   // An in-place edit rewires the whole list, so the shared content comes back to `made`.
   EXPECT_EQ(third->asset(), made);

@@ -7,7 +7,13 @@ using namespace orvane::test;
 using ErrorKind = DecodingError::Kind;
 
 TEST(Grid, ColumnAndRowKeysDifferFromFieldNames) {
-  auto grid = Grid::make(4, Grid::Vertical::make(60, 12, 20, true), Grid::Horizontal::make(8, 2));
+  auto grid =
+      Grid::make({.horizontalOffset = 4,
+                  .vertical = Grid::Vertical::make({.columnWidth = 60,
+                                                    .columnCount = std::int64_t{12},
+                                                    .gutterWidth = 20,
+                                                    .hasOutsideGutters = true}),
+                  .horizontal = Grid::Horizontal::make({.rowHeight = 8, .gutterHeight = 2})});
   auto written = encodeJson(grid);
   EXPECT_EQ(written, R"({"horizontalOffset":4,"vertical":{"columnWidth":60,"numberOfCols":12,)"
                      R"("gutterWidth":20,"guttersOnOutside":true},)"

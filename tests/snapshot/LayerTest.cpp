@@ -10,17 +10,39 @@ using Level = Layer::InteractionLevel;
 namespace {
 
 Ref<Layer> shape(const char* id, Rect frame = {}) {
-  return Layer::make(id, Identifier(id), Layer::Kind::shape(), frame, std::nullopt, 0, 1,
-                     std::nullopt, nullptr, false, std::nullopt, std::nullopt, std::nullopt,
-                     Identifier(id));
+  return Layer::make({.identifier = Identifier(id),
+                      .name = id,
+                      .sourceIdentifier = Identifier(id),
+                      .kind = Layer::Kind::shape(),
+                      .frame = frame,
+                      .rotation = std::nullopt,
+                      .cornerRadius = 0,
+                      .opacity = 1,
+                      .blendMode = std::nullopt,
+                      .blur = nullptr,
+                      .isExportable = false,
+                      .fills = std::nullopt,
+                      .borders = std::nullopt,
+                      .shadows = std::nullopt});
 }
 
 Ref<Layer> group(const char* id, std::vector<Ref<Layer>> children, std::optional<Level> level,
                  Rect frame = {}, std::optional<std::string> componentName = std::nullopt) {
-  return Layer::make(id, Identifier(id),
-                     Layer::Kind::group(std::move(children), std::move(componentName), level),
-                     frame, std::nullopt, 0, 1, std::nullopt, nullptr, false, std::nullopt,
-                     std::nullopt, std::nullopt, Identifier(id));
+  return Layer::make(
+      {.identifier = Identifier(id),
+       .name = id,
+       .sourceIdentifier = Identifier(id),
+       .kind = Layer::Kind::group(std::move(children), std::move(componentName), level),
+       .frame = frame,
+       .rotation = std::nullopt,
+       .cornerRadius = 0,
+       .opacity = 1,
+       .blendMode = std::nullopt,
+       .blur = nullptr,
+       .isExportable = false,
+       .fills = std::nullopt,
+       .borders = std::nullopt,
+       .shadows = std::nullopt});
 }
 
 std::string ids(const std::vector<Ref<Layer>>& layers) {
@@ -30,8 +52,16 @@ std::string ids(const std::vector<Ref<Layer>>& layers) {
 }
 
 Ref<Snapshot> emptySnapshot() {
-  return Snapshot::make({1, 1}, std::nullopt, std::nullopt, std::nullopt, nullptr, nullptr,
-                        std::nullopt, std::nullopt, std::nullopt, Identifier("S"));
+  return Snapshot::make({.identifier = Identifier("S"),
+                         .size = Size{1, 1},
+                         .url = std::nullopt,
+                         .density = std::nullopt,
+                         .source = std::nullopt,
+                         .backgroundColor = nullptr,
+                         .grid = nullptr,
+                         .assets = std::nullopt,
+                         .layers = std::nullopt,
+                         .links = std::nullopt});
 }
 
 }  // namespace

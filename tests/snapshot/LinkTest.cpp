@@ -51,8 +51,9 @@ TEST(Link, OptionalMembersAreLeftOutWhenAbsent) {
   EXPECT_EQ(link->frame(), Rect(10, 20, -4, 5));
   EXPECT_EQ(encodeJson(link), R"({"rect":{"x":6,"y":20,"width":4,"height":5}})");
 
-  link = Link::make(Identifier("s1"), Rect(1, 2, 3, 4),
-                    Destination::make(Destination::Kind::previous()));
+  link = Link::make({.sourceIdentifier = Identifier("s1"),
+                     .frame = Rect(1, 2, 3, 4),
+                     .destination = Destination::make({.kind = Destination::Kind::previous()})});
   EXPECT_EQ(encodeJson(link), R"({"sourceId":"s1","rect":{"x":1,"y":2,"width":3,"height":4},)"
                               R"("destination":{"type":"previous"}})");
 }

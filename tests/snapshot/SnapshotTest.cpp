@@ -82,11 +82,14 @@ TEST(Snapshot, AssignmentRewiresAndKeepsReplacedBackReferences) {
   snapshot->editLayers([&](auto& layers) { layers->push_back(oldLayers[1]); });
   EXPECT_EQ(ids(*snapshot->flattenedLayers()), "XYC");
 
-  auto grid = Grid::make(1, nullptr, nullptr);
+  auto grid = Grid::make({.horizontalOffset = 1, .vertical = nullptr, .horizontal = nullptr});
   snapshot->setGrid(grid);
   EXPECT_EQ(grid->snapshot(), snapshot);
   EXPECT_EQ(oldGrid->snapshot(), snapshot);
-  auto asset = Asset::make("d", "l", false, {});
+  auto asset = Asset::make({.displayName = "d",
+                            .layerName = "l",
+                            .isBitmap = false,
+                            .contents = std::vector<Ref<Asset::Content>>{}});
   other->setAssets(std::vector{asset});
   EXPECT_EQ(asset->snapshot(), other);
   EXPECT_EQ(oldAsset->snapshot(), snapshot);
@@ -99,17 +102,43 @@ TEST(Snapshot, AssignmentRewiresAndKeepsReplacedBackReferences) {
 }
 
 TEST(Snapshot, MakeWiresLikeDecoding) {
-  auto child =
-      Layer::make("c", Identifier("c"), Layer::Kind::shape(), {1, 1, 1, 1}, std::nullopt, 0, 1,
-                  std::nullopt, nullptr, false, std::nullopt, std::nullopt, std::nullopt);
-  auto top = Layer::make("g", Identifier("g"),
-                         Layer::Kind::group({child}, "Card", Layer::InteractionLevel::bottom),
-                         {10, 10, 1, 1}, std::nullopt, 0, 1, std::nullopt, nullptr, false,
-                         std::nullopt, std::nullopt, std::nullopt);
-  auto grid = Grid::make(0, nullptr, nullptr);
-  auto snapshot =
-      Snapshot::make({1, 1}, std::nullopt, std::nullopt, Snapshot::Source::figma, nullptr, grid,
-                     std::vector<Ref<Asset>>{}, std::vector{top}, std::nullopt);
+  auto child = Layer::make({.name = "c",
+                            .sourceIdentifier = Identifier("c"),
+                            .kind = Layer::Kind::shape(),
+                            .frame = Rect{1, 1, 1, 1},
+                            .rotation = std::nullopt,
+                            .cornerRadius = 0,
+                            .opacity = 1,
+                            .blendMode = std::nullopt,
+                            .blur = nullptr,
+                            .isExportable = false,
+                            .fills = std::nullopt,
+                            .borders = std::nullopt,
+                            .shadows = std::nullopt});
+  auto top =
+      Layer::make({.name = "g",
+                   .sourceIdentifier = Identifier("g"),
+                   .kind = Layer::Kind::group({child}, "Card", Layer::InteractionLevel::bottom),
+                   .frame = Rect{10, 10, 1, 1},
+                   .rotation = std::nullopt,
+                   .cornerRadius = 0,
+                   .opacity = 1,
+                   .blendMode = std::nullopt,
+                   .blur = nullptr,
+                   .isExportable = false,
+                   .fills = std::nullopt,
+                   .borders = std::nullopt,
+                   .shadows = std::nullopt});
+  auto grid = Grid::make({.horizontalOffset = 0, .vertical = nullptr, .horizontal = nullptr});
+  auto snapshot = Snapshot::make({.size = Size{1, 1},
+                                  .url = std::nullopt,
+                                  .density = std::nullopt,
+                                  .source = Snapshot::Source::figma,
+                                  .backgroundColor = nullptr,
+                                  .grid = grid,
+                                  .assets = std::vector<Ref<Asset>>{},
+                                  .layers = std::vector{top},
+                                  .links = std::nullopt});
   EXPECT_TRUE(snapshot->identifier().isLocal());
   EXPECT_EQ(grid->snapshot(), snapshot);
   expectTreeWiredTo({top}, snapshot);

@@ -14,7 +14,10 @@ TEST(Border, FillMembersStandInTheBordersOwnObject) {
   EXPECT_EQ(border->fill()->kind()->asColor()->color->alpha(), 1);
   EXPECT_EQ(encodeJson(border), json);
 
-  auto made = Border::make(std::nullopt, 1.5, Fill::make(std::nullopt, 0.25, BlendMode::hue));
+  auto made = Border::make(
+      {.position = std::nullopt,
+       .thickness = 1.5,
+       .fill = Fill::make({.kind = std::nullopt, .opacity = 0.25, .blendMode = BlendMode::hue})});
   EXPECT_EQ(encodeJson(made), R"({"thickness":1.5,"opacity":0.25,"blendMode":"hue"})");
 }
 
@@ -39,8 +42,8 @@ TEST(Shadow, SpreadDefaultsToZeroAndIsAlwaysWritten) {
   const char* color = R"("color":{"r":0,"g":0,"b":0,"a":0.5})";
   for (const char* spread : {"", R"("spread":null,)"}) {
     SCOPED_TRACE(spread);
-    auto shadow = decodeJson<Ref<Shadow>>(std::string("{\"type\":\"drop\",") + tail + spread +
-                                          color + "}");
+    auto shadow =
+        decodeJson<Ref<Shadow>>(std::string("{\"type\":\"drop\",") + tail + spread + color + "}");
     EXPECT_EQ(shadow->spread(), 0);
     EXPECT_FALSE(shadow->kind());
     EXPECT_EQ(encodeJson(shadow), std::string("{") + tail + "\"spread\":0," + color + "}");
