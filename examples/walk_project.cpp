@@ -15,11 +15,11 @@ using namespace orvane;
 namespace {
 
 void printScreen(const Screen& screen) {
-  std::printf("  screen %s \"%s\": %zu versions, at %s\n", screen.identifier().rawValue().c_str(),
+  std::printf("  screen %s \"%s\": %zu versions, at %s\n", std::string(screen.identifier().rawValue()).c_str(),
               screen.name().c_str(), screen.versions() ? screen.versions()->size() : 0,
               screen.versionsPath().c_str());
   for (const auto& version : screen.versions().value_or(std::vector<Ref<Version>>{})) {
-    std::printf("    version %s, made %s by %s\n", version->identifier().rawValue().c_str(),
+    std::printf("    version %s, made %s by %s\n", std::string(version->identifier().rawValue()).c_str(),
                 formatDateMillis(version->createDate()).c_str(),
                 version->creator() ? version->creator()->email().c_str() : "nobody known");
   }
