@@ -8,28 +8,9 @@ namespace orvane {
 using namespace std::chrono;
 
 std::string formatIso8601(Date date) {
-  auto us = date.time_since_epoch();
-  auto days = floor<std::chrono::days>(us);
-  year_month_day ymd{sys_days{days}};
-  auto rest = us - days;
-  auto h = duration_cast<hours>(rest);
-  auto m = duration_cast<minutes>(rest - h);
-  auto s = duration_cast<seconds>(rest - h - m);
-  auto frac = (rest - h - m - s).count();  // microseconds
-  char buf[80];
-  int n = std::snprintf(buf, sizeof buf, "%04d-%02u-%02uT%02d:%02d:%02d", int(ymd.year()),
-                        unsigned(ymd.month()), unsigned(ymd.day()), int(h.count()), int(m.count()),
-                        int(s.count()));
-  std::string out(buf, static_cast<std::size_t>(n));
-  if (frac != 0) {
-    if (frac % 1000 == 0)
-      std::snprintf(buf, sizeof buf, ".%03lld", (long long)(frac / 1000));
-    else
-      std::snprintf(buf, sizeof buf, ".%06lld", (long long)frac);
-    out += buf;
-  }
-  out += 'Z';
-  return out;
+  auto micros = (date.time_since_epoch() % std::chrono::seconds(1)).count();
+  if (micros < 0) micros += 1'000'000;
+  return detail::formatUtc(date, micros == 0 ? 0 : micros % 1000 == 0 ? 3 : 6);
 }
 
 namespace {

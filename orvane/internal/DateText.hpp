@@ -12,6 +12,12 @@ namespace orvane {
 /// Seconds from 1970-01-01 to 2001-01-01, the reference date of the deferred strategy.
 inline constexpr double kReferenceDateOffset = 978307200.0;
 
+namespace detail {
+/// RFC 3339 in UTC with "Z" and 0, 3 or 6 fractional digits (truncated). Shared by the coder and
+/// the debug views; defined beside `Date`.
+std::string formatUtc(Date date, int fractionDigits);
+}  // namespace detail
+
 /// RFC 3339 in UTC with "Z"; fractional seconds only when they are not zero.
 std::string formatIso8601(Date date);
 
