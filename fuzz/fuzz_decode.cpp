@@ -53,12 +53,21 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   std::vector<char> buffer;
   std::string_view json = padded(buffer, {reinterpret_cast<const char*>(data + 1), size - 1});
 
-  Settings plain;
+  // Made once, as the tool makes one per run: inputs then reuse the parser's buffers and chunks.
+  static const Settings plain{};
+  static const Settings imported = [] {
+    Settings s;
+    s.decoding.userInfo[CodingUserInfoKey::fromImportSource()] = true;
+    return s;
+  }();
+  static JsonDecoder plainDecoder(plain.decoding);
+  static JsonDecoder importedDecoder(imported.decoding);
+
   std::string written;
   try {
-    (void)type.dump(json, plain);
+    (void)type.dump(plainDecoder, json, plain);
     if (!type.decode) return 0;
-    written = type.decode(json, plain);
+    written = type.decode(plainDecoder, json, plain);
   } catch (const DecodingError& e) {
     checkLocation(e, json);
     return 0;
@@ -66,11 +75,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     return 0;  // values that read fine but cannot be written (a rectangle whose size overflows)
   }
 
-  Settings imported;
-  imported.decoding.userInfo[CodingUserInfoKey::fromImportSource()] = true;
   std::string again;
   try {
-    again = type.decode(padded(buffer, written), imported);
+    again = type.decode(importedDecoder, padded(buffer, written), imported);
   } catch (const DecodingError& e) {
     // A member the record never writes is the only acceptable reason to refuse its own output.
     if (e.kind() == DecodingError::Kind::keyNotFound) return 0;

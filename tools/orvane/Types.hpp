@@ -20,15 +20,17 @@ struct Settings {
   JsonEncoderOptions encoding;
 };
 
+/// Each function decodes with the caller's `decoder`, made from `settings.decoding`: one per
+/// run keeps the parser's buffers and the record chunks for the next document.
 struct TypeEntry {
   std::string_view name;
   /// Decodes the padded document and returns what the value writes back; null when the type
   /// is decode-only.
-  std::string (*decode)(std::string_view json, const Settings& settings);
+  std::string (*decode)(JsonDecoder& decoder, std::string_view json, const Settings& settings);
   /// Decodes the padded document and returns its debug view.
-  std::string (*dump)(std::string_view json, const Settings& settings);
+  std::string (*dump)(JsonDecoder& decoder, std::string_view json, const Settings& settings);
   /// Decodes the padded document and keeps nothing.
-  void (*check)(std::string_view json, const Settings& settings);
+  void (*check)(JsonDecoder& decoder, std::string_view json, const Settings& settings);
 };
 
 std::span<const TypeEntry> registeredTypes();
@@ -63,26 +65,20 @@ constexpr bool isEncodable() {
     };
 }
 
-template <class V>
-V decodeValue(std::string_view json, const Settings& settings) {
-  JsonDecoder decoder(settings.decoding);
-  return decoder.decodePadded<V>(json);
-}
-
 template <class T>
-std::string decodeAndEncode(std::string_view json, const Settings& settings) {
-  auto value = decodeValue<Decoded<T>>(json, settings);
+std::string decodeAndEncode(JsonDecoder& decoder, std::string_view json, const Settings& settings) {
+  auto value = decoder.decodePadded<Decoded<T>>(json);
   return JsonEncoder(settings.encoding).encode(value);
 }
 
 template <class T>
-void decodeOnly(std::string_view json, const Settings& settings) {
-  (void)decodeValue<Decoded<T>>(json, settings);
+void decodeOnly(JsonDecoder& decoder, std::string_view json, const Settings&) {
+  (void)decoder.decodePadded<Decoded<T>>(json);
 }
 
 template <class T>
-std::string decodeAndDump(std::string_view json, const Settings& settings) {
-  auto value = decodeValue<Decoded<T>>(json, settings);
+std::string decodeAndDump(JsonDecoder& decoder, std::string_view json, const Settings& settings) {
+  auto value = decoder.decodePadded<Decoded<T>>(json);
   std::string out;
   JsonWriter writer(out, settings.encoding.pretty);
   JsonFieldWriter fields(writer);

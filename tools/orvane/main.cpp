@@ -5,6 +5,7 @@
 #include <cstring>
 #include <iostream>
 #include <new>
+#include <optional>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -147,7 +148,9 @@ int runDocumentCommand(const Request& request, bool dump, Output& out) {
       return usageError("cannot read " + inputName(request.file) + ": " + reason);
     }
     std::string_view json(buffer.data(), size);
-    std::string result = dump ? type->dump(json, settings) : type->decode(json, settings);
+    JsonDecoder decoder(settings.decoding);
+    std::string result =
+        dump ? type->dump(decoder, json, settings) : type->decode(decoder, json, settings);
     result += '\n';
     out.write(result);
     printWarnings(warnings, "");
@@ -171,6 +174,9 @@ int runCheck(const Request& request, Output& out) {
   WarningLines warnings;
   Settings settings = settingsFor(request, request.warnings ? &warnings : nullptr);
   std::vector<char> buffer;
+  // Shared by the files, so that each reuses the parser's buffers and record chunks; let go,
+  // like the buffer, when memory runs out.
+  std::optional<JsonDecoder> decoder;
   int status = 0;
   for (const auto& file : request.files) {
     if (!out.ok()) break;  // nothing more can be reported
@@ -183,7 +189,8 @@ int runCheck(const Request& request, Output& out) {
       if (!readInput(file, buffer, size, reason)) {
         line = checkLine(file, request.jsonErrors, FileFailure{"unreadable", reason});
       } else {
-        type->check(std::string_view(buffer.data(), size), settings);
+        if (!decoder) decoder.emplace(settings.decoding);
+        type->check(*decoder, std::string_view(buffer.data(), size), settings);
         decoded = true;
         line = checkLine(file, request.jsonErrors);
         printWarnings(warnings, oneLine(file) + ": ");
@@ -192,6 +199,7 @@ int runCheck(const Request& request, Output& out) {
       line = checkLine(file, request.jsonErrors, e);
     } catch (const std::bad_alloc&) {
       buffer = {};
+      decoder.reset();
       decoded = false;
       line = checkLine(file, request.jsonErrors,
                        FileFailure{"outOfMemory", "the document does not fit in memory"});
