@@ -14,23 +14,30 @@ std::string quoted(std::string_view key) {
   return s;
 }
 
-[[noreturn]] void throwStatus(const DecodingContext& ctx, Node node, const CodingPathLink* path,
-                              ReadStatus status, std::string_view type) {
-  using Kind = DecodingError::Kind;
+// What a failed read of `type` found, in the words of the error it raises.
+std::string statusDescription(const DecodingContext& ctx, Node node, ReadStatus status,
+                              std::string_view type) {
   switch (status) {
     case ReadStatus::null:
-      throw DecodingError(Kind::valueNotFound, CodingPathLink::materialize(path),
-                          "Expected " + std::string(type) + " value but found null instead.");
+      return "Expected " + std::string(type) + " value but found null instead.";
     case ReadStatus::mismatch:
-      throw DecodingError(Kind::typeMismatch, CodingPathLink::materialize(path),
-                          "Expected to decode " + std::string(type) + " but found " +
-                              ctx.backend->describe(node) + " instead.");
+      return "Expected to decode " + std::string(type) + " but found " +
+             ctx.backend->describe(node) + " instead.";
     case ReadStatus::corrupted:
     case ReadStatus::ok:
       break;
   }
-  throw DecodingError(Kind::dataCorrupted, CodingPathLink::materialize(path),
-                      ctx.backend->corruptionReason(node, type));
+  return ctx.backend->corruptionReason(node, type);
+}
+
+[[noreturn]] void throwStatus(const DecodingContext& ctx, Node node, const CodingPathLink* path,
+                              ReadStatus status, std::string_view type) {
+  using Kind = DecodingError::Kind;
+  Kind kind = status == ReadStatus::null       ? Kind::valueNotFound
+              : status == ReadStatus::mismatch ? Kind::typeMismatch
+                                               : Kind::dataCorrupted;
+  throw DecodingError(kind, CodingPathLink::materialize(path),
+                      statusDescription(ctx, node, status, type));
 }
 
 // One generic body for the six scalar kinds: which backend read, and the type's name in errors.
@@ -84,15 +91,14 @@ T readValue(const DecodingContext& ctx, Node node, const CodingPathLink* path) {
   return value;
 }
 
-std::string own(std::string_view v) {
-  return std::string(v);
-}
-Url own(UrlView v) {
-  return Url(std::string(v.text));
-}
-template <class T>
-T own(T v) {
-  return v;
+// The value read as a view, as the caller keeps it: a string or URL view is copied only when
+// the caller asked for an owning type.
+template <class T, class View>
+T own(View v) {
+  if constexpr (std::is_same_v<View, UrlView>)
+    return Url(std::string(v.text));
+  else
+    return T(v);
 }
 
 }  // namespace
@@ -158,7 +164,7 @@ Date SingleValueDecodingContainer::decodeDate() const {
   return readValue<Date>(decoder_.context(), decoder_.node(), decoder_.pathLink());
 }
 Url SingleValueDecodingContainer::decodeUrl() const {
-  return own(readValue<UrlView>(decoder_.context(), decoder_.node(), decoder_.pathLink()));
+  return own<Url>(readValue<UrlView>(decoder_.context(), decoder_.node(), decoder_.pathLink()));
 }
 
 std::optional<std::string_view> SingleValueDecodingContainer::tryStringView() const noexcept {
@@ -207,7 +213,7 @@ template <class View, class T>
 T requiredScalar(const DecodingContext& ctx, const CodingPathLink* path, std::string_view key,
                  Node value) {
   CodingPathLink link{path, key};
-  return own(readValue<View>(ctx, value, &link));
+  return own<T>(readValue<View>(ctx, value, &link));
 }
 }  // namespace
 
@@ -222,24 +228,14 @@ template <class View, class T>
 std::optional<T> KeyedDecodingContainer::tolerantRead(std::string_view key,
                                                       Node value) const noexcept {
   View v{};
-  if (Scalar<View>::read(*context_->backend, value, v) == ReadStatus::ok) {
-    // A view read as a view stays one: `own` would copy it into a temporary string.
-    if constexpr (std::is_same_v<T, View>)
-      return v;
-    else
-      return own(v);
-  }
-  if (context_->warnings) {
-    // Only to say why: the required read raises what the tolerant one swallowed. An observer
-    // that throws is the caller's own business; it must not escape a noexcept read.
+  ReadStatus status = Scalar<View>::read(*context_->backend, value, v);
+  if (status == ReadStatus::ok) return own<T>(v);
+  // A null is dropped without a word, so it needs no description.
+  if (context_->warnings && status != ReadStatus::null) {
+    // An observer that throws is the caller's own business; it must not escape a noexcept read.
     try {
-      CodingPathLink link{pathLink(), key};
-      (void)readValue<View>(*context_, value, &link);
-    } catch (const DecodingError& e) {
-      try {
-        reportDropped(key, value, e.description());
-      } catch (...) {
-      }
+      reportDropped(key, value, statusDescription(*context_, value, status, Scalar<View>::name));
+    } catch (...) {
     }
   }
   return std::nullopt;

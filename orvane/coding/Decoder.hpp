@@ -9,7 +9,6 @@
 #include <string>
 #include <string_view>
 #include <type_traits>
-#include <vector>
 
 #include <orvane/coding/CodingError.hpp>
 #include <orvane/coding/Ref.hpp>
@@ -373,6 +372,10 @@ class KeyedDecodingContainer {
   std::optional<T> tolerantScalar(std::string_view key) const noexcept;
   template <class View, class T>
   std::optional<T> tolerantRead(std::string_view key, Node value) const noexcept;
+  /// The value under a tolerant key, read as a required one would be; a failure gives no value
+  /// and is reported.
+  template <class T>
+  Optional<T> decodeOrDrop(std::string_view key, Node value) const;
 
   const DecodingContext* context_;
   Node object_;
@@ -464,26 +467,28 @@ Optional<T> KeyedDecodingContainer::decodeTolerant(std::string_view key) const {
     CodingPathLink link{pathLink(), key};
     Decoder sub(*context_, value, &link);
     auto result = Coding<T>::tryDecode(SingleValueDecodingContainer(sub));
-    if (!result && context_->warnings) {
+    if (!result && context_->warnings && !context_->backend->isNull(value)) {
       // Only to say why: the required read raises what the tolerant one swallowed.
-      try {
-        (void)Coding<T>::decode(sub);
-      } catch (const DecodingError& e) {
-        reportDropped(key, value, e.description());
-      }
+      (void)decodeOrDrop<T>(key, value);
     }
     return result;
   } else {
     // Records under a tolerant key are rare; their failures may come from deep inside.
-    try {
-      return Optional<T>(decode<T>(key));
-    } catch (const DecodingError& e) {
-      if (context_->warnings) {
-        Node value;
-        if (find(key, value)) reportDropped(key, value, e.description());
-      }
-      return Optional<T>{};
-    }
+    Node value;
+    if (!find(key, value)) return Optional<T>{};
+    return decodeOrDrop<T>(key, value);
+  }
+}
+
+template <class T>
+Optional<T> KeyedDecodingContainer::decodeOrDrop(std::string_view key, Node value) const {
+  CodingPathLink link{pathLink(), key};
+  Decoder sub(*context_, value, &link);
+  try {
+    return Optional<T>(Coding<T>::decode(sub));
+  } catch (const DecodingError& e) {
+    if (context_->warnings) reportDropped(key, value, e.description());
+    return Optional<T>{};
   }
 }
 
