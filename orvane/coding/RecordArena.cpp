@@ -51,10 +51,7 @@ struct RecordArenaShared {
   std::mutex mutex;
   std::vector<void*> cached;
   ChunkHeader* inUse = nullptr;  // the chunks that hold records or are being filled
-  const std::size_t maxCached;
-  bool open = true;  // the arena itself still exists
-  std::atomic<std::size_t> usedBytes{0};
-  std::atomic<std::size_t> cachedBytes{0};
+  std::size_t maxCached;         // 0 once the arena is gone: nobody would reuse a chunk then
 
   void release() noexcept {
     if (references.fetch_sub(1, std::memory_order_acq_rel) == 1) delete this;
@@ -123,16 +120,14 @@ void unmapChunk(void* chunk) noexcept {
 // The chunk's last record is gone: it is kept for the arena's next decode, or unmapped.
 void giveBack(ChunkHeader* header) noexcept {
   RecordArenaShared* arena = header->arena;
-  arena->usedBytes.fetch_sub(kChunk, std::memory_order_relaxed);
   bool kept = false;
   {
     std::lock_guard lock(arena->mutex);
     (header->previous ? header->previous->next : arena->inUse) = header->next;
     if (header->next) header->next->previous = header->previous;
     header->~ChunkHeader();
-    if (arena->open && arena->cached.size() < arena->maxCached) {
+    if (arena->cached.size() < arena->maxCached) {
       arena->cached.push_back(header);
-      arena->cachedBytes.fetch_add(kChunk, std::memory_order_relaxed);
       kept = true;
     }
   }
@@ -161,7 +156,6 @@ void startChunk(detail::RecordArenaState& state) {
     if (!arena->cached.empty()) {
       memory = arena->cached.back();
       arena->cached.pop_back();
-      arena->cachedBytes.fetch_sub(kChunk, std::memory_order_relaxed);
     }
   }
   // A scope's first chunk keeps small pages, so that a small decode touches little memory.
@@ -177,7 +171,6 @@ void startChunk(detail::RecordArenaState& state) {
     if (arena->inUse) arena->inUse->previous = header;
     arena->inUse = header;
   }
-  arena->usedBytes.fetch_add(kChunk, std::memory_order_relaxed);
   state.chunk = header;
   state.cursor = static_cast<char*>(memory) + sizeof(ChunkHeader);
   state.end = static_cast<char*>(memory) + kChunk;
@@ -191,7 +184,7 @@ void startChunk(detail::RecordArenaState& state) {
 namespace detail {
 
 bool recordArenaActive() noexcept {
-  return current.active;
+  return current.arena != nullptr;
 }
 
 void* recordArenaAllocate(std::size_t bytes, std::size_t alignment) {
@@ -227,24 +220,27 @@ RecordArena::RecordArena(std::size_t maxCachedChunks)
     : shared_(new detail::RecordArenaShared(maxCachedChunks)) {}
 
 RecordArena::~RecordArena() {
-  std::vector<void*> chunks;
   {
     std::lock_guard lock(shared_->mutex);
-    shared_->open = false;
-    chunks.swap(shared_->cached);
+    shared_->maxCached = 0;
   }
-  for (void* chunk : chunks) unmapChunk(chunk);
+  releaseCachedChunks();
   shared_->release();
 }
 
 RecordArenaStatistics RecordArena::statistics() const {
   std::int64_t records = current.arena == shared_ ? static_cast<std::int64_t>(current.bytes) : 0;
+  std::size_t used = 0;
+  std::size_t cached = 0;
   {
     std::lock_guard lock(shared_->mutex);
-    for (const ChunkHeader* h = shared_->inUse; h; h = h->next) records += liveBytes(*h);
+    for (const ChunkHeader* h = shared_->inUse; h; h = h->next) {
+      used += kChunk;
+      records += liveBytes(*h);
+    }
+    cached = shared_->cached.size() * kChunk;
   }
-  return {shared_->usedBytes.load(std::memory_order_relaxed), static_cast<std::size_t>(records),
-          shared_->cachedBytes.load(std::memory_order_relaxed)};
+  return {used, static_cast<std::size_t>(records), cached};
 }
 
 void RecordArena::releaseCachedChunks() {
@@ -252,15 +248,13 @@ void RecordArena::releaseCachedChunks() {
   {
     std::lock_guard lock(shared_->mutex);
     chunks.swap(shared_->cached);
-    shared_->cachedBytes.fetch_sub(chunks.size() * kChunk, std::memory_order_relaxed);
   }
   for (void* chunk : chunks) unmapChunk(chunk);
 }
 
 RecordArenaScope::RecordArenaScope(RecordArena& arena, bool enabled) : saved_(current) {
   current = detail::RecordArenaState{};
-  current.active = enabled;
-  current.arena = arena.shared_;
+  current.arena = enabled ? arena.shared_ : nullptr;
 }
 
 RecordArenaScope::~RecordArenaScope() {

@@ -13,11 +13,11 @@ struct RecordArenaState {
   char* cursor = nullptr;
   char* end = nullptr;
   void* chunk = nullptr;
-  RecordArenaShared* arena = nullptr;
+  RecordArenaShared* arena = nullptr;  // null outside a scope and in a disabled one
+
   std::size_t count = 0;   // records placed in the current chunk
   std::size_t bytes = 0;   // and their bytes
   std::size_t chunks = 0;  // chunks this scope has filled
-  bool active = false;
 };
 }  // namespace detail
 
