@@ -64,6 +64,13 @@ void DecodingError::setReason(std::optional<std::string> reason) {
   describe();
 }
 
+void DecodingError::setReasonAndLocation(std::optional<std::string> reason,
+                                         std::optional<TextLocation> location) {
+  reason_ = std::move(reason);
+  location_ = location;
+  describe();
+}
+
 void DecodingError::describe() {
   what_ =
       std::string(kindName(kind_)) + " at " + formatCodingPath(codingPath_) + ": " + description_;

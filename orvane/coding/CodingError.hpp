@@ -91,6 +91,9 @@ class DecodingError : public std::exception {
   void setLocation(std::optional<TextLocation> location);
   /// Adds the parser's reason; `what()` then carries it after the description, in parentheses.
   void setReason(std::optional<std::string> reason);
+  /// Both of the above in one step.
+  void setReasonAndLocation(std::optional<std::string> reason,
+                            std::optional<TextLocation> location);
   /// `kind at path: description`, then ` (reason)` and ` (line L, column C)` when known.
   const char* what() const noexcept override { return what_.c_str(); }
 

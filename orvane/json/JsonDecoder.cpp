@@ -538,8 +538,8 @@ DecodingError invalidJson(std::string_view json, simdjson::error_code error,
   std::string reason = simdjson::error_message(error);
   DecodingError e(DecodingError::Kind::dataCorrupted, {}, "The given data was not valid JSON.",
                   std::nullopt, std::make_exception_ptr(ParseError(reason)));
-  e.setReason(std::move(reason));
-  if (at) e.setLocation(textLocation(json, *at));
+  e.setReasonAndLocation(std::move(reason),
+                         at ? std::optional(textLocation(json, *at)) : std::nullopt);
   return e;
 }
 
