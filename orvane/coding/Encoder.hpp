@@ -2,15 +2,13 @@
 // written in the order its encoding operation writes them, with no tree built in between.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <type_traits>
-#include <vector>
 
 #include <orvane/coding/CodingError.hpp>
-#include <orvane/coding/Ref.hpp>
 #include <orvane/values/Date.hpp>
 #include <orvane/values/Url.hpp>
 

@@ -1,7 +1,6 @@
 #include <orvane/values/Geometry.hpp>
 
 #include <cmath>
-#include <cstdio>
 
 namespace orvane {
 
