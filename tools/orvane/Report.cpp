@@ -1,6 +1,7 @@
 #include "Report.hpp"
 
 #include <cstdint>
+#include <optional>
 
 namespace orvane::tool {
 
@@ -20,13 +21,16 @@ std::string oneLine(std::string_view text) {
   return line;
 }
 
-void writeErrorObject(JsonWriter& w, const DecodingError& e) {
-  w.beginObject();
+namespace {
+
+// The members that every error object starts with, so that a reader needs no second shape.
+void writeErrorMembers(JsonWriter& w, std::string_view kind, const CodingPath& codingPath,
+                       const std::optional<std::string>& key, std::string_view description) {
   w.key("kind");
-  w.string(kindName(e.kind()));
+  w.string(kind);
   w.key("codingPath");
   w.beginArray();
-  for (const auto& entry : e.codingPath()) {
+  for (const auto& entry : codingPath) {
     if (entry.isIndex())
       w.integer(static_cast<std::int64_t>(*entry.intValue()));
     else
@@ -34,12 +38,19 @@ void writeErrorObject(JsonWriter& w, const DecodingError& e) {
   }
   w.endArray();
   w.key("key");
-  if (e.key())
-    w.string(*e.key());
+  if (key)
+    w.string(*key);
   else
     w.null();
   w.key("description");
-  w.string(e.description());
+  w.string(description);
+}
+
+}  // namespace
+
+void writeErrorObject(JsonWriter& w, const DecodingError& e) {
+  w.beginObject();
+  writeErrorMembers(w, kindName(e.kind()), e.codingPath(), e.key(), e.description());
   if (const auto& location = e.location()) {
     w.key("line");
     w.integer(static_cast<std::int64_t>(location->line));
@@ -98,19 +109,10 @@ std::string checkLine(std::string_view file, bool json, const DecodingError& err
 
 std::string checkLine(std::string_view file, bool json, const FileFailure& failure) {
   if (!json) return oneLine(std::string(file) + ": " + failure.kind + ": " + failure.description);
-  // The members of every error object, so that a reader of the lines needs no second shape.
   return jsonLine(file, [&](JsonWriter& w) {
     w.key("error");
     w.beginObject();
-    w.key("kind");
-    w.string(failure.kind);
-    w.key("codingPath");
-    w.beginArray();
-    w.endArray();
-    w.key("key");
-    w.null();
-    w.key("description");
-    w.string(failure.description);
+    writeErrorMembers(w, failure.kind, {}, std::nullopt, failure.description);
     w.endObject();
   });
 }
