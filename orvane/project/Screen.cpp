@@ -25,7 +25,7 @@ Ref<Screen> Screen::decode(const Decoder& decoder) {
   // The screen's own object first: a document that is no object fails before anything is read.
   auto c = decoder.container();
   auto screen = makeRef<Screen>(Passkey<Screen>{});
-  screen->decodeFields(decoder, decoder.container());
+  screen->decodeFields(decoder, c);
   screen->decodeScreenFields(decoder, c);
   screen->wireVersions();
   screen->wireDots();

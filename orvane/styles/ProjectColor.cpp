@@ -16,9 +16,10 @@ Ref<ProjectColor> ProjectColor::make(Fields fields) {
 
 Ref<ProjectColor> ProjectColor::decode(const Decoder& decoder) {
   auto color = makeRef<ProjectColor>(Passkey<ProjectColor>{});
-  color->decodeOwnFields(decoder, decoder.container());
   // The components stand beside the own fields, in the same object.
-  color->decodeFields(decoder, decoder.container());
+  auto c = decoder.container();
+  color->decodeOwnFields(decoder, c);
+  color->decodeFields(decoder, c);
   return color;
 }
 
@@ -42,14 +43,13 @@ ProjectColor::Partial ProjectColor::Partial::decode(const Decoder& decoder) {
   using P = CodingKeys;
   using K = Color::CodingKeys;
   Partial p;
-  auto own = decoder.container();
-  p.identifier_ = own.decodeIfPresent<Identifier>(P::identifier);
-  p.name_ = own.decodeStringIfPresent(P::name);
-  auto color = decoder.container();
-  p.red_ = color.decodeDoubleIfPresent(K::red);
-  p.green_ = color.decodeDoubleIfPresent(K::green);
-  p.blue_ = color.decodeDoubleIfPresent(K::blue);
-  p.alpha_ = color.decodeDoubleIfPresent(K::alpha);
+  auto c = decoder.container();
+  p.identifier_ = c.decodeIfPresent<Identifier>(P::identifier);
+  p.name_ = c.decodeStringIfPresent(P::name);
+  p.red_ = c.decodeDoubleIfPresent(K::red);
+  p.green_ = c.decodeDoubleIfPresent(K::green);
+  p.blue_ = c.decodeDoubleIfPresent(K::blue);
+  p.alpha_ = c.decodeDoubleIfPresent(K::alpha);
   return p;
 }
 

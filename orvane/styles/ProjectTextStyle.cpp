@@ -19,9 +19,10 @@ Ref<ProjectTextStyle> ProjectTextStyle::make(Fields fields) {
 
 Ref<ProjectTextStyle> ProjectTextStyle::decode(const Decoder& decoder) {
   auto style = makeRef<ProjectTextStyle>(Passkey<ProjectTextStyle>{});
-  style->decodeOwnFields(decoder, decoder.container());
   // The style's members stand beside the own fields, in the same object.
-  style->decodeFields(decoder, decoder.container());
+  auto c = decoder.container();
+  style->decodeOwnFields(decoder, c);
+  style->decodeFields(decoder, c);
   return style;
 }
 
@@ -44,10 +45,10 @@ void ProjectTextStyle::visitFields(FieldVisitor& visitor) const {
 ProjectTextStyle::Partial ProjectTextStyle::Partial::decode(const Decoder& decoder) {
   using P = CodingKeys;
   Partial p;
-  auto own = decoder.container();
-  p.identifier_ = own.decodeIfPresent<Identifier>(P::identifier);
-  p.name_ = own.decodeStringIfPresent(P::name);
-  p.color_ = decoder.container().decodeIfPresent<Ref<Color>>(TextStyle::CodingKeys::color);
+  auto c = decoder.container();
+  p.identifier_ = c.decodeIfPresent<Identifier>(P::identifier);
+  p.name_ = c.decodeStringIfPresent(P::name);
+  p.color_ = c.decodeIfPresent<Ref<Color>>(TextStyle::CodingKeys::color);
   return p;
 }
 
