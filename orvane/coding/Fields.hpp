@@ -129,6 +129,14 @@ bool isLocal(const T& identifier) {
 #define ORVANE_FIELD_PARAM_none(name, Type)
 #define ORVANE_FIELD_PARAM(name, Name, Type, key, read, write, param, access) \
   ORVANE_FIELD_PARAM_##param(name, Type)
+// For a `make` without defaults: every field it takes must be given.
+#define ORVANE_FIELD_PARAM_GIVEN_given(name, Type) ORVANE_FIELD_PARAM_given(name, Type)
+#define ORVANE_FIELD_PARAM_GIVEN_localId(name, Type) ORVANE_FIELD_PARAM_given(name, Type)
+#define ORVANE_FIELD_PARAM_GIVEN_currentDate(name, Type) ORVANE_FIELD_PARAM_given(name, Type)
+#define ORVANE_FIELD_PARAM_GIVEN_empty(name, Type) ORVANE_FIELD_PARAM_given(name, Type)
+#define ORVANE_FIELD_PARAM_GIVEN_none(name, Type)
+#define ORVANE_FIELD_PARAM_GIVEN(name, Name, Type, key, read, write, param, access) \
+  ORVANE_FIELD_PARAM_GIVEN_##param(name, Type)
 
 #define ORVANE_FIELD_ACCESSORS_plain(name, Name, Type)  \
   const Type& name() const { return name##_; }          \
@@ -200,6 +208,37 @@ bool isLocal(const T& identifier) {
   LIST(ORVANE_FIELD_HOOKS)                                                               \
   LIST(ORVANE_FIELD_MEMBER)
 
+#define ORVANE_FIELD_FIRST(first, ...) first
+
+/// In a subclass record's class, after its nested types: its own fields (LIST), coded in the
+/// base's object beside the base's fields. `MAKE_ORDER` lists the base's and the own fields in
+/// the order `make` takes them; a last argument `ORVANE_FIELD_PARAM_GIVEN` drops every default.
+/// Generates the key set (the base's keys and the own ones), the own accessors, members and
+/// hooks, the flat `Fields`, and the steps the record orders: `decodeOwnFields`,
+/// `encodeOwnFields`, `visitOwnFields`, and a `storeFields` of both lists. Leaves the class in
+/// its protected part.
+#define ORVANE_OWN_FIELDS(Record, Base, LIST, MAKE_ORDER, ...)                          \
+ public:                                                                                \
+  struct CodingKeys : Base::CodingKeys {                                                \
+    LIST(ORVANE_FIELD_KEY)                                                              \
+  };                                                                                    \
+  /** What `make` takes, in this order, with its defaults. */                           \
+  struct Fields {                                                                       \
+    MAKE_ORDER(ORVANE_FIELD_FIRST(__VA_ARGS__ __VA_OPT__(, ) ORVANE_FIELD_PARAM))       \
+  };                                                                                    \
+  LIST(ORVANE_FIELD_ACCESSORS)                                                          \
+  explicit Record(::orvane::Passkey<Record>) {}                                         \
+                                                                                        \
+ protected:                                                                             \
+  void decodeOwnFields(const ::orvane::Decoder& decoder,                                \
+                       const ::orvane::KeyedDecodingContainer& c);                      \
+  void encodeOwnFields(::orvane::KeyedEncodingContainer& c) const;                      \
+  void visitOwnFields(::orvane::FieldVisitor& visitor) const;                           \
+  /** Stores what `make` was given, base fields included, without running observers. */ \
+  void storeFields(Fields&& fields);                                                    \
+  LIST(ORVANE_FIELD_HOOKS)                                                              \
+  LIST(ORVANE_FIELD_MEMBER)
+
 // --- What ORVANE_FIELDS_DEFINE generates --------------------------------------------------
 
 #define ORVANE_FIELD_STORE_plain(name, Name, value) name##_ = value;
@@ -263,6 +302,22 @@ bool isLocal(const T& identifier) {
   }                                                                                            \
   void Record::storeFields([[maybe_unused]] Fields&& fields) { LIST(ORVANE_FIELD_TAKE) }       \
   void Record::visitFields(::orvane::FieldVisitor& visitor) const { LIST(ORVANE_FIELD_VISIT) }
+
+/// In a subclass record's source file: the definitions of what ORVANE_OWN_FIELDS declared.
+#define ORVANE_OWN_FIELDS_DEFINE(Record, LIST, MAKE_ORDER)                                   \
+  void Record::decodeOwnFields([[maybe_unused]] const ::orvane::Decoder& decoder,            \
+                               [[maybe_unused]] const ::orvane::KeyedDecodingContainer& c) { \
+    LIST(ORVANE_FIELD_READ)                                                                  \
+  }                                                                                          \
+  void Record::encodeOwnFields([[maybe_unused]] ::orvane::KeyedEncodingContainer& c) const { \
+    LIST(ORVANE_FIELD_WRITE)                                                                 \
+  }                                                                                          \
+  void Record::visitOwnFields([[maybe_unused]] ::orvane::FieldVisitor& visitor) const {      \
+    LIST(ORVANE_FIELD_VISIT)                                                                 \
+  }                                                                                          \
+  void Record::storeFields(Fields&& fields) {                                                \
+    MAKE_ORDER(ORVANE_FIELD_TAKE)                                                            \
+  }
 
 /// For a record with nothing to wire: `make`, `decode` and `encode` are its fields' alone.
 #define ORVANE_PLAIN_RECORD_DEFINE(Record, LIST)                     \

@@ -12,15 +12,11 @@ namespace {
 constexpr std::string_view kSourceFile = "Sources/Component";
 }  // namespace
 
+ORVANE_OWN_FIELDS_DEFINE(Component, ORVANE_COMPONENT_FIELDS, ORVANE_COMPONENT_MAKE)
+
 Ref<Component> Component::make(Fields fields) {
   auto component = makeRef<Component>(Passkey<Component>{});
-  component->storeFields({.identifier = detail::take(fields.identifier),
-                          .name = detail::take(fields.name),
-                          .description = detail::take(fields.description),
-                          .latestVersion = detail::take(fields.latestVersion),
-                          .sourceIdentifier = detail::take(fields.sourceIdentifier),
-                          .tags = detail::take(fields.tags),
-                          .versions = detail::take(fields.versions)});
+  component->storeFields(std::move(fields));
   component->wireVersions();
   return component;
 }
@@ -61,7 +57,7 @@ std::optional<std::string> Component::versionsPathIfAvailable() const {
 
 void Component::visitFields(FieldVisitor& visitor) const {
   visitCollectionFields(visitor);
-  ORVANE_COMPONENT_FIELDS(ORVANE_FIELD_VISIT)
+  visitOwnFields(visitor);
   visitPaths(visitor);
 }
 

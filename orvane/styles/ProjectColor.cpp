@@ -3,14 +3,11 @@
 
 namespace orvane {
 
+ORVANE_OWN_FIELDS_DEFINE(ProjectColor, ORVANE_PROJECT_COLOR_FIELDS, ORVANE_PROJECT_COLOR_MAKE)
+
 Ref<ProjectColor> ProjectColor::make(Fields fields) {
   auto color = makeRef<ProjectColor>(Passkey<ProjectColor>{});
-  color->identifier_ = std::move(fields.identifier);
-  color->name_ = std::move(fields.name.value);
-  color->storeFields({.red = fields.red.value,
-                      .green = fields.green.value,
-                      .blue = fields.blue.value,
-                      .alpha = fields.alpha.value});
+  color->storeFields(std::move(fields));
   return color;
 }
 
@@ -23,29 +20,23 @@ Ref<ProjectColor> ProjectColor::decode(const Decoder& decoder) {
   return color;
 }
 
-void ProjectColor::decodeOwnFields([[maybe_unused]] const Decoder& decoder,
-                                   const KeyedDecodingContainer& c) {
-  ORVANE_PROJECT_COLOR_FIELDS(ORVANE_FIELD_READ)
-}
-
 void ProjectColor::encode(Encoder& encoder) const {
   auto c = encoder.container();
-  ORVANE_PROJECT_COLOR_FIELDS(ORVANE_FIELD_WRITE)
+  encodeOwnFields(c);
   encodeFields(c);
 }
 
 void ProjectColor::visitFields(FieldVisitor& visitor) const {
   Color::visitFields(visitor);
-  ORVANE_PROJECT_COLOR_FIELDS(ORVANE_FIELD_VISIT)
+  visitOwnFields(visitor);
 }
 
 ProjectColor::Partial ProjectColor::Partial::decode(const Decoder& decoder) {
-  using P = CodingKeys;
-  using K = Color::CodingKeys;
+  using K = CodingKeys;
   Partial p;
   auto c = decoder.container();
-  p.identifier_ = c.decodeIfPresent<Identifier>(P::identifier);
-  p.name_ = c.decodeStringIfPresent(P::name);
+  p.identifier_ = c.decodeIfPresent<Identifier>(K::identifier);
+  p.name_ = c.decodeStringIfPresent(K::name);
   p.red_ = c.decodeDoubleIfPresent(K::red);
   p.green_ = c.decodeDoubleIfPresent(K::green);
   p.blue_ = c.decodeDoubleIfPresent(K::blue);

@@ -3,17 +3,12 @@
 
 namespace orvane {
 
+ORVANE_OWN_FIELDS_DEFINE(ProjectTextStyle, ORVANE_PROJECT_TEXT_STYLE_FIELDS,
+                         ORVANE_PROJECT_TEXT_STYLE_MAKE)
+
 Ref<ProjectTextStyle> ProjectTextStyle::make(Fields fields) {
   auto style = makeRef<ProjectTextStyle>(Passkey<ProjectTextStyle>{});
-  style->identifier_ = std::move(fields.identifier);
-  style->name_ = std::move(fields.name.value);
-  style->sourceIdentifier_ = std::move(fields.sourceIdentifier.value);
-  style->storeFields({.fontName = std::move(fields.fontName.value),
-                      .fontSize = fields.fontSize.value,
-                      .lineHeight = fields.lineHeight.value,
-                      .letterSpacing = fields.letterSpacing.value,
-                      .color = std::move(fields.color.value),
-                      .alignment = fields.alignment.value});
+  style->storeFields(std::move(fields));
   return style;
 }
 
@@ -26,29 +21,24 @@ Ref<ProjectTextStyle> ProjectTextStyle::decode(const Decoder& decoder) {
   return style;
 }
 
-void ProjectTextStyle::decodeOwnFields([[maybe_unused]] const Decoder& decoder,
-                                       const KeyedDecodingContainer& c) {
-  ORVANE_PROJECT_TEXT_STYLE_FIELDS(ORVANE_FIELD_READ)
-}
-
 void ProjectTextStyle::encode(Encoder& encoder) const {
   auto c = encoder.container();
-  ORVANE_PROJECT_TEXT_STYLE_FIELDS(ORVANE_FIELD_WRITE)
+  encodeOwnFields(c);
   encodeFields(c);
 }
 
 void ProjectTextStyle::visitFields(FieldVisitor& visitor) const {
   TextStyle::visitFields(visitor);
-  ORVANE_PROJECT_TEXT_STYLE_FIELDS(ORVANE_FIELD_VISIT)
+  visitOwnFields(visitor);
 }
 
 ProjectTextStyle::Partial ProjectTextStyle::Partial::decode(const Decoder& decoder) {
-  using P = CodingKeys;
+  using K = CodingKeys;
   Partial p;
   auto c = decoder.container();
-  p.identifier_ = c.decodeIfPresent<Identifier>(P::identifier);
-  p.name_ = c.decodeStringIfPresent(P::name);
-  p.color_ = c.decodeIfPresent<Ref<Color>>(TextStyle::CodingKeys::color);
+  p.identifier_ = c.decodeIfPresent<Identifier>(K::identifier);
+  p.name_ = c.decodeStringIfPresent(K::name);
+  p.color_ = c.decodeIfPresent<Ref<Color>>(K::color);
   return p;
 }
 
