@@ -291,8 +291,9 @@ bool isLocal(const T& identifier) {
 #define ORVANE_FIELD_VISIT(name, Name, Type, key, read, write, param, access) \
   ORVANE_FIELD_VISIT_##access(name)
 
-/// In the record's source file: the definitions of what ORVANE_FIELDS declared.
-#define ORVANE_FIELDS_DEFINE(Record, LIST)                                                     \
+/// In the record's source file: the definitions of what ORVANE_FIELDS declared, in two parts
+/// for a record that lists its fields in its own way.
+#define ORVANE_FIELDS_CODING_DEFINE(Record, LIST)                                              \
   void Record::decodeFields([[maybe_unused]] const ::orvane::Decoder& decoder,                 \
                             [[maybe_unused]] const ::orvane::KeyedDecodingContainer& c) {      \
     LIST(ORVANE_FIELD_READ)                                                                    \
@@ -300,8 +301,11 @@ bool isLocal(const T& identifier) {
   void Record::encodeFields([[maybe_unused]] ::orvane::KeyedEncodingContainer& c) const {      \
     LIST(ORVANE_FIELD_WRITE)                                                                   \
   }                                                                                            \
-  void Record::storeFields([[maybe_unused]] Fields&& fields) { LIST(ORVANE_FIELD_TAKE) }       \
+  void Record::storeFields([[maybe_unused]] Fields&& fields) { LIST(ORVANE_FIELD_TAKE) }
+#define ORVANE_FIELDS_VISIT_DEFINE(Record, LIST) \
   void Record::visitFields(::orvane::FieldVisitor& visitor) const { LIST(ORVANE_FIELD_VISIT) }
+#define ORVANE_FIELDS_DEFINE(Record, LIST) \
+  ORVANE_FIELDS_CODING_DEFINE(Record, LIST) ORVANE_FIELDS_VISIT_DEFINE(Record, LIST)
 
 /// In a subclass record's source file: the definitions of what ORVANE_OWN_FIELDS declared.
 #define ORVANE_OWN_FIELDS_DEFINE(Record, LIST, MAKE_ORDER)                                   \

@@ -31,18 +31,7 @@ void VersionCollection::encode(Encoder& encoder) const {
   encodeFields(c);
 }
 
-void VersionCollection::decodeFields([[maybe_unused]] const Decoder& decoder,
-                                     const KeyedDecodingContainer& c) {
-  ORVANE_VERSION_COLLECTION_FIELDS(ORVANE_FIELD_READ)
-}
-
-void VersionCollection::encodeFields(KeyedEncodingContainer& c) const {
-  ORVANE_VERSION_COLLECTION_FIELDS(ORVANE_FIELD_WRITE)
-}
-
-void VersionCollection::storeFields(Fields&& fields) {
-  ORVANE_VERSION_COLLECTION_FIELDS(ORVANE_FIELD_TAKE)
-}
+ORVANE_FIELDS_CODING_DEFINE(VersionCollection, ORVANE_VERSION_COLLECTION_FIELDS)
 
 // Imported collections carry the source's identifiers, which mean nothing to the service.
 void VersionCollection::decodeIdentifier(const Decoder& decoder, const KeyedDecodingContainer& c) {

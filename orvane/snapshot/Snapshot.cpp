@@ -5,17 +5,7 @@
 
 namespace orvane {
 
-void Snapshot::decodeFields(const Decoder& decoder, const KeyedDecodingContainer& c) {
-  ORVANE_SNAPSHOT_FIELDS(ORVANE_FIELD_READ)
-}
-
-void Snapshot::encodeFields(KeyedEncodingContainer& c) const {
-  ORVANE_SNAPSHOT_FIELDS(ORVANE_FIELD_WRITE)
-}
-
-void Snapshot::storeFields(Fields&& fields) {
-  ORVANE_SNAPSHOT_FIELDS(ORVANE_FIELD_TAKE)
-}
+ORVANE_FIELDS_CODING_DEFINE(Snapshot, ORVANE_SNAPSHOT_FIELDS)
 
 void Snapshot::visitFields(FieldVisitor& visitor) const {
   ORVANE_SNAPSHOT_CODED_FIELDS(ORVANE_FIELD_VISIT)
