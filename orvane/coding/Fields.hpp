@@ -323,20 +323,39 @@ bool isLocal(const T& identifier) {
     MAKE_ORDER(ORVANE_FIELD_TAKE)                                                            \
   }
 
-/// For a record with nothing to wire: `make`, `decode` and `encode` are its fields' alone.
-#define ORVANE_PLAIN_RECORD_DEFINE(Record, LIST)                     \
-  ORVANE_FIELDS_DEFINE(Record, LIST)                                 \
-  ::orvane::Ref<Record> Record::make(Fields fields) {                \
+/// In the record's source file: `make` stores the fields, `decode` reads them from the
+/// decoder's object and `encode` writes them to the encoder's; `make` and `decode` then run the
+/// wiring member named last, if one is named.
+#define ORVANE_RECORD_MAKE_DEFINE(Record, ...)                            \
+  ::orvane::Ref<Record> Record::make(Fields fields) {                     \
     auto record = ::orvane::makeRef<Record>(::orvane::Passkey<Record>{}); \
-    record->storeFields(std::move(fields));                          \
-    return record;                                                   \
-  }                                                                  \
-  ::orvane::Ref<Record> Record::decode(const ::orvane::Decoder& decoder) { \
-    auto record = ::orvane::makeRef<Record>(::orvane::Passkey<Record>{}); \
-    record->decodeFields(decoder, decoder.container());              \
-    return record;                                                   \
-  }                                                                  \
-  void Record::encode(::orvane::Encoder& encoder) const {            \
-    auto c = encoder.container();                                    \
-    encodeFields(c);                                                 \
+    record->storeFields(std::move(fields));                               \
+    __VA_OPT__(record->__VA_ARGS__();)                                    \
+    return record;                                                        \
   }
+#define ORVANE_RECORD_DECODE_DEFINE(Record, ...)                           \
+  ::orvane::Ref<Record> Record::decode(const ::orvane::Decoder& decoder) { \
+    auto record = ::orvane::makeRef<Record>(::orvane::Passkey<Record>{});  \
+    record->decodeFields(decoder, decoder.container());                    \
+    __VA_OPT__(record->__VA_ARGS__();)                                     \
+    return record;                                                         \
+  }
+#define ORVANE_RECORD_ENCODE_DEFINE(Record)               \
+  void Record::encode(::orvane::Encoder& encoder) const { \
+    auto c = encoder.container();                         \
+    encodeFields(c);                                      \
+  }
+#define ORVANE_RECORD_CODING_DEFINE(Record, ...)                 \
+  ORVANE_RECORD_MAKE_DEFINE(Record __VA_OPT__(, ) __VA_ARGS__)   \
+  ORVANE_RECORD_DECODE_DEFINE(Record __VA_OPT__(, ) __VA_ARGS__) \
+  ORVANE_RECORD_ENCODE_DEFINE(Record)
+
+/// For a record whose `make`, `decode` and `encode` are its fields' alone, then its wiring.
+#define ORVANE_PLAIN_RECORD_DEFINE(Record, LIST, ...) \
+  ORVANE_FIELDS_DEFINE(Record, LIST)                  \
+  ORVANE_RECORD_CODING_DEFINE(Record __VA_OPT__(, ) __VA_ARGS__)
+/// The same for a record that is read but never written.
+#define ORVANE_DECODED_RECORD_DEFINE(Record, LIST, ...)        \
+  ORVANE_FIELDS_DEFINE(Record, LIST)                           \
+  ORVANE_RECORD_MAKE_DEFINE(Record __VA_OPT__(, ) __VA_ARGS__) \
+  ORVANE_RECORD_DECODE_DEFINE(Record __VA_OPT__(, ) __VA_ARGS__)

@@ -13,13 +13,7 @@ constexpr std::string_view kSourceFile = "Sources/Component";
 }  // namespace
 
 ORVANE_OWN_FIELDS_DEFINE(Component, ORVANE_COMPONENT_FIELDS, ORVANE_COMPONENT_MAKE)
-
-Ref<Component> Component::make(Fields fields) {
-  auto component = makeRef<Component>(Passkey<Component>{});
-  component->storeFields(std::move(fields));
-  component->wireVersions();
-  return component;
-}
+ORVANE_RECORD_MAKE_DEFINE(Component, wireVersions)
 
 Ref<Component> Component::decode(const Decoder& decoder) {
   auto component = makeRef<Component>(Passkey<Component>{});

@@ -7,13 +7,7 @@
 namespace orvane {
 
 ORVANE_OWN_FIELDS_DEFINE(Screen, ORVANE_SCREEN_FIELDS, ORVANE_SCREEN_MAKE)
-
-Ref<Screen> Screen::make(Fields fields) {
-  auto screen = makeRef<Screen>(Passkey<Screen>{});
-  screen->storeFields(std::move(fields));
-  screen->wire();
-  return screen;
-}
+ORVANE_RECORD_MAKE_DEFINE(Screen, wire)
 
 Ref<Screen> Screen::decode(const Decoder& decoder) {
   // The screen's own object first: a document that is no object fails before anything is read.

@@ -4,12 +4,7 @@
 namespace orvane {
 
 ORVANE_OWN_FIELDS_DEFINE(ProjectColor, ORVANE_PROJECT_COLOR_FIELDS, ORVANE_PROJECT_COLOR_MAKE)
-
-Ref<ProjectColor> ProjectColor::make(Fields fields) {
-  auto color = makeRef<ProjectColor>(Passkey<ProjectColor>{});
-  color->storeFields(std::move(fields));
-  return color;
-}
+ORVANE_RECORD_MAKE_DEFINE(ProjectColor)
 
 Ref<ProjectColor> ProjectColor::decode(const Decoder& decoder) {
   auto color = makeRef<ProjectColor>(Passkey<ProjectColor>{});

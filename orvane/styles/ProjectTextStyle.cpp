@@ -5,12 +5,7 @@ namespace orvane {
 
 ORVANE_OWN_FIELDS_DEFINE(ProjectTextStyle, ORVANE_PROJECT_TEXT_STYLE_FIELDS,
                          ORVANE_PROJECT_TEXT_STYLE_MAKE)
-
-Ref<ProjectTextStyle> ProjectTextStyle::make(Fields fields) {
-  auto style = makeRef<ProjectTextStyle>(Passkey<ProjectTextStyle>{});
-  style->storeFields(std::move(fields));
-  return style;
-}
+ORVANE_RECORD_MAKE_DEFINE(ProjectTextStyle)
 
 Ref<ProjectTextStyle> ProjectTextStyle::decode(const Decoder& decoder) {
   auto style = makeRef<ProjectTextStyle>(Passkey<ProjectTextStyle>{});
