@@ -20,6 +20,8 @@
 //                tolerant     a tolerant key: every failure of the read gives no value
 //                orEmpty      an optional key whose missing value is the type's empty value
 //                             (0, false, "", the empty list)
+//                localOnImport  a required key, but a fresh local value (`Type::local()`)
+//                             without reading it when the decoder reads from an import source
 //                custom       by the record's own `decodeName(decoder, container)`
 //                payload      the same, for a field with no key of its own (key `none`): it is
 //                             read from keys that belong to no field
@@ -116,6 +118,7 @@ bool isLocal(const T& identifier) {
 #define ORVANE_FIELD_KEY_optional(name, key) static constexpr std::string_view name = key;
 #define ORVANE_FIELD_KEY_tolerant(name, key) static constexpr std::string_view name = key;
 #define ORVANE_FIELD_KEY_orEmpty(name, key) static constexpr std::string_view name = key;
+#define ORVANE_FIELD_KEY_localOnImport(name, key) static constexpr std::string_view name = key;
 #define ORVANE_FIELD_KEY_custom(name, key) static constexpr std::string_view name = key;
 #define ORVANE_FIELD_KEY_payload(name, key)
 #define ORVANE_FIELD_KEY_none(name, key)
@@ -166,6 +169,7 @@ bool isLocal(const T& identifier) {
   void decode##Name(const ::orvane::Decoder& decoder, const ::orvane::KeyedDecodingContainer& c);
 #define ORVANE_FIELD_HOOKS_READ_payload(Name) ORVANE_FIELD_HOOKS_READ_custom(Name)
 #define ORVANE_FIELD_HOOKS_READ_required(Name)
+#define ORVANE_FIELD_HOOKS_READ_localOnImport(Name)
 #define ORVANE_FIELD_HOOKS_READ_optional(Name)
 #define ORVANE_FIELD_HOOKS_READ_tolerant(Name)
 #define ORVANE_FIELD_HOOKS_READ_orEmpty(Name)
@@ -258,6 +262,11 @@ bool isLocal(const T& identifier) {
 #define ORVANE_FIELD_READ_orEmpty(name, Name, Type, access) \
   ORVANE_FIELD_STORE_##access(                              \
       name, Name, ::orvane::detail::orEmpty(c.template decodeIfPresent<Type>(CodingKeys::name)))
+// Imported documents carry the source's identifiers, which mean nothing to the service.
+#define ORVANE_FIELD_READ_localOnImport(name, Name, Type, access) \
+  ORVANE_FIELD_STORE_##access(                                    \
+      name, Name,                                                 \
+      (decoder.isFromImportSource() ? Type::local() : c.template decode<Type>(CodingKeys::name)))
 #define ORVANE_FIELD_READ_custom(name, Name, Type, access) decode##Name(decoder, c);
 #define ORVANE_FIELD_READ_payload(name, Name, Type, access) decode##Name(decoder, c);
 #define ORVANE_FIELD_READ_none(name, Name, Type, access)

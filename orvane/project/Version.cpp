@@ -7,12 +7,6 @@ namespace orvane {
 
 ORVANE_PLAIN_RECORD_DEFINE(Version, ORVANE_VERSION_FIELDS, wire)
 
-// Imported versions carry the source's identifiers, which mean nothing to the service.
-void Version::decodeIdentifier(const Decoder& decoder, const KeyedDecodingContainer& c) {
-  identifier_ = decoder.isFromImportSource() ? Identifier::local()
-                                             : c.decode<Identifier>(CodingKeys::identifier);
-}
-
 void Version::decodeCreateDate(const Decoder&, const KeyedDecodingContainer& c) {
   auto createDate = c.decodeDateIfPresent(CodingKeys::createDate);
   createDate_ = createDate ? *createDate : now();

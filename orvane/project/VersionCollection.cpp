@@ -15,12 +15,6 @@ VersionCollection::~VersionCollection() = default;
 ORVANE_FIELDS_CODING_DEFINE(VersionCollection, ORVANE_VERSION_COLLECTION_FIELDS)
 ORVANE_RECORD_CODING_DEFINE(VersionCollection, wireVersions)
 
-// Imported collections carry the source's identifiers, which mean nothing to the service.
-void VersionCollection::decodeIdentifier(const Decoder& decoder, const KeyedDecodingContainer& c) {
-  identifier_ = decoder.isFromImportSource() ? Identifier::local()
-                                             : c.decode<Identifier>(CodingKeys::identifier);
-}
-
 void VersionCollection::encodeDescription(KeyedEncodingContainer& c) const {
   if (!description_.empty()) c.encode(CodingKeys::description, description_);
 }

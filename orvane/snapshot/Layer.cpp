@@ -78,11 +78,6 @@ void Layer::setSketchFileURL(std::optional<Url> value) {
 
 ORVANE_PLAIN_RECORD_DEFINE(Layer, ORVANE_LAYER_FIELDS, adoptChildren)
 
-void Layer::decodeIdentifier(const Decoder& decoder, const KeyedDecodingContainer& c) {
-  identifier_ = decoder.isFromImportSource() ? Identifier::local()
-                                             : c.decode<Identifier>(CodingKeys::identifier);
-}
-
 void Layer::decodeKind(const Decoder&, const KeyedDecodingContainer& c) {
   auto key = c.decodeTolerant<Kind::Key>(CodingKeys::kind);
   if (!key) return;

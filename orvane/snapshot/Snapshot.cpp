@@ -21,11 +21,6 @@ void Snapshot::visitFields(FieldVisitor& visitor) const {
   ORVANE_SNAPSHOT_CLIENT_FIELDS(ORVANE_FIELD_VISIT)
 }
 
-void Snapshot::decodeIdentifier(const Decoder& decoder, const KeyedDecodingContainer& c) {
-  identifier_ = decoder.isFromImportSource() ? Identifier::local()
-                                             : c.decode<Identifier>(CodingKeys::identifier);
-}
-
 void Snapshot::decodeSize(const Decoder&, const KeyedDecodingContainer& c) {
   size_.width = c.decodeDouble(SizeKeys::width);
   size_.height = c.decodeDouble(SizeKeys::height);
