@@ -71,10 +71,7 @@ void Option::decodeKind(const Decoder&, const KeyedDecodingContainer& c) {
       break;
     case Kind::Key::picker: {
       auto defaultValue = c.decodeString(K::defaultValue);
-      auto array = c.nestedUnkeyedContainer(K::pickerOptions);
-      std::vector<PickerOption> options;
-      options.reserve(array.count());
-      while (!array.isAtEnd()) options.push_back(array.decode<PickerOption>());
+      auto options = c.decode<std::vector<PickerOption>>(K::pickerOptions);
       auto match = std::find_if(options.begin(), options.end(), [&](const PickerOption& o) {
         return canonicallyEquivalent(o.value, defaultValue);
       });
