@@ -20,6 +20,8 @@
 //                tolerant     a tolerant key: every failure of the read gives no value
 //                orEmpty      an optional key whose missing value is the type's empty value
 //                             (0, false, "", the empty list)
+//                localOnImport  a required key, but a fresh local value (`Type::local()`)
+//                             without reading it when the decoder reads from an import source
 //                custom       by the record's own `decodeName(decoder, container)`
 //                payload      the same, for a field with no key of its own (key `none`): it is
 //                             read from keys that belong to no field
@@ -116,6 +118,7 @@ bool isLocal(const T& identifier) {
 #define ORVANE_FIELD_KEY_optional(name, key) static constexpr std::string_view name = key;
 #define ORVANE_FIELD_KEY_tolerant(name, key) static constexpr std::string_view name = key;
 #define ORVANE_FIELD_KEY_orEmpty(name, key) static constexpr std::string_view name = key;
+#define ORVANE_FIELD_KEY_localOnImport(name, key) static constexpr std::string_view name = key;
 #define ORVANE_FIELD_KEY_custom(name, key) static constexpr std::string_view name = key;
 #define ORVANE_FIELD_KEY_payload(name, key)
 #define ORVANE_FIELD_KEY_none(name, key)
@@ -129,6 +132,14 @@ bool isLocal(const T& identifier) {
 #define ORVANE_FIELD_PARAM_none(name, Type)
 #define ORVANE_FIELD_PARAM(name, Name, Type, key, read, write, param, access) \
   ORVANE_FIELD_PARAM_##param(name, Type)
+// For a `make` without defaults: every field it takes must be given.
+#define ORVANE_FIELD_PARAM_GIVEN_given(name, Type) ORVANE_FIELD_PARAM_given(name, Type)
+#define ORVANE_FIELD_PARAM_GIVEN_localId(name, Type) ORVANE_FIELD_PARAM_given(name, Type)
+#define ORVANE_FIELD_PARAM_GIVEN_currentDate(name, Type) ORVANE_FIELD_PARAM_given(name, Type)
+#define ORVANE_FIELD_PARAM_GIVEN_empty(name, Type) ORVANE_FIELD_PARAM_given(name, Type)
+#define ORVANE_FIELD_PARAM_GIVEN_none(name, Type)
+#define ORVANE_FIELD_PARAM_GIVEN(name, Name, Type, key, read, write, param, access) \
+  ORVANE_FIELD_PARAM_GIVEN_##param(name, Type)
 
 #define ORVANE_FIELD_ACCESSORS_plain(name, Name, Type)  \
   const Type& name() const { return name##_; }          \
@@ -158,6 +169,7 @@ bool isLocal(const T& identifier) {
   void decode##Name(const ::orvane::Decoder& decoder, const ::orvane::KeyedDecodingContainer& c);
 #define ORVANE_FIELD_HOOKS_READ_payload(Name) ORVANE_FIELD_HOOKS_READ_custom(Name)
 #define ORVANE_FIELD_HOOKS_READ_required(Name)
+#define ORVANE_FIELD_HOOKS_READ_localOnImport(Name)
 #define ORVANE_FIELD_HOOKS_READ_optional(Name)
 #define ORVANE_FIELD_HOOKS_READ_tolerant(Name)
 #define ORVANE_FIELD_HOOKS_READ_orEmpty(Name)
@@ -200,6 +212,37 @@ bool isLocal(const T& identifier) {
   LIST(ORVANE_FIELD_HOOKS)                                                               \
   LIST(ORVANE_FIELD_MEMBER)
 
+#define ORVANE_FIELD_FIRST(first, ...) first
+
+/// In a subclass record's class, after its nested types: its own fields (LIST), coded in the
+/// base's object beside the base's fields. `MAKE_ORDER` lists the base's and the own fields in
+/// the order `make` takes them; a last argument `ORVANE_FIELD_PARAM_GIVEN` drops every default.
+/// Generates the key set (the base's keys and the own ones), the own accessors, members and
+/// hooks, the flat `Fields`, and the steps the record orders: `decodeOwnFields`,
+/// `encodeOwnFields`, `visitOwnFields`, and a `storeFields` of both lists. Leaves the class in
+/// its protected part.
+#define ORVANE_OWN_FIELDS(Record, Base, LIST, MAKE_ORDER, ...)                          \
+ public:                                                                                \
+  struct CodingKeys : Base::CodingKeys {                                                \
+    LIST(ORVANE_FIELD_KEY)                                                              \
+  };                                                                                    \
+  /** What `make` takes, in this order, with its defaults. */                           \
+  struct Fields {                                                                       \
+    MAKE_ORDER(ORVANE_FIELD_FIRST(__VA_ARGS__ __VA_OPT__(, ) ORVANE_FIELD_PARAM))       \
+  };                                                                                    \
+  LIST(ORVANE_FIELD_ACCESSORS)                                                          \
+  explicit Record(::orvane::Passkey<Record>) {}                                         \
+                                                                                        \
+ protected:                                                                             \
+  void decodeOwnFields(const ::orvane::Decoder& decoder,                                \
+                       const ::orvane::KeyedDecodingContainer& c);                      \
+  void encodeOwnFields(::orvane::KeyedEncodingContainer& c) const;                      \
+  void visitOwnFields(::orvane::FieldVisitor& visitor) const;                           \
+  /** Stores what `make` was given, base fields included, without running observers. */ \
+  void storeFields(Fields&& fields);                                                    \
+  LIST(ORVANE_FIELD_HOOKS)                                                              \
+  LIST(ORVANE_FIELD_MEMBER)
+
 // --- What ORVANE_FIELDS_DEFINE generates --------------------------------------------------
 
 #define ORVANE_FIELD_STORE_plain(name, Name, value) name##_ = value;
@@ -219,6 +262,11 @@ bool isLocal(const T& identifier) {
 #define ORVANE_FIELD_READ_orEmpty(name, Name, Type, access) \
   ORVANE_FIELD_STORE_##access(                              \
       name, Name, ::orvane::detail::orEmpty(c.template decodeIfPresent<Type>(CodingKeys::name)))
+// Imported documents carry the source's identifiers, which mean nothing to the service.
+#define ORVANE_FIELD_READ_localOnImport(name, Name, Type, access) \
+  ORVANE_FIELD_STORE_##access(                                    \
+      name, Name,                                                 \
+      (decoder.isFromImportSource() ? Type::local() : c.template decode<Type>(CodingKeys::name)))
 #define ORVANE_FIELD_READ_custom(name, Name, Type, access) decode##Name(decoder, c);
 #define ORVANE_FIELD_READ_payload(name, Name, Type, access) decode##Name(decoder, c);
 #define ORVANE_FIELD_READ_none(name, Name, Type, access)
@@ -252,8 +300,9 @@ bool isLocal(const T& identifier) {
 #define ORVANE_FIELD_VISIT(name, Name, Type, key, read, write, param, access) \
   ORVANE_FIELD_VISIT_##access(name)
 
-/// In the record's source file: the definitions of what ORVANE_FIELDS declared.
-#define ORVANE_FIELDS_DEFINE(Record, LIST)                                                     \
+/// In the record's source file: the definitions of what ORVANE_FIELDS declared, in two parts
+/// for a record that lists its fields in its own way.
+#define ORVANE_FIELDS_CODING_DEFINE(Record, LIST)                                              \
   void Record::decodeFields([[maybe_unused]] const ::orvane::Decoder& decoder,                 \
                             [[maybe_unused]] const ::orvane::KeyedDecodingContainer& c) {      \
     LIST(ORVANE_FIELD_READ)                                                                    \
@@ -261,23 +310,61 @@ bool isLocal(const T& identifier) {
   void Record::encodeFields([[maybe_unused]] ::orvane::KeyedEncodingContainer& c) const {      \
     LIST(ORVANE_FIELD_WRITE)                                                                   \
   }                                                                                            \
-  void Record::storeFields([[maybe_unused]] Fields&& fields) { LIST(ORVANE_FIELD_TAKE) }       \
+  void Record::storeFields([[maybe_unused]] Fields&& fields) { LIST(ORVANE_FIELD_TAKE) }
+#define ORVANE_FIELDS_VISIT_DEFINE(Record, LIST) \
   void Record::visitFields(::orvane::FieldVisitor& visitor) const { LIST(ORVANE_FIELD_VISIT) }
+#define ORVANE_FIELDS_DEFINE(Record, LIST) \
+  ORVANE_FIELDS_CODING_DEFINE(Record, LIST) ORVANE_FIELDS_VISIT_DEFINE(Record, LIST)
 
-/// For a record with nothing to wire: `make`, `decode` and `encode` are its fields' alone.
-#define ORVANE_PLAIN_RECORD_DEFINE(Record, LIST)                     \
-  ORVANE_FIELDS_DEFINE(Record, LIST)                                 \
-  ::orvane::Ref<Record> Record::make(Fields fields) {                \
-    auto record = ::orvane::makeRef<Record>(::orvane::Passkey<Record>{}); \
-    record->storeFields(std::move(fields));                          \
-    return record;                                                   \
-  }                                                                  \
-  ::orvane::Ref<Record> Record::decode(const ::orvane::Decoder& decoder) { \
-    auto record = ::orvane::makeRef<Record>(::orvane::Passkey<Record>{}); \
-    record->decodeFields(decoder, decoder.container());              \
-    return record;                                                   \
-  }                                                                  \
-  void Record::encode(::orvane::Encoder& encoder) const {            \
-    auto c = encoder.container();                                    \
-    encodeFields(c);                                                 \
+/// In a subclass record's source file: the definitions of what ORVANE_OWN_FIELDS declared.
+#define ORVANE_OWN_FIELDS_DEFINE(Record, LIST, MAKE_ORDER)                                   \
+  void Record::decodeOwnFields([[maybe_unused]] const ::orvane::Decoder& decoder,            \
+                               [[maybe_unused]] const ::orvane::KeyedDecodingContainer& c) { \
+    LIST(ORVANE_FIELD_READ)                                                                  \
+  }                                                                                          \
+  void Record::encodeOwnFields([[maybe_unused]] ::orvane::KeyedEncodingContainer& c) const { \
+    LIST(ORVANE_FIELD_WRITE)                                                                 \
+  }                                                                                          \
+  void Record::visitOwnFields([[maybe_unused]] ::orvane::FieldVisitor& visitor) const {      \
+    LIST(ORVANE_FIELD_VISIT)                                                                 \
+  }                                                                                          \
+  void Record::storeFields(Fields&& fields) {                                                \
+    MAKE_ORDER(ORVANE_FIELD_TAKE)                                                            \
   }
+
+/// In the record's source file: `make` stores the fields, `decode` reads them from the
+/// decoder's object and `encode` writes them to the encoder's; `make` and `decode` then run the
+/// wiring member named last, if one is named.
+#define ORVANE_RECORD_MAKE_DEFINE(Record, ...)                            \
+  ::orvane::Ref<Record> Record::make(Fields fields) {                     \
+    auto record = ::orvane::makeRef<Record>(::orvane::Passkey<Record>{}); \
+    record->storeFields(std::move(fields));                               \
+    __VA_OPT__(record->__VA_ARGS__();)                                    \
+    return record;                                                        \
+  }
+#define ORVANE_RECORD_DECODE_DEFINE(Record, ...)                           \
+  ::orvane::Ref<Record> Record::decode(const ::orvane::Decoder& decoder) { \
+    auto record = ::orvane::makeRef<Record>(::orvane::Passkey<Record>{});  \
+    record->decodeFields(decoder, decoder.container());                    \
+    __VA_OPT__(record->__VA_ARGS__();)                                     \
+    return record;                                                         \
+  }
+#define ORVANE_RECORD_ENCODE_DEFINE(Record)               \
+  void Record::encode(::orvane::Encoder& encoder) const { \
+    auto c = encoder.container();                         \
+    encodeFields(c);                                      \
+  }
+#define ORVANE_RECORD_CODING_DEFINE(Record, ...)                 \
+  ORVANE_RECORD_MAKE_DEFINE(Record __VA_OPT__(, ) __VA_ARGS__)   \
+  ORVANE_RECORD_DECODE_DEFINE(Record __VA_OPT__(, ) __VA_ARGS__) \
+  ORVANE_RECORD_ENCODE_DEFINE(Record)
+
+/// For a record whose `make`, `decode` and `encode` are its fields' alone, then its wiring.
+#define ORVANE_PLAIN_RECORD_DEFINE(Record, LIST, ...) \
+  ORVANE_FIELDS_DEFINE(Record, LIST)                  \
+  ORVANE_RECORD_CODING_DEFINE(Record __VA_OPT__(, ) __VA_ARGS__)
+/// The same for a record that is read but never written.
+#define ORVANE_DECODED_RECORD_DEFINE(Record, LIST, ...)        \
+  ORVANE_FIELDS_DEFINE(Record, LIST)                           \
+  ORVANE_RECORD_MAKE_DEFINE(Record __VA_OPT__(, ) __VA_ARGS__) \
+  ORVANE_RECORD_DECODE_DEFINE(Record __VA_OPT__(, ) __VA_ARGS__)

@@ -27,13 +27,14 @@ struct EnumCase {
 /// An enumeration states its cases once, as a list macro of `C(case, "raw value")`:
 ///   #define ORVANE_BLUR_KIND(C) C(gaussian, "gaussian") C(background, "background")
 /// declared with `ORVANE_ENUM(Kind, ORVANE_BLUR_KIND)` and given its traits, after its owner,
-/// with `ORVANE_ENUM_TRAITS(Blur::Kind, "Kind", ORVANE_BLUR_KIND, false)`.
+/// with `ORVANE_ENUM_TRAITS(Blur::Kind, "Kind", ORVANE_BLUR_KIND, false)`. A case may carry
+/// further columns, for its owner's own tables: both macros pass them over.
 template <class E>
 struct EnumTraits;
 
-#define ORVANE_ENUM_CASE(name, raw) name,
+#define ORVANE_ENUM_CASE(name, raw, ...) name,
 #define ORVANE_ENUM(Enum, CASES) enum class Enum { CASES(ORVANE_ENUM_CASE) };
-#define ORVANE_ENUM_TRAITS_CASE(name, raw) {Enum::name, raw, #name},
+#define ORVANE_ENUM_TRAITS_CASE(name, raw, ...) {Enum::name, raw, #name},
 #define ORVANE_ENUM_TRAITS(EnumType, shortName, CASES, allCasesListed)     \
   template <>                                                             \
   struct EnumTraits<EnumType> {                                           \

@@ -19,19 +19,7 @@ ORVANE_PLAIN_RECORD_DEFINE(Author, ORVANE_EXTENSION_AUTHOR_FIELDS)
 // --- Manifest ---------------------------------------------------------------------------
 
 using Manifest = Extension::Manifest;
-ORVANE_FIELDS_DEFINE(Manifest, ORVANE_EXTENSION_MANIFEST_FIELDS)
-
-Ref<Manifest> Manifest::make(Fields fields) {
-  auto manifest = makeRef<Manifest>(Passkey<Manifest>{});
-  manifest->storeFields(std::move(fields));
-  return manifest;
-}
-
-Ref<Manifest> Manifest::decode(const Decoder& decoder) {
-  auto manifest = makeRef<Manifest>(Passkey<Manifest>{});
-  manifest->decodeFields(decoder, decoder.container());
-  return manifest;
-}
+ORVANE_DECODED_RECORD_DEFINE(Manifest, ORVANE_EXTENSION_MANIFEST_FIELDS)
 
 // --- Option -----------------------------------------------------------------------------
 
@@ -67,19 +55,7 @@ void Extension::Option::Kind::visitFields(FieldVisitor& v) const {
 }
 
 using Option = Extension::Option;
-ORVANE_FIELDS_DEFINE(Option, ORVANE_EXTENSION_OPTION_FIELDS)
-
-Ref<Option> Option::make(Fields fields) {
-  auto option = makeRef<Option>(Passkey<Option>{});
-  option->storeFields(std::move(fields));
-  return option;
-}
-
-Ref<Option> Option::decode(const Decoder& decoder) {
-  auto option = makeRef<Option>(Passkey<Option>{});
-  option->decodeFields(decoder, decoder.container());
-  return option;
-}
+ORVANE_DECODED_RECORD_DEFINE(Option, ORVANE_EXTENSION_OPTION_FIELDS)
 
 // Without a known "type" the rest of the object means nothing, so it is not read at all.
 void Option::decodeKind(const Decoder&, const KeyedDecodingContainer& c) {
@@ -95,10 +71,7 @@ void Option::decodeKind(const Decoder&, const KeyedDecodingContainer& c) {
       break;
     case Kind::Key::picker: {
       auto defaultValue = c.decodeString(K::defaultValue);
-      auto array = c.nestedUnkeyedContainer(K::pickerOptions);
-      std::vector<PickerOption> options;
-      options.reserve(array.count());
-      while (!array.isAtEnd()) options.push_back(array.decode<PickerOption>());
+      auto options = c.decode<std::vector<PickerOption>>(K::pickerOptions);
       auto match = std::find_if(options.begin(), options.end(), [&](const PickerOption& o) {
         return canonicallyEquivalent(o.value, defaultValue);
       });

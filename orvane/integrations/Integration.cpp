@@ -23,12 +23,10 @@ void Slack::encodeChannel(KeyedEncodingContainer& c) const {
 }
 
 void Integration::Emoji::Kind::visitFields(FieldVisitor& v) const {
-  v.key("case");
+  v.field("case", key());
   if (const auto* parent = asParent()) {
-    v.string("parent");
     v.field("url", parent->url);
   } else if (const auto* sibling = asSibling()) {
-    v.string("sibling");
     v.field("parentAlias", sibling->parentAlias);
   }
 }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include <orvane/coding/Fields.hpp>
+#include <orvane/coding/RawEnum.hpp>
 #include <orvane/coding/Ref.hpp>
 #include <orvane/values/Url.hpp>
 
@@ -63,7 +64,8 @@ class Integration::Emoji {
   /// Either a picture of its own, or a further alias of another emoji.
   class Kind {
    public:
-    enum class Key { parent, sibling };
+#define ORVANE_INTEGRATION_EMOJI_KIND_KEY(C) C(parent, "parent") C(sibling, "sibling")
+    ORVANE_ENUM(Key, ORVANE_INTEGRATION_EMOJI_KIND_KEY)
     struct Parent {
       Url url;
     };
@@ -100,5 +102,7 @@ class Integration::Emoji {
   std::string alias_;
   Kind kind_;
 };
+
+ORVANE_ENUM_TRAITS(Integration::Emoji::Kind::Key, "Key", ORVANE_INTEGRATION_EMOJI_KIND_KEY, false)
 
 }  // namespace orvane

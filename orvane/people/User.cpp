@@ -5,8 +5,14 @@
 
 namespace orvane {
 
+namespace {
+#define ORVANE_USER_EMOTAR_EMOJI(name, raw, emoji) emoji,
+constexpr auto kEmoji =
+    std::to_array<std::string_view>({ORVANE_USER_EMOTAR(ORVANE_USER_EMOTAR_EMOJI)});
+}  // namespace
+
 std::string_view emoji(User::Emotar emotar) {
-  return EnumTraits<User::Emotar>::emoji[static_cast<std::size_t>(emotar)];
+  return kEmoji[static_cast<std::size_t>(emotar)];
 }
 
 ORVANE_PLAIN_RECORD_DEFINE(User, ORVANE_USER_FIELDS)

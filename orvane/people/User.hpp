@@ -85,8 +85,7 @@ class User {
   C(dog, "dog", "\U0001F436")                                         \
   C(meatOnBone, "meat_on_bone", "\U0001F356")                         \
   C(pizza, "pizza", "\U0001F355")
-#define ORVANE_USER_EMOTAR_CASE(name, raw, emoji) name,
-  enum class Emotar { ORVANE_USER_EMOTAR(ORVANE_USER_EMOTAR_CASE) };
+  ORVANE_ENUM(Emotar, ORVANE_USER_EMOTAR)
 
   /// `handle` shows in listings.
 #define ORVANE_USER_FIELDS(F)                                                                 \
@@ -126,20 +125,6 @@ std::string_view emoji(User::Emotar emotar);
 ORVANE_ENUM_TRAITS(User::Status, "Status", ORVANE_USER_STATUS, true)
 ORVANE_ENUM_TRAITS(User::SubscriptionStatus, "SubscriptionStatus", ORVANE_USER_SUBSCRIPTION_STATUS,
                    false)
-
-// The emotar's table has a third column, so its traits are spelled out: `emoji` is generated
-// from the same list as `cases`.
-#define ORVANE_USER_EMOTAR_TRAITS_CASE(name, raw, emoji) {Enum::name, raw, #name},
-#define ORVANE_USER_EMOTAR_EMOJI(name, raw, emoji) emoji,
-template <>
-struct EnumTraits<User::Emotar> {
-  using Enum = User::Emotar;
-  static constexpr std::string_view typeName = "Emotar";
-  static constexpr bool hasAllCases = true;
-  static constexpr auto cases =
-      std::to_array<EnumCase<Enum>>({ORVANE_USER_EMOTAR(ORVANE_USER_EMOTAR_TRAITS_CASE)});
-  static constexpr auto emoji =
-      std::to_array<std::string_view>({ORVANE_USER_EMOTAR(ORVANE_USER_EMOTAR_EMOJI)});
-};
+ORVANE_ENUM_TRAITS(User::Emotar, "Emotar", ORVANE_USER_EMOTAR, true)
 
 }  // namespace orvane

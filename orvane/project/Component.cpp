@@ -12,18 +12,8 @@ namespace {
 constexpr std::string_view kSourceFile = "Sources/Component";
 }  // namespace
 
-Ref<Component> Component::make(Fields fields) {
-  auto component = makeRef<Component>(Passkey<Component>{});
-  component->storeFields({.identifier = detail::take(fields.identifier),
-                          .name = detail::take(fields.name),
-                          .description = detail::take(fields.description),
-                          .latestVersion = detail::take(fields.latestVersion),
-                          .sourceIdentifier = detail::take(fields.sourceIdentifier),
-                          .tags = detail::take(fields.tags),
-                          .versions = detail::take(fields.versions)});
-  component->wireVersions();
-  return component;
-}
+ORVANE_OWN_FIELDS_DEFINE(Component, ORVANE_COMPONENT_FIELDS, ORVANE_COMPONENT_MAKE)
+ORVANE_RECORD_MAKE_DEFINE(Component, wireVersions)
 
 Ref<Component> Component::decode(const Decoder& decoder) {
   auto component = makeRef<Component>(Passkey<Component>{});
@@ -61,7 +51,7 @@ std::optional<std::string> Component::versionsPathIfAvailable() const {
 
 void Component::visitFields(FieldVisitor& visitor) const {
   visitCollectionFields(visitor);
-  ORVANE_COMPONENT_FIELDS(ORVANE_FIELD_VISIT)
+  visitOwnFields(visitor);
   visitPaths(visitor);
 }
 

@@ -17,24 +17,15 @@ class Component : public VersionCollection {
  public:
   class Partial;
 
-  /// `section` is set by the component section holding this component.
+  /// `section` is set by the component section holding this component. `make` takes the
+  /// collection's fields, none with a default.
 #define ORVANE_COMPONENT_FIELDS(F) \
   F(section, Section, WeakRef<ComponentSection>, none, none, never, none, backRef)
+#define ORVANE_COMPONENT_MAKE(F) ORVANE_VERSION_COLLECTION_FIELDS(F) ORVANE_COMPONENT_FIELDS(F)
+  ORVANE_OWN_FIELDS(Component, VersionCollection, ORVANE_COMPONENT_FIELDS, ORVANE_COMPONENT_MAKE,
+                    ORVANE_FIELD_PARAM_GIVEN)
 
-  /// What `make` takes: the collection's fields, none with a default. Written out because
-  /// designated initializers cannot reach a base's members.
-  struct Fields {
-    Required<Identifier> identifier;
-    Required<std::string> name;
-    Required<std::string> description;
-    Required<Ref<Version>> latestVersion;
-    Required<std::optional<Identifier>> sourceIdentifier;
-    Required<std::optional<std::vector<std::string>>> tags;
-    Required<std::optional<std::vector<Ref<Version>>>> versions;
-  };
-
-  explicit Component(Passkey<Component>) {}
-
+ public:
   static Ref<Component> make(Fields fields);
   static Ref<Component> decode(const Decoder& decoder);
   void visitFields(FieldVisitor& v) const override;
@@ -46,11 +37,6 @@ class Component : public VersionCollection {
   std::string versionsPath() const override;
   std::optional<std::string> pathComponentIfAvailable() const override;
   std::optional<std::string> versionsPathIfAvailable() const override;
-
-  ORVANE_COMPONENT_FIELDS(ORVANE_FIELD_ACCESSORS)
-
- private:
-  ORVANE_COMPONENT_FIELDS(ORVANE_FIELD_MEMBER)
 };
 
 /// The decode-only subset of a component; every member optional, nothing wired.

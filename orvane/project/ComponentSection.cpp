@@ -33,27 +33,11 @@ class ComponentSection::Visit {
   ComponentSection& section_;
 };
 
-ORVANE_FIELDS_DEFINE(ComponentSection, ORVANE_COMPONENT_SECTION_FIELDS)
+ORVANE_PLAIN_RECORD_DEFINE(ComponentSection, ORVANE_COMPONENT_SECTION_FIELDS, wire)
 
-Ref<ComponentSection> ComponentSection::make(Fields fields) {
-  auto section = makeRef<ComponentSection>(Passkey<ComponentSection>{});
-  section->storeFields(std::move(fields));
-  section->wireSections(false);
-  section->wireComponents(false);
-  return section;
-}
-
-Ref<ComponentSection> ComponentSection::decode(const Decoder& decoder) {
-  auto section = makeRef<ComponentSection>(Passkey<ComponentSection>{});
-  section->decodeFields(decoder, decoder.container());
-  section->wireSections(false);
-  section->wireComponents(false);
-  return section;
-}
-
-void ComponentSection::encode(Encoder& encoder) const {
-  auto c = encoder.container();
-  encodeFields(c);
+void ComponentSection::wire() {
+  wireSections(false);
+  wireComponents(false);
 }
 
 std::string ComponentSection::identifierPathComponent() const {

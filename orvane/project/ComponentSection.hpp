@@ -72,6 +72,8 @@ class ComponentSection : public std::enable_shared_from_this<ComponentSection> {
   }
 
  private:
+  /// Adopts the tree below, without a project.
+  void wire();
   /// Adopts the nested sections; `passProject` hands this section's project down as well.
   void wireSections(bool passProject);
   /// Adopts the components; `passProject` hands this section's project down as well.

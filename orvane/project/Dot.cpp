@@ -5,26 +5,7 @@
 
 namespace orvane {
 
-ORVANE_FIELDS_DEFINE(Dot, ORVANE_DOT_FIELDS)
-
-Ref<Dot> Dot::make(Fields fields) {
-  auto dot = makeRef<Dot>(Passkey<Dot>{});
-  dot->storeFields(std::move(fields));
-  dot->wireComments();
-  return dot;
-}
-
-Ref<Dot> Dot::decode(const Decoder& decoder) {
-  auto dot = makeRef<Dot>(Passkey<Dot>{});
-  dot->decodeFields(decoder, decoder.container());
-  dot->wireComments();
-  return dot;
-}
-
-void Dot::encode(Encoder& encoder) const {
-  auto c = encoder.container();
-  encodeFields(c);
-}
+ORVANE_PLAIN_RECORD_DEFINE(Dot, ORVANE_DOT_FIELDS, wireComments)
 
 // Removed comments keep their back-reference to this dot.
 void Dot::setComments(std::vector<Ref<Comment>> value) {

@@ -5,26 +5,7 @@
 
 namespace orvane {
 
-ORVANE_FIELDS_DEFINE(Project, ORVANE_PROJECT_FIELDS)
-
-Ref<Project> Project::make(Fields fields) {
-  auto project = makeRef<Project>(Passkey<Project>{});
-  project->storeFields(std::move(fields));
-  project->wire();
-  return project;
-}
-
-Ref<Project> Project::decode(const Decoder& decoder) {
-  auto project = makeRef<Project>(Passkey<Project>{});
-  project->decodeFields(decoder, decoder.container());
-  project->wire();
-  return project;
-}
-
-void Project::encode(Encoder& encoder) const {
-  auto c = encoder.container();
-  encodeFields(c);
-}
+ORVANE_PLAIN_RECORD_DEFINE(Project, ORVANE_PROJECT_FIELDS, wire)
 
 void Project::decodeIcon(const Decoder&, const KeyedDecodingContainer& c) {
   icon_ = c.nestedContainer(CodingKeys::icon).decodeTolerant<Icon>(IconCodingKeys::kind);

@@ -6,43 +6,23 @@
 
 namespace orvane {
 
-Ref<Screen> Screen::make(Fields fields) {
-  auto screen = makeRef<Screen>(Passkey<Screen>{});
-  screen->storeFields({.identifier = std::move(fields.identifier),
-                       .name = detail::take(fields.name),
-                       .description = std::move(fields.description),
-                       .latestVersion = detail::take(fields.latestVersion),
-                       .sourceIdentifier = detail::take(fields.sourceIdentifier),
-                       .tags = detail::take(fields.tags),
-                       .versions = detail::take(fields.versions)});
-  screen->dots_ = detail::take(fields.dots);
-  screen->wireVersions();
-  screen->wireDots();
-  return screen;
-}
+ORVANE_OWN_FIELDS_DEFINE(Screen, ORVANE_SCREEN_FIELDS, ORVANE_SCREEN_MAKE)
+ORVANE_RECORD_MAKE_DEFINE(Screen, wire)
 
 Ref<Screen> Screen::decode(const Decoder& decoder) {
   // The screen's own object first: a document that is no object fails before anything is read.
   auto c = decoder.container();
   auto screen = makeRef<Screen>(Passkey<Screen>{});
-  screen->decodeFields(decoder, decoder.container());
-  screen->decodeScreenFields(decoder, c);
-  screen->wireVersions();
-  screen->wireDots();
+  screen->decodeFields(decoder, c);
+  screen->decodeOwnFields(decoder, c);
+  screen->wire();
   return screen;
 }
 
-void Screen::decodeScreenFields([[maybe_unused]] const Decoder& decoder,
-                                const KeyedDecodingContainer& c) {
-  ORVANE_SCREEN_FIELDS(ORVANE_FIELD_READ)
-}
-
 void Screen::encode(Encoder& encoder) const {
-  {
-    auto c = encoder.container();
-    ORVANE_SCREEN_FIELDS(ORVANE_FIELD_WRITE)
-  }
-  VersionCollection::encode(encoder);
+  auto c = encoder.container();
+  encodeOwnFields(c);
+  encodeFields(c);
 }
 
 std::string Screen::pathComponent() const {
@@ -70,6 +50,11 @@ void Screen::setDots(std::optional<std::vector<Ref<Dot>>> value) {
   wireDots();
 }
 
+void Screen::wire() {
+  wireVersions();
+  wireDots();
+}
+
 void Screen::wireDots() {
   if (!dots_) return;
   auto self = std::static_pointer_cast<Screen>(shared_from_this());
@@ -80,7 +65,7 @@ void Screen::wireDots() {
 
 void Screen::visitFields(FieldVisitor& visitor) const {
   visitCollectionFields(visitor);
-  ORVANE_SCREEN_FIELDS(ORVANE_FIELD_VISIT)
+  visitOwnFields(visitor);
   visitPaths(visitor);
 }
 

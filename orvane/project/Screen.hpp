@@ -19,27 +19,13 @@ class Screen : public VersionCollection {
   class Partial;
 
   /// `setDots` points every dot back here; removed dots keep theirs.
-#define ORVANE_SCREEN_FIELDS(F) \
-  F(dots, Dots, std::optional<std::vector<Ref<Dot>>>, "dots", optional, whenPresent, none, observed)
+#define ORVANE_SCREEN_FIELDS(F)                                                             \
+  F(dots, Dots, std::optional<std::vector<Ref<Dot>>>, "dots", optional, whenPresent, given, \
+    observed)
+#define ORVANE_SCREEN_MAKE(F) ORVANE_VERSION_COLLECTION_FIELDS(F) ORVANE_SCREEN_FIELDS(F)
+  ORVANE_OWN_FIELDS(Screen, VersionCollection, ORVANE_SCREEN_FIELDS, ORVANE_SCREEN_MAKE)
 
-  struct CodingKeys : VersionCollection::CodingKeys {
-    ORVANE_SCREEN_FIELDS(ORVANE_FIELD_KEY)
-  };
-  /// What `make` takes: the collection's fields, then the dots. Written out because designated
-  /// initializers cannot reach a base's members.
-  struct Fields {
-    Identifier identifier = Identifier::local();
-    Required<std::string> name;
-    std::string description{};
-    Required<Ref<Version>> latestVersion;
-    Required<std::optional<Identifier>> sourceIdentifier;
-    Required<std::optional<std::vector<std::string>>> tags;
-    Required<std::optional<std::vector<Ref<Version>>>> versions;
-    Required<std::optional<std::vector<Ref<Dot>>>> dots;
-  };
-
-  explicit Screen(Passkey<Screen>) {}
-
+ public:
   static Ref<Screen> make(Fields fields);
   static Ref<Screen> decode(const Decoder& decoder);
   /// Writes "dots" (when present) before the collection's members, in one object.
@@ -53,7 +39,6 @@ class Screen : public VersionCollection {
   std::optional<std::string> pathComponentIfAvailable() const override;
   std::optional<std::string> versionsPathIfAvailable() const override;
 
-  ORVANE_SCREEN_FIELDS(ORVANE_FIELD_ACCESSORS)
   /// Changes the list in place, then wires it as an assignment would.
   template <class Fn>
   void editDots(Fn&& fn) {
@@ -62,10 +47,8 @@ class Screen : public VersionCollection {
   }
 
  private:
-  void decodeScreenFields(const Decoder& decoder, const KeyedDecodingContainer& c);
+  void wire();
   void wireDots();
-
-  ORVANE_SCREEN_FIELDS(ORVANE_FIELD_MEMBER)
 };
 
 /// The decode-only subset of a screen; every member optional, nothing wired.

@@ -5,32 +5,7 @@
 
 namespace orvane {
 
-ORVANE_FIELDS_DEFINE(Version, ORVANE_VERSION_FIELDS)
-
-Ref<Version> Version::make(Fields fields) {
-  auto version = makeRef<Version>(Passkey<Version>{});
-  version->storeFields(std::move(fields));
-  version->wire();
-  return version;
-}
-
-Ref<Version> Version::decode(const Decoder& decoder) {
-  auto version = makeRef<Version>(Passkey<Version>{});
-  version->decodeFields(decoder, decoder.container());
-  version->wire();
-  return version;
-}
-
-void Version::encode(Encoder& encoder) const {
-  auto c = encoder.container();
-  encodeFields(c);
-}
-
-// Imported versions carry the source's identifiers, which mean nothing to the service.
-void Version::decodeIdentifier(const Decoder& decoder, const KeyedDecodingContainer& c) {
-  identifier_ = decoder.isFromImportSource() ? Identifier::local()
-                                             : c.decode<Identifier>(CodingKeys::identifier);
-}
+ORVANE_PLAIN_RECORD_DEFINE(Version, ORVANE_VERSION_FIELDS, wire)
 
 void Version::decodeCreateDate(const Decoder&, const KeyedDecodingContainer& c) {
   auto createDate = c.decodeDateIfPresent(CodingKeys::createDate);

@@ -26,7 +26,7 @@ class Version : public std::enable_shared_from_this<Version> {
   /// value back here; the previous one keeps its back-reference. `collection` is set by the
   /// screen or component holding this version.
 #define ORVANE_VERSION_FIELDS(F)                                                              \
-  F(identifier, Identifier, Identifier, "_id", custom, never, localId, plain)                 \
+  F(identifier, Identifier, Identifier, "_id", localOnImport, never, localId, plain)          \
   F(commit, Commit, Ref<orvane::Commit>, "commit", optional, whenPresent, given, observed)    \
   F(creator, Creator, Ref<User>, "creator", optional, never, given, plain)                    \
   F(snapshot, Snapshot, Ref<orvane::Snapshot>, "snapshot", required, always, given, observed) \

@@ -12,43 +12,8 @@ constexpr std::string_view kSourceFile = "Sources/VersionCollection";
 
 VersionCollection::~VersionCollection() = default;
 
-Ref<VersionCollection> VersionCollection::make(Fields fields) {
-  auto collection = makeRef<VersionCollection>(Passkey<VersionCollection>{});
-  collection->storeFields(std::move(fields));
-  collection->wireVersions();
-  return collection;
-}
-
-Ref<VersionCollection> VersionCollection::decode(const Decoder& decoder) {
-  auto collection = makeRef<VersionCollection>(Passkey<VersionCollection>{});
-  collection->decodeFields(decoder, decoder.container());
-  collection->wireVersions();
-  return collection;
-}
-
-void VersionCollection::encode(Encoder& encoder) const {
-  auto c = encoder.container();
-  encodeFields(c);
-}
-
-void VersionCollection::decodeFields([[maybe_unused]] const Decoder& decoder,
-                                     const KeyedDecodingContainer& c) {
-  ORVANE_VERSION_COLLECTION_FIELDS(ORVANE_FIELD_READ)
-}
-
-void VersionCollection::encodeFields(KeyedEncodingContainer& c) const {
-  ORVANE_VERSION_COLLECTION_FIELDS(ORVANE_FIELD_WRITE)
-}
-
-void VersionCollection::storeFields(Fields&& fields) {
-  ORVANE_VERSION_COLLECTION_FIELDS(ORVANE_FIELD_TAKE)
-}
-
-// Imported collections carry the source's identifiers, which mean nothing to the service.
-void VersionCollection::decodeIdentifier(const Decoder& decoder, const KeyedDecodingContainer& c) {
-  identifier_ = decoder.isFromImportSource() ? Identifier::local()
-                                             : c.decode<Identifier>(CodingKeys::identifier);
-}
+ORVANE_FIELDS_CODING_DEFINE(VersionCollection, ORVANE_VERSION_COLLECTION_FIELDS)
+ORVANE_RECORD_CODING_DEFINE(VersionCollection, wireVersions)
 
 void VersionCollection::encodeDescription(KeyedEncodingContainer& c) const {
   if (!description_.empty()) c.encode(CodingKeys::description, description_);

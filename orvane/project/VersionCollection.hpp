@@ -35,7 +35,7 @@ class VersionCollection : public std::enable_shared_from_this<VersionCollection>
   /// `project` is set by the project for screens, passed down by the component section for
   /// components. `versionCount` starts at 1, kept for the caller, never coded.
 #define ORVANE_VERSION_COLLECTION_FIELDS(F)                                                     \
-  F(identifier, Identifier, Identifier, "_id", custom, never, localId, plain)                   \
+  F(identifier, Identifier, Identifier, "_id", localOnImport, never, localId, plain)            \
   F(name, Name, std::string, "name", required, always, given, plain)                            \
   F(description, Description, std::string, "description", orEmpty, custom, empty, plain)        \
   F(latestVersion, LatestVersion, Ref<Version>, "latestVersion", required, always, given,       \

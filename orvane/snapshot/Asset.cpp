@@ -6,26 +6,7 @@
 
 namespace orvane {
 
-ORVANE_FIELDS_DEFINE(Asset, ORVANE_ASSET_FIELDS)
-
-Ref<Asset> Asset::make(Fields fields) {
-  auto asset = makeRef<Asset>(Passkey<Asset>{});
-  asset->storeFields(std::move(fields));
-  asset->wireContents();
-  return asset;
-}
-
-Ref<Asset> Asset::decode(const Decoder& decoder) {
-  auto asset = makeRef<Asset>(Passkey<Asset>{});
-  asset->decodeFields(decoder, decoder.container());
-  asset->wireContents();
-  return asset;
-}
-
-void Asset::encode(Encoder& encoder) const {
-  auto c = encoder.container();
-  encodeFields(c);
-}
+ORVANE_PLAIN_RECORD_DEFINE(Asset, ORVANE_ASSET_FIELDS, wireContents)
 
 void Asset::decodeIdentifier(const Decoder& decoder, const KeyedDecodingContainer& c) {
   if (decoder.isFromImportSource()) {

@@ -76,31 +76,7 @@ void Layer::setSketchFileURL(std::optional<Url> value) {
   if (value || rare_) rare().sketchFileURL = std::move(value);
 }
 
-ORVANE_FIELDS_DEFINE(Layer, ORVANE_LAYER_FIELDS)
-
-Ref<Layer> Layer::make(Fields fields) {
-  auto layer = makeRef<Layer>(Passkey<Layer>{});
-  layer->storeFields(std::move(fields));
-  layer->adoptChildren();
-  return layer;
-}
-
-Ref<Layer> Layer::decode(const Decoder& decoder) {
-  auto layer = makeRef<Layer>(Passkey<Layer>{});
-  layer->decodeFields(decoder, decoder.container());
-  layer->adoptChildren();
-  return layer;
-}
-
-void Layer::encode(Encoder& encoder) const {
-  auto c = encoder.container();
-  encodeFields(c);
-}
-
-void Layer::decodeIdentifier(const Decoder& decoder, const KeyedDecodingContainer& c) {
-  identifier_ = decoder.isFromImportSource() ? Identifier::local()
-                                             : c.decode<Identifier>(CodingKeys::identifier);
-}
+ORVANE_PLAIN_RECORD_DEFINE(Layer, ORVANE_LAYER_FIELDS, adoptChildren)
 
 void Layer::decodeKind(const Decoder&, const KeyedDecodingContainer& c) {
   auto key = c.decodeTolerant<Kind::Key>(CodingKeys::kind);

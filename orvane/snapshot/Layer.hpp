@@ -96,11 +96,11 @@ class Layer : public std::enable_shared_from_this<Layer> {
   using Shadows = std::optional<std::vector<Ref<Shadow>>>;
 
   // Imported layers carry the source's identifiers, which mean nothing to the service
-  // (`decodeIdentifier`). Setting the kind gives a group's children this layer as parent and
+  // (`localOnImport`). Setting the kind gives a group's children this layer as parent and
   // its snapshot; setting the snapshot hands it down the whole subtree, also when it does not
   // change. The `own` fields live in packed storage (below) with accessors written by hand.
 #define ORVANE_LAYER_FIELDS(F)                                                                     \
-  F(identifier, Identifier, Identifier, "_id", custom, never, localId, plain)                      \
+  F(identifier, Identifier, Identifier, "_id", localOnImport, never, localId, plain)               \
   F(name, Name, std::string, "name", required, always, given, plain)                               \
   F(sourceIdentifier, SourceIdentifier, Identifier, "sourceId", required, unlessLocal, given,      \
     plain)                                                                                         \

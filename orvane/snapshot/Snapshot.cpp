@@ -5,17 +5,8 @@
 
 namespace orvane {
 
-void Snapshot::decodeFields(const Decoder& decoder, const KeyedDecodingContainer& c) {
-  ORVANE_SNAPSHOT_FIELDS(ORVANE_FIELD_READ)
-}
-
-void Snapshot::encodeFields(KeyedEncodingContainer& c) const {
-  ORVANE_SNAPSHOT_FIELDS(ORVANE_FIELD_WRITE)
-}
-
-void Snapshot::storeFields(Fields&& fields) {
-  ORVANE_SNAPSHOT_FIELDS(ORVANE_FIELD_TAKE)
-}
+ORVANE_FIELDS_CODING_DEFINE(Snapshot, ORVANE_SNAPSHOT_FIELDS)
+ORVANE_RECORD_CODING_DEFINE(Snapshot, wire)
 
 void Snapshot::visitFields(FieldVisitor& visitor) const {
   ORVANE_SNAPSHOT_CODED_FIELDS(ORVANE_FIELD_VISIT)
@@ -28,30 +19,6 @@ void Snapshot::visitFields(FieldVisitor& visitor) const {
     visitor.null();
   }
   ORVANE_SNAPSHOT_CLIENT_FIELDS(ORVANE_FIELD_VISIT)
-}
-
-Ref<Snapshot> Snapshot::make(Fields fields) {
-  auto snapshot = makeRef<Snapshot>(Passkey<Snapshot>{});
-  snapshot->storeFields(std::move(fields));
-  snapshot->wire();
-  return snapshot;
-}
-
-Ref<Snapshot> Snapshot::decode(const Decoder& decoder) {
-  auto snapshot = makeRef<Snapshot>(Passkey<Snapshot>{});
-  snapshot->decodeFields(decoder, decoder.container());
-  snapshot->wire();
-  return snapshot;
-}
-
-void Snapshot::encode(Encoder& encoder) const {
-  auto c = encoder.container();
-  encodeFields(c);
-}
-
-void Snapshot::decodeIdentifier(const Decoder& decoder, const KeyedDecodingContainer& c) {
-  identifier_ = decoder.isFromImportSource() ? Identifier::local()
-                                             : c.decode<Identifier>(CodingKeys::identifier);
 }
 
 void Snapshot::decodeSize(const Decoder&, const KeyedDecodingContainer& c) {

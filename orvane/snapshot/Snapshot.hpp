@@ -43,11 +43,11 @@ class Snapshot : public std::enable_shared_from_this<Snapshot> {
   using Links = std::optional<std::vector<Ref<Link>>>;
 
   // Imported snapshots carry the source's identifiers, which mean nothing to the service
-  // (`decodeIdentifier`). Setting the grid, the assets or the layers points them back at this
+  // (`localOnImport`). Setting the grid, the assets or the layers points them back at this
   // snapshot; setting the layers also flattens the tree again. The flattened tree is listed by
   // identifier only, so the fields are stated in three parts around it.
 #define ORVANE_SNAPSHOT_CODED_FIELDS(F)                                                           \
-  F(identifier, Identifier, Identifier, "_id", custom, never, localId, plain)                     \
+  F(identifier, Identifier, Identifier, "_id", localOnImport, never, localId, plain)              \
   F(size, Size, orvane::Size, none, payload, custom, given, plain)                                \
   F(url, Url, std::optional<orvane::Url>, "url", optional, whenPresent, given, plain)             \
   F(density, Density, std::optional<orvane::Density>, "density", tolerant, whenPresent, given,    \

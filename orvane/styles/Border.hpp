@@ -16,13 +16,12 @@ class Border {
 #define ORVANE_BORDER_POSITION(C) C(center, "center") C(inside, "inside") C(outside, "outside")
   ORVANE_ENUM(Position, ORVANE_BORDER_POSITION)
 
-  // The fill's members share the border's object: `decode` and `encode` code it after the
-  // listed fields.
+  // The fill's members share the border's object.
 #define ORVANE_BORDER_FIELDS(F)                                                                 \
   F(position, Position, std::optional<Position>, "position", tolerant, whenPresent, given,     \
     plain)                                                                                      \
   F(thickness, Thickness, double, "thickness", required, always, given, plain)                  \
-  F(fill, Fill, Ref<orvane::Fill>, none, none, never, given, plain)
+  F(fill, Fill, Ref<orvane::Fill>, none, payload, custom, given, plain)
   ORVANE_FIELDS(Border, ORVANE_BORDER_FIELDS)
 
  public:

@@ -12,6 +12,16 @@ void Fill::Kind::visitFields(FieldVisitor& v) const {
 
 ORVANE_PLAIN_RECORD_DEFINE(Fill, ORVANE_FILL_FIELDS)
 
+Ref<Fill> Fill::decode(const Decoder& decoder, const KeyedDecodingContainer& c) {
+  auto fill = makeRef<Fill>(Passkey<Fill>{});
+  fill->decodeFields(decoder, c);
+  return fill;
+}
+
+void Fill::encode(KeyedEncodingContainer& c) const {
+  encodeFields(c);
+}
+
 void Fill::decodeKind(const Decoder&, const KeyedDecodingContainer& c) {
   auto key = c.decodeTolerant<Kind::Key>(CodingKeys::kind);
   if (!key) return;

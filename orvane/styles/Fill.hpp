@@ -62,6 +62,9 @@ class Fill {
   static Ref<Fill> make(Fields fields);
   static Ref<Fill> decode(const Decoder& decoder);
   void encode(Encoder& encoder) const;
+  /// For a record whose object holds the fill's members beside its own.
+  static Ref<Fill> decode(const Decoder& decoder, const KeyedDecodingContainer& c);
+  void encode(KeyedEncodingContainer& c) const;
 };
 
 ORVANE_ENUM_TRAITS(Fill::Kind::Key, "Key", ORVANE_FILL_KIND_KEY, false)

@@ -3,53 +3,39 @@
 
 namespace orvane {
 
-Ref<ProjectColor> ProjectColor::make(Fields fields) {
-  auto color = makeRef<ProjectColor>(Passkey<ProjectColor>{});
-  color->identifier_ = std::move(fields.identifier);
-  color->name_ = std::move(fields.name.value);
-  color->storeFields({.red = fields.red.value,
-                      .green = fields.green.value,
-                      .blue = fields.blue.value,
-                      .alpha = fields.alpha.value});
-  return color;
-}
+ORVANE_OWN_FIELDS_DEFINE(ProjectColor, ORVANE_PROJECT_COLOR_FIELDS, ORVANE_PROJECT_COLOR_MAKE)
+ORVANE_RECORD_MAKE_DEFINE(ProjectColor)
 
 Ref<ProjectColor> ProjectColor::decode(const Decoder& decoder) {
   auto color = makeRef<ProjectColor>(Passkey<ProjectColor>{});
-  color->decodeOwnFields(decoder, decoder.container());
   // The components stand beside the own fields, in the same object.
-  color->decodeFields(decoder, decoder.container());
+  auto c = decoder.container();
+  color->decodeOwnFields(decoder, c);
+  color->decodeFields(decoder, c);
   return color;
-}
-
-void ProjectColor::decodeOwnFields([[maybe_unused]] const Decoder& decoder,
-                                   const KeyedDecodingContainer& c) {
-  ORVANE_PROJECT_COLOR_FIELDS(ORVANE_FIELD_READ)
 }
 
 void ProjectColor::encode(Encoder& encoder) const {
   auto c = encoder.container();
-  ORVANE_PROJECT_COLOR_FIELDS(ORVANE_FIELD_WRITE)
+  encodeOwnFields(c);
   encodeFields(c);
 }
 
 void ProjectColor::visitFields(FieldVisitor& visitor) const {
   Color::visitFields(visitor);
-  ORVANE_PROJECT_COLOR_FIELDS(ORVANE_FIELD_VISIT)
+  visitOwnFields(visitor);
 }
 
 ProjectColor::Partial ProjectColor::Partial::decode(const Decoder& decoder) {
-  using P = CodingKeys;
-  using K = Color::CodingKeys;
+  using K = CodingKeys;
   Partial p;
-  auto own = decoder.container();
-  p.identifier_ = own.decodeIfPresent<Identifier>(P::identifier);
-  p.name_ = own.decodeStringIfPresent(P::name);
-  auto color = decoder.container();
-  p.red_ = color.decodeDoubleIfPresent(K::red);
-  p.green_ = color.decodeDoubleIfPresent(K::green);
-  p.blue_ = color.decodeDoubleIfPresent(K::blue);
-  p.alpha_ = color.decodeDoubleIfPresent(K::alpha);
+  auto c = decoder.container();
+  p.identifier_ = c.decodeIfPresent<Identifier>(K::identifier);
+  p.name_ = c.decodeStringIfPresent(K::name);
+  p.red_ = c.decodeDoubleIfPresent(K::red);
+  p.green_ = c.decodeDoubleIfPresent(K::green);
+  p.blue_ = c.decodeDoubleIfPresent(K::blue);
+  p.alpha_ = c.decodeDoubleIfPresent(K::alpha);
   return p;
 }
 

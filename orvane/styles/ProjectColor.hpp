@@ -14,29 +14,15 @@ namespace orvane {
 /// `make` would leave it without identity.
 class ProjectColor : public Color {
  public:
-  // The components are the base's; `make` takes them by hand-written `Fields` because
-  // designated initializers cannot reach a base's members.
-#define ORVANE_PROJECT_COLOR_FIELDS(F)                                          \
-  F(identifier, Identifier, Identifier, "_id", required, never, none, plain) \
-  F(name, Name, std::string, "name", required, always, none, plain)
-  /// The document keys of the project color's own fields.
-  struct CodingKeys {
-    ORVANE_PROJECT_COLOR_FIELDS(ORVANE_FIELD_KEY)
-  };
-  /// What `make` takes, in this order, with its defaults.
-  struct Fields {
-    Identifier identifier = Identifier::local();
-    Required<std::string> name;
-    Required<double> red;
-    Required<double> green;
-    Required<double> blue;
-    Required<double> alpha;
-  };
-
   class Partial;
 
-  explicit ProjectColor(Passkey<ProjectColor>) {}
+#define ORVANE_PROJECT_COLOR_FIELDS(F)                                          \
+  F(identifier, Identifier, Identifier, "_id", required, never, localId, plain) \
+  F(name, Name, std::string, "name", required, always, given, plain)
+#define ORVANE_PROJECT_COLOR_MAKE(F) ORVANE_PROJECT_COLOR_FIELDS(F) ORVANE_COLOR_FIELDS(F)
+  ORVANE_OWN_FIELDS(ProjectColor, Color, ORVANE_PROJECT_COLOR_FIELDS, ORVANE_PROJECT_COLOR_MAKE)
 
+ public:
   /// Hides the plain color's `make`, which would leave a project color without identity.
   static Ref<ProjectColor> make(Fields fields);
   static Ref<ProjectColor> decode(const Decoder& decoder);
@@ -44,13 +30,6 @@ class ProjectColor : public Color {
   void encode(Encoder& encoder) const override;
   /// The components, then the project color's own fields.
   void visitFields(FieldVisitor& visitor) const override;
-
-  ORVANE_PROJECT_COLOR_FIELDS(ORVANE_FIELD_ACCESSORS)
-
- private:
-  void decodeOwnFields(const Decoder& decoder, const KeyedDecodingContainer& c);
-
-  ORVANE_PROJECT_COLOR_FIELDS(ORVANE_FIELD_MEMBER)
 };
 
 /// The decode-only subset of a project color; every member optional.

@@ -3,51 +3,37 @@
 
 namespace orvane {
 
-Ref<ProjectTextStyle> ProjectTextStyle::make(Fields fields) {
-  auto style = makeRef<ProjectTextStyle>(Passkey<ProjectTextStyle>{});
-  style->identifier_ = std::move(fields.identifier);
-  style->name_ = std::move(fields.name.value);
-  style->sourceIdentifier_ = std::move(fields.sourceIdentifier.value);
-  style->storeFields({.fontName = std::move(fields.fontName.value),
-                      .fontSize = fields.fontSize.value,
-                      .lineHeight = fields.lineHeight.value,
-                      .letterSpacing = fields.letterSpacing.value,
-                      .color = std::move(fields.color.value),
-                      .alignment = fields.alignment.value});
-  return style;
-}
+ORVANE_OWN_FIELDS_DEFINE(ProjectTextStyle, ORVANE_PROJECT_TEXT_STYLE_FIELDS,
+                         ORVANE_PROJECT_TEXT_STYLE_MAKE)
+ORVANE_RECORD_MAKE_DEFINE(ProjectTextStyle)
 
 Ref<ProjectTextStyle> ProjectTextStyle::decode(const Decoder& decoder) {
   auto style = makeRef<ProjectTextStyle>(Passkey<ProjectTextStyle>{});
-  style->decodeOwnFields(decoder, decoder.container());
   // The style's members stand beside the own fields, in the same object.
-  style->decodeFields(decoder, decoder.container());
+  auto c = decoder.container();
+  style->decodeOwnFields(decoder, c);
+  style->decodeFields(decoder, c);
   return style;
-}
-
-void ProjectTextStyle::decodeOwnFields([[maybe_unused]] const Decoder& decoder,
-                                       const KeyedDecodingContainer& c) {
-  ORVANE_PROJECT_TEXT_STYLE_FIELDS(ORVANE_FIELD_READ)
 }
 
 void ProjectTextStyle::encode(Encoder& encoder) const {
   auto c = encoder.container();
-  ORVANE_PROJECT_TEXT_STYLE_FIELDS(ORVANE_FIELD_WRITE)
+  encodeOwnFields(c);
   encodeFields(c);
 }
 
 void ProjectTextStyle::visitFields(FieldVisitor& visitor) const {
   TextStyle::visitFields(visitor);
-  ORVANE_PROJECT_TEXT_STYLE_FIELDS(ORVANE_FIELD_VISIT)
+  visitOwnFields(visitor);
 }
 
 ProjectTextStyle::Partial ProjectTextStyle::Partial::decode(const Decoder& decoder) {
-  using P = CodingKeys;
+  using K = CodingKeys;
   Partial p;
-  auto own = decoder.container();
-  p.identifier_ = own.decodeIfPresent<Identifier>(P::identifier);
-  p.name_ = own.decodeStringIfPresent(P::name);
-  p.color_ = decoder.container().decodeIfPresent<Ref<Color>>(TextStyle::CodingKeys::color);
+  auto c = decoder.container();
+  p.identifier_ = c.decodeIfPresent<Identifier>(K::identifier);
+  p.name_ = c.decodeStringIfPresent(K::name);
+  p.color_ = c.decodeIfPresent<Ref<Color>>(K::color);
   return p;
 }
 

@@ -14,34 +14,19 @@ namespace orvane {
 /// Made only with its own `make` or by decoding.
 class ProjectTextStyle : public TextStyle {
  public:
-  // The style's members are the base's; `make` takes them by hand-written `Fields` because
-  // designated initializers cannot reach a base's members.
-#define ORVANE_PROJECT_TEXT_STYLE_FIELDS(F)                                                    \
-  F(identifier, Identifier, Identifier, "_id", required, never, none, plain)                \
-  F(name, Name, std::string, "name", required, always, none, plain)                         \
-  F(sourceIdentifier, SourceIdentifier, std::optional<Identifier>, "sourceId", optional,    \
-    whenPresent, none, plain)
-  /// The document keys of the project text style's own fields.
-  struct CodingKeys {
-    ORVANE_PROJECT_TEXT_STYLE_FIELDS(ORVANE_FIELD_KEY)
-  };
-  /// What `make` takes, in this order, with its defaults.
-  struct Fields {
-    Identifier identifier = Identifier::local();
-    Required<std::string> name;
-    Required<std::optional<Identifier>> sourceIdentifier;
-    Required<std::string> fontName;
-    Required<double> fontSize;
-    Required<std::optional<double>> lineHeight;
-    Required<std::optional<double>> letterSpacing;
-    Required<Ref<orvane::Color>> color;
-    Required<std::optional<Alignment>> alignment;
-  };
-
   class Partial;
 
-  explicit ProjectTextStyle(Passkey<ProjectTextStyle>) {}
+#define ORVANE_PROJECT_TEXT_STYLE_FIELDS(F)                                              \
+  F(identifier, Identifier, Identifier, "_id", required, never, localId, plain)          \
+  F(name, Name, std::string, "name", required, always, given, plain)                     \
+  F(sourceIdentifier, SourceIdentifier, std::optional<Identifier>, "sourceId", optional, \
+    whenPresent, given, plain)
+#define ORVANE_PROJECT_TEXT_STYLE_MAKE(F) \
+  ORVANE_PROJECT_TEXT_STYLE_FIELDS(F) ORVANE_TEXT_STYLE_FIELDS(F)
+  ORVANE_OWN_FIELDS(ProjectTextStyle, TextStyle, ORVANE_PROJECT_TEXT_STYLE_FIELDS,
+                    ORVANE_PROJECT_TEXT_STYLE_MAKE)
 
+ public:
   /// Hides the plain style's `make`, which would leave a project text style without identity.
   static Ref<ProjectTextStyle> make(Fields fields);
   static Ref<ProjectTextStyle> decode(const Decoder& decoder);
@@ -50,13 +35,6 @@ class ProjectTextStyle : public TextStyle {
   void encode(Encoder& encoder) const override;
   /// The style's members, then the project text style's own fields.
   void visitFields(FieldVisitor& visitor) const override;
-
-  ORVANE_PROJECT_TEXT_STYLE_FIELDS(ORVANE_FIELD_ACCESSORS)
-
- private:
-  void decodeOwnFields(const Decoder& decoder, const KeyedDecodingContainer& c);
-
-  ORVANE_PROJECT_TEXT_STYLE_FIELDS(ORVANE_FIELD_MEMBER)
 };
 
 /// The decode-only subset of a project text style.
