@@ -6,40 +6,6 @@ using namespace orvane;
 using namespace orvane::test;
 using ErrorKind = DecodingError::Kind;
 
-TEST(BlendMode, EveryCaseRoundTripsThroughItsHyphenatedString) {
-  const auto& cases = EnumTraits<BlendMode>::cases;
-  ASSERT_EQ(cases.size(), 34u);
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.name);
-    std::string json = "\"" + std::string(c.rawValue) + "\"";
-    EXPECT_EQ(decodeJson<BlendMode>(json), c.value);
-    EXPECT_EQ(encodeJson(c.value), json);
-    // Raw strings are lower case and hyphenated, never the case name in camel case.
-    EXPECT_EQ(std::string(c.rawValue).find_first_of("ABCDEFGHIJKLMNOPQRSTUVWXYZ"),
-              std::string::npos);
-  }
-}
-
-TEST(BlendMode, NearMissesAreUnknown) {
-  for (const char* raw : {"colorBurn", "Color-Burn", "subtract", "color burn", ""}) {
-    SCOPED_TRACE(raw);
-    auto e = decodeError<BlendMode>("\"" + std::string(raw) + "\"");
-    EXPECT_EQ(e.kind(), ErrorKind::dataCorrupted);
-    EXPECT_EQ(e.description(),
-              "Cannot initialize BlendMode from invalid String value " + std::string(raw));
-  }
-}
-
-TEST(Color, ComponentsUseSingleLetterKeysAndKeepAnyValue) {
-  EXPECT_EQ(roundTrip<Ref<Color>>(R"({"a":1,"b":-3,"g":0.5,"r":255})"),
-            R"({"r":255,"g":0.5,"b":-3,"a":1})");
-  auto e = decodeError<Ref<Color>>(R"({"red":1,"green":0.5,"blue":0,"alpha":1})");
-  EXPECT_EQ(e.kind(), ErrorKind::keyNotFound);
-  EXPECT_EQ(e.key(), "r");
-  e = decodeError<Ref<Color>>(R"({"r":1,"g":null,"b":0,"a":1})");
-  EXPECT_EQ(e.kind(), ErrorKind::valueNotFound);
-}
-
 TEST(ProjectColor, IsWrittenWithoutItsIdentifierSoOnlyAPlainColorReadsItBack) {
   auto color =
       decodeJson<Ref<ProjectColor>>(R"({"_id":"c1","name":"Blue","r":0,"g":0,"b":1,"a":1})");
