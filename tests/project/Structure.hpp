@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "support/Layers.hpp"
 #include "support/Records.hpp"
 
 namespace orvane::test {
@@ -33,15 +34,7 @@ inline Ref<Project> makeProject(std::string_view id = "P") {
 }
 
 inline Ref<Version> makeVersion(std::string_view id) {
-  auto snapshot = Snapshot::make({.size = Size{1, 1},
-                                  .url = std::nullopt,
-                                  .density = std::nullopt,
-                                  .source = std::nullopt,
-                                  .backgroundColor = nullptr,
-                                  .grid = nullptr,
-                                  .assets = std::nullopt,
-                                  .layers = std::nullopt,
-                                  .links = std::nullopt});
+  auto snapshot = makeSnapshot();
   return Version::make({.identifier = Identifier(std::string(id)),
                         .commit = nullptr,
                         .creator = nullptr,
