@@ -89,30 +89,6 @@ TEST(VersionCollection, ImportSourceReachesNestedVersions) {
   EXPECT_EQ(pathOf(e), "[1]");
 }
 
-TEST(VersionCollection, DecodingFailures) {
-  struct Case {
-    std::string json;
-    Kind kind;
-    const char* path;
-  };
-  const Case cases[] = {
-      {R"({"_id":"S","latestVersion":{"_id":"v","snapshot":{"width":1,"height":1}}})",
-       Kind::keyNotFound, "<root>"},
-      {R"({"_id":"S","name":"n"})", Kind::keyNotFound, "<root>"},
-      {R"({"_id":"S","name":"n","latestVersion":null})", Kind::valueNotFound, "latestVersion"},
-      {collectionJson("S", R"("tags":["a",1])"), Kind::typeMismatch, "tags[1]"},
-      {collectionJson("S", R"("versions":[{"_id":"v"}])"), Kind::keyNotFound, "versions[0]"},
-      {collectionJson("S", R"("dots":[{"_id":"d"}])"), Kind::keyNotFound, "dots[0]"},
-      {"[]", Kind::typeMismatch, "<root>"},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.json);
-    auto e = decodeError<Ref<Screen>>(c.json);
-    EXPECT_EQ(e.kind(), c.kind);
-    EXPECT_EQ(pathOf(e), c.path);
-  }
-}
-
 TEST(VersionCollection, WhatIsWritten) {
   const std::string latest =
       R"("latestVersion":{"snapshot":{"width":375,"height":812,"componentNames":[]}})";

@@ -42,24 +42,6 @@ void expectProject(const Tree& t, const Ref<Project>& project) {
 
 }  // namespace
 
-TEST(Section, ScreensAreRequiredAndWrittenEvenWhenEmpty) {
-  auto section = decodeJson<Ref<Section>>(R"({"_id":"s1","name":"Flow","screens":[]})");
-  EXPECT_TRUE(section->screenIdentifiers().empty());
-  EXPECT_FALSE(section->description());
-  EXPECT_EQ(encodeJson(section), R"({"_id":"s1","name":"Flow","screens":[]})");
-
-  auto e = decodeError<Ref<Section>>(R"({"_id":"s1","name":"Flow"})");
-  EXPECT_EQ(e.kind(), Kind::keyNotFound);
-  EXPECT_EQ(e.key(), "screens");
-  e = decodeError<Ref<Section>>(R"({"_id":"s1","name":"Flow","screens":["a",null]})");
-  EXPECT_EQ(e.kind(), Kind::valueNotFound);
-  EXPECT_EQ(pathOf(e), "screens[1]");
-
-  EXPECT_EQ(roundTrip<Ref<Section>>(
-                R"({"screens":["x","y"],"description":"d","name":"Flow","_id":"s1"})"),
-            R"({"_id":"s1","name":"Flow","description":"d","screens":["x","y"]})");
-}
-
 TEST(Section, IdentifierWrittenOnlyWhenNotLocal) {
   auto local = Section::make({.name = "n",
                               .description = std::nullopt,
@@ -200,15 +182,7 @@ TEST(ComponentSection, MakeAdoptsChildrenWithoutProject) {
   EXPECT_EQ(c->identifierPathComponent(), "A/x/y");
 }
 
-TEST(ComponentSection, DecodingFailuresAndWrites) {
-  auto e = decodeError<Ref<ComponentSection>>(
-      R"({"_id":"A","name":"a","componentSections":[{"_id":"B","name":"b","components":[{"_id":"K","name":"k"}]}]})");
-  EXPECT_EQ(e.kind(), Kind::keyNotFound);
-  EXPECT_EQ(e.key(), "latestVersion");
-  EXPECT_EQ(pathOf(e), "componentSections[0].components[0]");
-  e = decodeError<Ref<ComponentSection>>(R"({"_id":"A"})");
-  EXPECT_EQ(e.key(), "name");
-
+TEST(ComponentSection, TreeIsWrittenWithComponentsAfterSubsections) {
   EXPECT_EQ(
       roundTrip<Ref<ComponentSection>>(kTree),
       R"({"_id":"A","name":"a","componentSections":[{"_id":"B","name":"b","componentSections":[)"
