@@ -22,12 +22,6 @@ TEST(IntegrationSlack, WritesTheWebHookAndScopeButNeitherIdentifierNorExtraHookK
   EXPECT_EQ(slack->scope(), "incoming-webhook");
   EXPECT_EQ(encodeJson(slack), R"({"incomingWebHook":{"channel":"#design",)"
                                R"("configurationURL":"https://x/c"},"scope":"incoming-webhook"})");
-
-  slack = decodeJson<Ref<Integration::Slack>>(
-      R"({"_id":"s","incomingWebHook":{"channel":"c","configurationURL":"https://x"},"scope":null})");
-  EXPECT_FALSE(slack->scope());
-  EXPECT_EQ(encodeJson(slack),
-            R"({"incomingWebHook":{"channel":"c","configurationURL":"https://x"}})");
 }
 
 TEST(IntegrationSlack, MissingPiecesFailWhereTheyAreMissing) {
@@ -38,8 +32,6 @@ TEST(IntegrationSlack, MissingPiecesFailWhereTheyAreMissing) {
     const char* key;
   };
   const Case cases[] = {
-      {R"({"incomingWebHook":{"channel":"c","configurationURL":"https://x"}})",
-       ErrorKind::keyNotFound, "", "_id"},
       {R"({"_id":"s"})", ErrorKind::keyNotFound, "", "incomingWebHook"},
       {R"({"_id":"s","incomingWebHook":{"configurationURL":"https://x"}})", ErrorKind::keyNotFound,
        "incomingWebHook", "channel"},
@@ -47,10 +39,6 @@ TEST(IntegrationSlack, MissingPiecesFailWhereTheyAreMissing) {
        "incomingWebHook", "configurationURL"},
       {R"({"_id":"s","incomingWebHook":"https://x"})", ErrorKind::typeMismatch, "incomingWebHook",
        ""},
-      {R"({"_id":"s","incomingWebHook":{"channel":"c","configurationURL":""}})",
-       ErrorKind::dataCorrupted, "incomingWebHook.configurationURL", ""},
-      {R"({"_id":5,"incomingWebHook":{"channel":"c","configurationURL":"https://x"}})",
-       ErrorKind::typeMismatch, "_id", ""},
   };
   for (const auto& c : cases) {
     auto e = decodeError<Ref<Integration::Slack>>(c.json);
@@ -60,42 +48,4 @@ TEST(IntegrationSlack, MissingPiecesFailWhereTheyAreMissing) {
       EXPECT_EQ(e.key(), c.key) << c.json;
     }
   }
-}
-
-TEST(Integration, NoSlacksAndAnEmptyListStayDistinct) {
-  auto none = decodeJson<Ref<Integration>>(R"({"slacks":null})");
-  EXPECT_FALSE(none->slacks());
-  EXPECT_EQ(encodeJson(none), "{}");
-  auto empty = decodeJson<Ref<Integration>>(R"({"slacks":[]})");
-  ASSERT_TRUE(empty->slacks());
-  EXPECT_TRUE(empty->slacks()->empty());
-  EXPECT_EQ(encodeJson(empty), R"({"slacks":[]})");
-}
-
-TEST(Integration, OneBadSlackFailsTheWholeIntegrationWithItsIndex) {
-  auto e = decodeError<Ref<Integration>>(std::string(R"({"slacks":[)") + kSlack +
-                                         R"(,{"_id":"s2","incomingWebHook":{"channel":"c"}}]})");
-  EXPECT_EQ(e.kind(), ErrorKind::keyNotFound);
-  EXPECT_EQ(e.key(), "configurationURL");
-  EXPECT_EQ(pathOf(e), "slacks[1].incomingWebHook");
-
-  auto integration = decodeJson<Ref<Integration>>(std::string(R"({"slacks":[)") + kSlack + "]}");
-  ASSERT_EQ(integration->slacks()->size(), 1u);
-  EXPECT_EQ(
-      encodeJson(integration),
-      R"({"slacks":[{"incomingWebHook":{"channel":"#design","configurationURL":"https://x/c"},)"
-      R"("scope":"incoming-webhook"}]})");
-}
-
-TEST(IntegrationEmoji, KeepsItsKindAsGiven) {
-  auto parent =
-      Integration::Emoji::make("party", Integration::Emoji::Kind::parent(Url("https://e/p.png")));
-  auto sibling = Integration::Emoji::make("tada", Integration::Emoji::Kind::sibling("nowhere"));
-  EXPECT_EQ(parent->kind().key(), Integration::Emoji::Kind::Key::parent);
-  EXPECT_EQ(parent->kind().asParent()->url, Url("https://e/p.png"));
-  EXPECT_FALSE(parent->kind().asSibling());
-  // A sibling names its parent by alias; nothing checks that such an emoji exists.
-  EXPECT_EQ(sibling->kind().asSibling()->parentAlias, "nowhere");
-  sibling->setKind(Integration::Emoji::Kind::sibling("party"));
-  EXPECT_EQ(sibling->kind().asSibling()->parentAlias, "party");
 }
