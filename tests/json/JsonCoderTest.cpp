@@ -341,14 +341,6 @@ TEST(JsonDocuments, DepthLimitIsAnOption) {
   }
 }
 
-TEST(JsonDocuments, TheLastDuplicateMemberCounts) {
-  auto p =
-      decode<fixtures::Probe>(R"({"tone":"light","name":"a","weight":1,"name":"b","tone":"dark"})");
-  EXPECT_EQ(p.name, "b");
-  EXPECT_EQ(p.weight, 1.0);
-  EXPECT_EQ(p.tone, fixtures::Tone::dark);
-}
-
 // Reads the integers under `keys`, in that order; an absent key reads as -1.
 struct KeyReader {
   static inline std::vector<std::string> keys;
@@ -451,19 +443,6 @@ TEST(JsonDocuments, LookupsAgreeWithAMapOfTheLastMembers) {
       }
     }
   }
-}
-
-TEST(JsonDocuments, MembersCanBeReadInAnyOrder) {
-  auto p = decode<fixtures::Probe>(R"({"tone":"dark","count":4,"weight":2,"name":"x"})");
-  EXPECT_EQ(p.name, "x");
-  EXPECT_EQ(p.weight, 2.0);
-  EXPECT_EQ(p.tone, fixtures::Tone::dark);
-  EXPECT_EQ(p.count, 4);
-  // Many members, most of them looked up absent.
-  std::string json = "{";
-  for (int i = 0; i < 200; ++i) json += "\"k" + std::to_string(i) + "\":" + std::to_string(i) + ",";
-  json += "\"name\":\"n\"}";
-  EXPECT_EQ(decode<fixtures::Probe>(json).name, "n");
 }
 
 TEST(JsonEncoderOutput, PrettyIndentsByTwoSpaces) {
