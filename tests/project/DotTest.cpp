@@ -41,14 +41,6 @@ TEST(Dot, DecodingWiresComments) {
   EXPECT_EQ(comment->dot(), nullptr);
 }
 
-TEST(Comment, UpdateDateIsRequiredWithoutFallback) {
-  auto e = decodeError<Ref<Dot>>(
-      dotJson(R"("open")", R"({"_id":"c","note":"n","created":"2024-01-01T00:00:00Z"})"));
-  EXPECT_EQ(e.kind(), Kind::keyNotFound);
-  EXPECT_EQ(e.key(), "updated");
-  EXPECT_EQ(pathOf(e), "comments[0]");
-}
-
 TEST(Dot, AssignedAndEditedCommentsPointBack) {
   auto kept = Comment::make({.note = "kept", .author = nullptr, .updateDate = now()});
   EXPECT_TRUE(kept->identifier().isLocal());

@@ -20,19 +20,6 @@ std::string projectJson(std::string_view extra = "") {
   return json + "}";
 }
 
-// The same document with one member dropped.
-std::string projectWithout(std::string_view key) {
-  std::string members[] = {R"("_id":"P")", R"("name":"Shop")", R"("icon":{})",
-                           R"("created":"2024-01-01T00:00:00Z")", R"("users":[])"};
-  std::string json = "{";
-  for (const auto& m : members) {
-    if (m.substr(1, key.size()) == key && m[key.size() + 1] == '"') continue;
-    if (json.size() > 1) json += ",";
-    json += m;
-  }
-  return json + "}";
-}
-
 }  // namespace
 
 TEST(ProjectHeader, UpdateDateFallsBackToTheCreationDate) {
@@ -54,11 +41,6 @@ TEST(ProjectHeader, IconIsARequiredObjectWithATolerantType) {
   EXPECT_FALSE(decodeJson<Ref<Project>>(withIcon(R"({"type":"spaceship"})"))->icon());
   EXPECT_FALSE(decodeJson<Ref<Project>>(withIcon(R"({"type":7})"))->icon());
 
-  auto absent = decodeError<Ref<Project>>(projectWithout("icon"));
-  EXPECT_EQ(absent.kind(), Kind::keyNotFound);
-  EXPECT_EQ(absent.key(), "icon");
-  EXPECT_EQ(decodeError<Ref<Project>>(withIcon(R"("rocket")")).kind(), Kind::typeMismatch);
-  EXPECT_EQ(pathOf(decodeError<Ref<Project>>(withIcon(R"("rocket")"))), "icon");
   EXPECT_EQ(decodeError<Ref<Project>>(withIcon("null")).kind(), Kind::valueNotFound);
 }
 
@@ -69,19 +51,3 @@ TEST(ProjectHeader, RequiredKeysFailInDecodingOrder) {
   EXPECT_EQ(decodeError<Ref<Project>>(R"({"_id":"P","name":"n","users":[]})").key(), "icon");
 }
 
-TEST(ProjectHeader, WritesOnlyTheFiveHeaderMembers) {
-  auto p = decodeJson<Ref<Project>>(projectJson(
-      R"("status":"active","description":"d","public":true,"type":"ios","density":"2x")"));
-  EXPECT_EQ(encodeJson(p), R"({"name":"Shop","icon":{},"type":"ios","density":"2x"})");
-
-  p->setIcon(Project::Icon::pear);
-  p->setThumbnailURL(Url("https://cdn.example.com/t.png"));
-  p->setKind(std::nullopt);
-  p->setDensity(std::nullopt);
-  const std::string written = encodeJson(p);
-  EXPECT_EQ(
-      written,
-      R"({"name":"Shop","icon":{"type":"pear"},"thumbnail":"https://cdn.example.com/t.png"})");
-  // What a project writes is not a document it reads.
-  EXPECT_EQ(decodeError<Ref<Project>>(written).key(), "_id");
-}

@@ -42,28 +42,6 @@ void expectProject(const Tree& t, const Ref<Project>& project) {
 
 }  // namespace
 
-TEST(Section, IdentifierWrittenOnlyWhenNotLocal) {
-  auto local = Section::make({.name = "n",
-                              .description = std::nullopt,
-                              .screenIdentifiers = std::vector{Identifier("a")}});
-  EXPECT_TRUE(local->identifier().isLocal());
-  EXPECT_EQ(encodeJson(local), R"({"name":"n","screens":["a"]})");
-  auto tree = ComponentSection::make(
-      {.name = "t",
-       .description = std::nullopt,
-       .sections = std::vector{ComponentSection::make({.identifier = Identifier("svc"),
-                                                       .name = "u",
-                                                       .description = "d",
-                                                       .sections = std::nullopt,
-                                                       .components = std::nullopt})},
-       .components = std::nullopt});
-  EXPECT_EQ(encodeJson(tree),
-            R"({"name":"t","componentSections":[{"_id":"svc","name":"u","description":"d"}]})");
-  // "MACOS" without the hyphen still counts as local.
-  EXPECT_EQ(roundTrip<Ref<Section>>(R"({"_id":"MACOSX","name":"n","screens":[]})"),
-            R"({"name":"n","screens":[]})");
-}
-
 TEST(Section, ProjectIsAPlainWeakField) {
   auto project = makeProject();
   auto section = decodeJson<Ref<Section>>(R"({"_id":"s1","name":"Flow","screens":["S"]})");
@@ -180,15 +158,6 @@ TEST(ComponentSection, MakeAdoptsChildrenWithoutProject) {
   b->setIdentifier(Identifier(""));
   c->setIdentifier(Identifier("x/y"));
   EXPECT_EQ(c->identifierPathComponent(), "A/x/y");
-}
-
-TEST(ComponentSection, TreeIsWrittenWithComponentsAfterSubsections) {
-  EXPECT_EQ(
-      roundTrip<Ref<ComponentSection>>(kTree),
-      R"({"_id":"A","name":"a","componentSections":[{"_id":"B","name":"b","componentSections":[)"
-      R"({"_id":"C","name":"c","description":"deep","components":[{"name":"n-K","latestVersion":)"
-      R"({"snapshot":{"width":375,"height":812,"componentNames":[]}}}]}]}],"components":[{"name":"n-J",)"
-      R"("latestVersion":{"snapshot":{"width":375,"height":812,"componentNames":[]}}}]})");
 }
 
 TEST(SectionPartial, ThreeOptionalMembers) {
