@@ -30,24 +30,6 @@ TEST(Organization, TransitionIsHeldInSecondsAndWrittenInMilliseconds) {
             ErrorKind::typeMismatch);
 }
 
-TEST(Organization, WritesEverythingButItsIdentifierAndAlwaysThePlan) {
-  auto org = decodeJson<Ref<Organization>>(
-      R"({"_id":"o1","status":"suspended","name":"Acme","logo":"https://x/l.png",)"
-      R"("paymentPlan":"team","subscriptionStatus":"past_due","extra":1})");
-  EXPECT_EQ(org->identifier(), Identifier("o1"));
-  EXPECT_EQ(org->status(), Organization::Status::suspended);
-  EXPECT_EQ(org->subscriptionStatus(), Organization::SubscriptionStatus::pastDue);
-  auto written = encodeJson(org);
-  EXPECT_EQ(written, R"({"status":"suspended","name":"Acme","logo":"https://x/l.png",)"
-                     R"("paymentPlan":"team","subscriptionStatus":"past_due"})");
-  // What it writes does not decode on its own: the receiver adds the identifier.
-  EXPECT_EQ(decodeError<Ref<Organization>>(written).key(), "_id");
-
-  org->setPlanIdentifier(std::nullopt);
-  EXPECT_EQ(encodeJson(org), R"({"status":"suspended","name":"Acme","logo":"https://x/l.png",)"
-                             R"("paymentPlan":null,"subscriptionStatus":"past_due"})");
-}
-
 TEST(OrganizationPartial, EveryKeyOptionalWithoutStatus) {
   auto empty = decodeJson<Organization::Partial>("{}");
   EXPECT_FALSE(empty.identifier() || empty.name() || empty.logoURL() ||

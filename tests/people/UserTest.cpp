@@ -37,22 +37,6 @@ TEST(UserEmotar, EachShowsTwoUtf16Units) {
   EXPECT_EQ(emoji(User::Emotar::pizza), "\U0001F355");
 }
 
-TEST(User, WritesNoLocalIdentifier) {
-  auto made = User::make({.email = "e",
-                          .username = "",
-                          .emotar = User::Emotar::grin,
-                          .avatarURL = std::nullopt,
-                          .token = "t",
-                          .status = User::Status::verified,
-                          .planIdentifier = "pro",
-                          .notificationLastReadDate = std::nullopt,
-                          .subscriptionStatus = User::SubscriptionStatus::active});
-  EXPECT_TRUE(made->identifier().isLocal());
-  EXPECT_EQ(
-      JsonEncoder().encode(made),
-      R"({"email":"e","username":"","emotar":"grin","token":"t","status":"verified","paymentPlan":"pro","subscriptionStatus":"active"})");
-}
-
 TEST(User, HandlePrefersTheUsernameEvenWhenEmpty) {
   auto user = decodeUser(R"({"_id":"u1","email":"e@x"})");
   EXPECT_EQ(user->handle(), "e@x");
