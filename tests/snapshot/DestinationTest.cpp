@@ -4,7 +4,6 @@
 
 using namespace orvane;
 using namespace orvane::test;
-using ErrorKind = DecodingError::Kind;
 
 TEST(Destination, KindRoundTripsInThreeShapes) {
   struct Case {
@@ -15,9 +14,6 @@ TEST(Destination, KindRoundTripsInThreeShapes) {
   const Case cases[] = {
       {R"({"type":"screen","name":"Home"})", Destination::Kind::Key::screen,
        R"({"type":"screen","name":"Home"})"},
-      // "name" belongs to screens only.
-      {R"({"type":"previous","name":"Home"})", Destination::Kind::Key::previous,
-       R"({"type":"previous"})"},
       {R"({})", std::nullopt, "{}"},
       {R"({"type":"Screen","name":"x"})", std::nullopt, "{}"},
   };
@@ -32,8 +28,3 @@ TEST(Destination, KindRoundTripsInThreeShapes) {
   }
 }
 
-TEST(Destination, ScreenNeedsAName) {
-  auto e = decodeError<Ref<Destination>>(R"({"type":"screen"})");
-  EXPECT_EQ(e.kind(), ErrorKind::keyNotFound);
-  EXPECT_EQ(e.key(), "name");
-}

@@ -170,14 +170,3 @@ TEST(Snapshot, LayerTreesUpToTheDepthLimitDecodeAndDeeperOnesFailCleanly) {
   EXPECT_EQ(pathOf(e), "<root>");
 }
 
-TEST(Snapshot, MinimalDocumentAndSourceStrings) {
-  auto snapshot = decodeJson<Ref<Snapshot>>(
-      R"({"_id":"S","width":2,"height":3,"source":"photoshop","density":"3x"})");
-  EXPECT_FALSE(snapshot->source());
-  EXPECT_EQ(snapshot->density(), Density::_3x);
-  EXPECT_FALSE(snapshot->grid() || snapshot->assets() || snapshot->layers() || snapshot->links() ||
-               snapshot->flattenedLayers());
-  snapshot->setSource(Snapshot::Source::photoshop);
-  EXPECT_EQ(encodeJson(snapshot),
-            R"({"width":2,"height":3,"density":"3x","source":"psd","componentNames":[]})");
-}
