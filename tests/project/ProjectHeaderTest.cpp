@@ -50,4 +50,3 @@ TEST(ProjectHeader, RequiredKeysFailInDecodingOrder) {
             "name");
   EXPECT_EQ(decodeError<Ref<Project>>(R"({"_id":"P","name":"n","users":[]})").key(), "icon");
 }
-

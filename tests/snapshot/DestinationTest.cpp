@@ -27,4 +27,3 @@ TEST(Destination, KindRoundTripsInThreeShapes) {
     EXPECT_EQ(encodeJson(d), c.written);
   }
 }
-

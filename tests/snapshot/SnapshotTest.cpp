@@ -169,4 +169,3 @@ TEST(Snapshot, LayerTreesUpToTheDepthLimitDecodeAndDeeperOnesFailCleanly) {
   EXPECT_EQ(e.kind(), ErrorKind::dataCorrupted);
   EXPECT_EQ(pathOf(e), "<root>");
 }
-

@@ -10,4 +10,3 @@ TEST(Border, AMadeBordersFillIsWrittenInTheBordersOwnObject) {
        .fill = Fill::make({.kind = std::nullopt, .opacity = 0.25, .blendMode = BlendMode::hue})});
   EXPECT_EQ(encodeJson(made), R"({"thickness":1.5,"opacity":0.25,"blendMode":"hue"})");
 }
-

@@ -34,8 +34,7 @@ inline Ref<Layer> shape(const char* id, Rect frame = {}) {
 inline Ref<Layer> group(const char* id, std::vector<Ref<Layer>> children,
                         std::optional<Layer::InteractionLevel> level, Rect frame = {},
                         std::optional<std::string> componentName = std::nullopt) {
-  return layer(id, Layer::Kind::group(std::move(children), std::move(componentName), level),
-               frame);
+  return layer(id, Layer::Kind::group(std::move(children), std::move(componentName), level), frame);
 }
 
 /// The identifiers of `layers`, run together.
