@@ -30,20 +30,6 @@ TEST(Organization, TransitionIsHeldInSecondsAndWrittenInMilliseconds) {
             ErrorKind::typeMismatch);
 }
 
-TEST(OrganizationPartial, EveryKeyOptionalWithoutStatus) {
-  auto empty = decodeJson<Organization::Partial>("{}");
-  EXPECT_FALSE(empty.identifier() || empty.name() || empty.logoURL() ||
-               empty.transitionTimeInterval() || empty.planIdentifier() ||
-               empty.subscriptionStatus());
-  auto p = decodeJson<Organization::Partial>(
-      R"({"_id":"o","status":"active","transitionLeft":250,"subscriptionStatus":"nope"})");
-  EXPECT_EQ(p.identifier(), Identifier("o"));
-  EXPECT_EQ(p.transitionTimeInterval(), 0.25);
-  EXPECT_FALSE(p.subscriptionStatus());
-  EXPECT_EQ(decodeError<Organization::Partial>(R"({"name":false})").kind(),
-            ErrorKind::typeMismatch);
-}
-
 TEST(Plan, OnlyThePlanNamedExactlyFreeIsFree) {
   auto plan = Plan::make({.identifier = "free",
                           .name = "Free",

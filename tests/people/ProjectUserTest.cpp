@@ -53,16 +53,3 @@ TEST(ProjectUser, ProjectIsAWeakBackReferenceThatOnlyTheOwnerSets) {
   project.reset();
   EXPECT_FALSE(m->project());
 }
-
-TEST(ProjectUserPartial, ReadsAPartialUserAndATolerantRoleOnly) {
-  auto empty = decodeJson<ProjectUser::Partial>("{}");
-  EXPECT_FALSE(empty.user() || empty.role());
-  auto p = decodeJson<ProjectUser::Partial>(R"({"user":{"email":"a"},"role":"pawn","tags":5})");
-  ASSERT_TRUE(p.user());
-  EXPECT_EQ(p.user()->email(), "a");
-  EXPECT_FALSE(p.user()->identifier());
-  EXPECT_EQ(p.role(), Role::pawn);
-  EXPECT_FALSE(decodeJson<ProjectUser::Partial>(R"({"user":null,"role":"Pawn"})").role());
-  auto e = decodeError<ProjectUser::Partial>(R"({"user":{"email":1}})");
-  EXPECT_EQ(pathOf(e), "user.email");
-}

@@ -45,17 +45,3 @@ TEST(User, HandlePrefersTheUsernameEvenWhenEmpty) {
   user->setUsername("ann");
   EXPECT_EQ(user->handle(), "ann");
 }
-
-TEST(UserPartial, EveryKeyIsOptionalAndStatusesAreNotRead) {
-  auto empty = JsonDecoder().decode<User::Partial>("{}");
-  EXPECT_FALSE(empty.identifier() || empty.email() || empty.username() || empty.emotar() ||
-               empty.avatarURL() || empty.token() || empty.planIdentifier() ||
-               empty.notificationLastReadDate());
-  auto p = JsonDecoder().decode<User::Partial>(
-      R"({"_id":"u","email":null,"emotar":5,"paymentPlan":"free","status":7})");
-  EXPECT_EQ(p.identifier(), Identifier("u"));
-  EXPECT_FALSE(p.email());
-  EXPECT_FALSE(p.emotar());
-  EXPECT_EQ(p.planIdentifier(), "free");
-  EXPECT_THROW(JsonDecoder().decode<User::Partial>(R"({"email":1})"), DecodingError);
-}
