@@ -148,18 +148,8 @@ TEST(VersionCollection, AssignmentAndEditsPointBack) {
   EXPECT_EQ(dot->screen(), moved);
 }
 
-TEST(VersionCollectionPartial, ReadsAbsentDescriptionAsNoValueAndWiresNothing) {
-  auto partial = decodeJson<Screen::Partial>(R"({"name":"n"})", importOptions());
-  EXPECT_EQ(partial.name(), "n");
-  EXPECT_FALSE(partial.identifier());
-  EXPECT_FALSE(partial.description());
-  EXPECT_FALSE(partial.latestVersion());
-
-  // The flag is not consulted for the partial's own identifier.
-  auto component =
-      decodeJson<Component::Partial>(collectionJson("C", R"("description":"")"), importOptions());
-  EXPECT_EQ(component.identifier(), Identifier("C"));
-  EXPECT_EQ(component.description(), "");
+TEST(VersionCollectionPartial, WiresNothingAboveTheVersion) {
+  auto component = decodeJson<Component::Partial>(collectionJson("C"));
   EXPECT_EQ(component.latestVersion()->collection(), nullptr);
   EXPECT_EQ(component.latestVersion()->snapshot()->version(), component.latestVersion());
 }

@@ -214,21 +214,3 @@ TEST(ProjectContents, ClientFieldsAreNeitherReadNorWritten) {
       {"Body", std::nullopt, decodeJson<Ref<TextStyle>>(R"({"fontFace":"Inter","fontSize":14})")}});
   EXPECT_EQ(encodeJson(p), R"({"name":"Shop","icon":{}})");
 }
-
-TEST(ProjectPartial, ReadsHeaderAndMembersWithoutFallbacks) {
-  auto partial = decodeJson<Project::Partial>(
-      R"({"status":"deleted","density":3,"users":[{"user":{"email":"a@example.com"},"role":"king"}]})");
-  EXPECT_FALSE(partial.identifier());
-  EXPECT_FALSE(partial.status());
-  EXPECT_FALSE(partial.density());
-  EXPECT_FALSE(partial.description());
-  EXPECT_FALSE(partial.updateDate());
-  ASSERT_TRUE(partial.users());
-  EXPECT_EQ(partial.users()->at(0).role(), ProjectUser::Role::king);
-
-  auto full = decodeJson<Project::Partial>(projectJson(R"("description":"d","public":true)"));
-  EXPECT_EQ(full.description(), "d");
-  EXPECT_EQ(full.isPublic(), true);
-  EXPECT_FALSE(full.updateDate()) << "no fallback to the creation date";
-  EXPECT_EQ(decodeError<Project::Partial>(R"({"name":5})").kind(), Kind::typeMismatch);
-}

@@ -160,18 +160,6 @@ TEST(ComponentSection, MakeAdoptsChildrenWithoutProject) {
   EXPECT_EQ(c->identifierPathComponent(), "A/x/y");
 }
 
-TEST(SectionPartial, ThreeOptionalMembers) {
-  auto section = decodeJson<Section::Partial>(R"({"name":"n","screens":5})");
-  EXPECT_EQ(section.name(), "n");
-  EXPECT_FALSE(section.identifier());
-  EXPECT_FALSE(section.description());
-  auto component = decodeJson<ComponentSection::Partial>(R"({"_id":"A","description":null})");
-  EXPECT_EQ(component.identifier(), Identifier("A"));
-  EXPECT_FALSE(component.name());
-  EXPECT_FALSE(component.description());
-  EXPECT_EQ(decodeError<ComponentSection::Partial>(R"({"name":1})").kind(), Kind::typeMismatch);
-}
-
 TEST(ComponentSectionDeathTest, ASectionInsideItsOwnSubtreeStops) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   auto leaf = [](const char* id) {
