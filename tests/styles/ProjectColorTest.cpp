@@ -39,16 +39,3 @@ TEST(ProjectColor, ReadsItsOwnMembersBeforeTheColors) {
   EXPECT_EQ(e.key(), "r");
   EXPECT_EQ(pathOf(e), "<root>");
 }
-
-TEST(ProjectColorPartial, EveryMemberIsOptionalButStillTyped) {
-  auto empty = decodeJson<ProjectColor::Partial>("{}");
-  EXPECT_FALSE(empty.identifier() || empty.name() || empty.red() || empty.green() || empty.blue() ||
-               empty.alpha());
-  auto some = decodeJson<ProjectColor::Partial>(R"({"_id":"c","name":null,"g":0.25})");
-  EXPECT_EQ(some.identifier(), Identifier("c"));
-  EXPECT_FALSE(some.name());
-  EXPECT_EQ(some.green(), 0.25);
-  EXPECT_FALSE(some.red());
-  EXPECT_EQ(decodeError<ProjectColor::Partial>(R"({"a":"opaque"})").kind(),
-            ErrorKind::typeMismatch);
-}
