@@ -133,21 +133,9 @@ TEST(ComponentSection, MakeAdoptsChildrenWithoutProject) {
                             .sourceIdentifier = std::nullopt,
                             .tags = std::nullopt,
                             .versions = std::nullopt});
-  auto c = ComponentSection::make({.identifier = Identifier("C"),
-                                   .name = "c",
-                                   .description = std::nullopt,
-                                   .sections = std::nullopt,
-                                   .components = std::vector{k}});
-  auto b = ComponentSection::make({.identifier = Identifier("B"),
-                                   .name = "b",
-                                   .description = std::nullopt,
-                                   .sections = std::vector{c},
-                                   .components = std::nullopt});
-  auto a = ComponentSection::make({.identifier = Identifier("A"),
-                                   .name = "a",
-                                   .description = std::nullopt,
-                                   .sections = std::vector{b},
-                                   .components = std::nullopt});
+  auto c = makeSection("C", std::nullopt, std::vector{k});
+  auto b = makeSection("B", std::vector{c});
+  auto a = makeSection("A", std::vector{b});
   EXPECT_EQ(k->section(), c);
   EXPECT_EQ(c->parent(), b);
   EXPECT_EQ(b->parent(), a);
@@ -162,13 +150,7 @@ TEST(ComponentSection, MakeAdoptsChildrenWithoutProject) {
 
 TEST(ComponentSectionDeathTest, ASectionInsideItsOwnSubtreeStops) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
-  auto leaf = [](const char* id) {
-    return ComponentSection::make({.identifier = Identifier(id),
-                                   .name = id,
-                                   .description = std::nullopt,
-                                   .sections = std::nullopt,
-                                   .components = std::nullopt});
-  };
+  auto leaf = [](const char* id) { return makeSection(id); };
   const char* inside =
       "Component section tree has a cycle: section \"A\" is inside its own subtree";
   EXPECT_DEATH(
@@ -180,11 +162,7 @@ TEST(ComponentSectionDeathTest, ASectionInsideItsOwnSubtreeStops) {
   EXPECT_DEATH(
       {
         auto a = leaf("A");
-        auto b = ComponentSection::make({.identifier = Identifier("B"),
-                                         .name = "b",
-                                         .description = std::nullopt,
-                                         .sections = std::vector{leaf("C")},
-                                         .components = std::nullopt});
+        auto b = makeSection("B", std::vector{leaf("C")});
         a->setSections(std::vector{b});
         b->editSections([&](auto& sections) { sections->push_back(a); });
       },

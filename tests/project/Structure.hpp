@@ -1,8 +1,10 @@
 // Documents and records shared by the project-structure tests.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "support/Layers.hpp"
 #include "support/Records.hpp"
@@ -31,6 +33,17 @@ inline Ref<Project> makeProject(std::string_view id = "P") {
   return decodeJson<Ref<Project>>(
       R"({"_id":")" + std::string(id) +
       R"(","name":"p","icon":{},"created":"2024-01-01T00:00:00Z","users":[]})");
+}
+
+/// A component section made in code, without description.
+inline Ref<ComponentSection> makeSection(
+    const char* id, std::optional<std::vector<Ref<ComponentSection>>> sections = std::nullopt,
+    std::optional<std::vector<Ref<Component>>> components = std::nullopt) {
+  return ComponentSection::make({.identifier = Identifier(id),
+                                 .name = id,
+                                 .description = std::nullopt,
+                                 .sections = std::move(sections),
+                                 .components = std::move(components)});
 }
 
 inline Ref<Version> makeVersion(std::string_view id) {
