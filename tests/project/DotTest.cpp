@@ -45,13 +45,16 @@ TEST(Dot, AssignedAndEditedCommentsPointBack) {
   auto kept = Comment::make({.note = "kept", .author = nullptr, .updateDate = now()});
   EXPECT_TRUE(kept->identifier().isLocal());
   EXPECT_EQ(kept->dot(), nullptr);
-  auto dot = Dot::make({.status = std::nullopt,
-                        .name = "d",
-                        .creator = nullptr,
-                        .x = 0,
-                        .y = 0,
-                        .color = Color::make({.red = 0, .green = 0, .blue = 0, .alpha = 1}),
-                        .comments = std::vector{kept}});
+  auto makeDot = [](std::vector<Ref<Comment>> comments) {
+    return Dot::make({.status = std::nullopt,
+                      .name = "d",
+                      .creator = nullptr,
+                      .x = 0,
+                      .y = 0,
+                      .color = Color::make({.red = 0, .green = 0, .blue = 0, .alpha = 1}),
+                      .comments = std::move(comments)});
+  };
+  auto dot = makeDot({kept});
   EXPECT_EQ(kept->dot(), dot);
 
   auto added = Comment::make({.note = "added", .author = nullptr, .updateDate = now()});
@@ -59,13 +62,7 @@ TEST(Dot, AssignedAndEditedCommentsPointBack) {
   EXPECT_EQ(added->dot(), dot);
   EXPECT_EQ(kept->dot(), dot);  // removed, but not cleared
 
-  auto other = Dot::make({.status = Dot::Status::open,
-                          .name = "o",
-                          .creator = nullptr,
-                          .x = 0,
-                          .y = 0,
-                          .color = Color::make({.red = 0, .green = 0, .blue = 0, .alpha = 1}),
-                          .comments = std::vector<Ref<Comment>>{}});
+  auto other = makeDot({});
   other->editComments([&](auto& comments) { comments.push_back(added); });
   EXPECT_EQ(added->dot(), other);
 }
