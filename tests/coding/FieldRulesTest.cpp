@@ -53,6 +53,13 @@ std::string roundTrip(const std::string& json) {
   return JsonEncoder().encode(JsonDecoder().decode<Ref<R>>(json));
 }
 
+// For records that are read but never written.
+template <class R>
+std::string decodeOnly(const std::string& json) {
+  JsonDecoder().decode<Ref<R>>(json);
+  return "{}";
+}
+
 std::string objectText(const std::vector<Member>& members, std::string_view key,
                        std::string_view replacement, bool drop) {
   std::string out = "{";
@@ -187,6 +194,64 @@ std::vector<Sample> samples() {
        {{"_id", "\"e1\""}, {"name", "\"Colors\""}, {"description", "\"d\""},
         {"manifestURL", "\"https://example.com/m.json\""}, {"default", "false"}},
        roundTrip<Extension>},
+      {"Grid.Vertical", {ORVANE_GRID_VERTICAL_FIELDS(RULE)},
+       {{"columnWidth", "72"}, {"numberOfCols", "4"}, {"gutterWidth", "16"},
+        {"guttersOnOutside", "true"}},
+       roundTrip<Grid::Vertical>},
+      {"Grid.Horizontal", {ORVANE_GRID_HORIZONTAL_FIELDS(RULE)},
+       {{"rowHeight", "8"}, {"gutterHeight", "8"}}, roundTrip<Grid::Horizontal>},
+      {"ProjectColor", {ORVANE_PROJECT_COLOR_FIELDS(RULE)},
+       {{"_id", "\"pc\""}, {"name", "\"Ink\""}, {"r", "0.1"}, {"g", "0.2"}, {"b", "0.3"},
+        {"a", "1"}},
+       roundTrip<ProjectColor>},
+      {"ProjectTextStyle", {ORVANE_PROJECT_TEXT_STYLE_FIELDS(RULE)},
+       {{"_id", "\"pt\""}, {"name", "\"Body\""}, {"sourceId", "\"src\""},
+        {"fontFace", "\"Inter\""}, {"fontSize", "17"}, {"color", kColor}},
+       roundTrip<ProjectTextStyle>},
+      {"Screen", {ORVANE_VERSION_COLLECTION_FIELDS(RULE) ORVANE_SCREEN_FIELDS(RULE)},
+       {{"_id", "\"S1\""}, {"name", "\"Home\""}, {"description", "\"d\""},
+        {"latestVersion", kVersion}, {"sourceId", "\"src\""}, {"tags", "[\"draft\"]"},
+        {"versions", "[]"}, {"index", "7"}, {"dots", "[]"}},
+       roundTrip<Screen>},
+      {"ComponentSection", {ORVANE_COMPONENT_SECTION_FIELDS(RULE)},
+       {{"_id", "\"cs\""}, {"name", "\"Buttons\""}, {"description", "\"d\""},
+        {"componentSections", "[]"}, {"components", "[]"}},
+       roundTrip<ComponentSection>},
+      {"Project", {ORVANE_PROJECT_FIELDS(RULE)},
+       {{"_id", "\"P1\""}, {"status", "\"active\""}, {"name", "\"Shop\""},
+        {"description", "\"d\""}, {"icon", R"({"type":"rocket"})"},
+        {"created", "\"2024-05-01T09:00:00Z\""}, {"updated", "\"2024-05-02T09:00:00Z\""},
+        {"type", "\"ios\""}, {"density", "\"2x\""}, {"public", "true"}, {"sections", "[]"},
+        {"screens", "[]"}, {"colors", "[]"}, {"textStyles", "[]"}, {"componentSections", "[]"},
+        {"users", "[]"}, {"thumbnail", "\"https://cdn.example.com/t.png\""},
+        {"integration", "{}"}},
+       roundTrip<Project>},
+      {"Organization", {ORVANE_ORGANIZATION_FIELDS(RULE)},
+       {{"_id", "\"o1\""}, {"status", "\"active\""}, {"name", "\"Acme\""},
+        {"logo", "\"https://cdn.example.com/o.png\""}, {"paymentPlan", "\"p1\""},
+        {"subscriptionStatus", "\"past_due\""}},
+       roundTrip<Organization>},
+      {"Integration", {ORVANE_INTEGRATION_FIELDS(RULE)}, {{"slacks", "[]"}},
+       roundTrip<Integration>},
+      {"Integration.Slack", {ORVANE_INTEGRATION_SLACK_FIELDS(RULE)},
+       {{"_id", "\"k1\""},
+        {"incomingWebHook",
+         R"({"channel":"#design","configurationURL":"https://example.com/c"})"},
+        {"scope", "\"chat\""}},
+       roundTrip<Integration::Slack>},
+      {"Extension.Author", {ORVANE_EXTENSION_AUTHOR_FIELDS(RULE)},
+       {{"name", "\"Ana\""}, {"email", "\"a@example.com\""},
+        {"url", "\"https://example.com\""}},
+       roundTrip<Extension::Author>},
+      {"Extension.Manifest", {ORVANE_EXTENSION_MANIFEST_FIELDS(RULE)},
+       {{"name", "\"Colors\""}, {"description", "\"d\""}, {"version", "\"1.0.0\""},
+        {"author", R"({"name":"Ana"})"}, {"repository", "\"https://example.com/r\""},
+        {"options", "[]"}, {"moduleURL", "\"https://example.com/m.js\""}},
+       decodeOnly<Extension::Manifest>},
+      {"Extension.Option", {ORVANE_EXTENSION_OPTION_FIELDS(RULE)},
+       {{"id", "\"o1\""}, {"name", "\"Round\""}, {"type", "\"switch\""},
+        {"default", "true"}},
+       decodeOnly<Extension::Option>},
   };
 }
 

@@ -45,11 +45,6 @@ TEST(DecodingWarnings, ReportPresentValuesThatTolerantKeysDropAndNothingElse) {
       {layer(R"(,"type":7,"blendMode":["multiply"])"),
        {"type: Expected to decode String but found a number instead.",
         "blendMode: Expected to decode String but found an array instead."}},
-      // Group children report at their own paths, in document order.
-      {layer(R"(,"type":"group","interactionLevel":"middle","layers":[)" +
-             layer(R"(,"blendMode":"Multiply")") + "]"),
-       {"layers[0].blendMode: Cannot initialize BlendMode from invalid String value Multiply",
-        "interactionLevel: Cannot initialize InteractionLevel from invalid String value middle"}},
       // Absent, null and readable values are no warnings.
       {layer(R"(,"blendMode":null,"type":"shape")"), {}},
       {layer(R"(,"blendMode":"multiply")"), {}},

@@ -21,16 +21,6 @@ std::optional<DecodingError> errorOf(const std::function<void()>& run) {
   return std::nullopt;
 }
 
-std::string nestedNodes(int depth) {
-  std::string json;
-  for (int i = 0; i < depth; ++i) {
-    json += R"({"title":"t","rect":{"x":0,"y":0,"width":1,"height":1},"children":[)";
-  }
-  json += R"({"title":"leaf","rect":{"x":0,"y":0,"width":1,"height":1}})";
-  for (int i = 0; i < depth; ++i) json += "]}";
-  return json;
-}
-
 }  // namespace
 
 TEST(HostileDocuments, NestingBeyondTheLimitIsRefusedAtTheRoot) {
@@ -43,11 +33,6 @@ TEST(HostileDocuments, NestingBeyondTheLimitIsRefusedAtTheRoot) {
     EXPECT_EQ(e->kind(), Kind::dataCorrupted);
     EXPECT_TRUE(e->codingPath().empty());
   }
-  // A record tree: each level is an object and an array, so 255 levels fit under 512.
-  EXPECT_NO_THROW(decoder.decode<Ref<TreeNode>>(nestedNodes(255)));
-  auto e = errorOf([&] { decoder.decode<Ref<TreeNode>>(nestedNodes(300)); });
-  ASSERT_TRUE(e);
-  EXPECT_EQ(e->kind(), Kind::dataCorrupted);
 }
 
 TEST(HostileDocuments, LongStringsAndKeys) {
@@ -58,34 +43,6 @@ TEST(HostileDocuments, LongStringsAndKeys) {
   auto e = errorOf([&] { JsonDecoder().decode<Probe>("{\"" + big + "\":1}"); });
   ASSERT_TRUE(e);
   EXPECT_EQ(e->key(), "name");
-}
-
-TEST(HostileDocuments, NumbersOutOfEveryRange) {
-  // Beyond the double range: refused at the member; not JSON: refused at the root.
-  const std::pair<const char*, const char*> cases[] = {
-      {R"({"name":"a","weight":1e400})", "weight"},
-      {R"({"name":"a","weight":-1e400})", "weight"},
-      {R"({"name":"a","weight":NaN})", "<root>"},
-      {R"({"name":"a","weight":Infinity})", "<root>"},
-  };
-  for (auto [json, path] : cases) {
-    auto e = errorOf([&] { JsonDecoder().decode<Probe>(json); });
-    ASSERT_TRUE(e) << json;
-    EXPECT_EQ(e->kind(), Kind::dataCorrupted) << json;
-    EXPECT_EQ(formatCodingPath(e->codingPath()), path);
-  }
-  EXPECT_EQ(JsonDecoder().decode<Probe>(R"({"name":"a","weight":-0})").weight, 0.0);
-  EXPECT_EQ(
-      JsonDecoder().decode<Probe>(R"({"name":"a","weight":123456789012345678901234567890})").weight,
-      123456789012345678901234567890.0);
-  // Ints: 2^63 and fractions refused with the path of the member.
-  for (const char* json : {R"({"location":9223372036854775808,"length":0})",
-                           R"({"location":1.5,"length":0})", R"({"location":-1e19,"length":0})"}) {
-    auto e = errorOf([&] { JsonDecoder().decode<Range>(json); });
-    ASSERT_TRUE(e) << json;
-    EXPECT_EQ(e->kind(), Kind::dataCorrupted);
-    EXPECT_EQ(formatCodingPath(e->codingPath()), "location");
-  }
 }
 
 TEST(HostileDocuments, InvalidBytes) {

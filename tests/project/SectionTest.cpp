@@ -42,46 +42,6 @@ void expectProject(const Tree& t, const Ref<Project>& project) {
 
 }  // namespace
 
-TEST(Section, ScreensAreRequiredAndWrittenEvenWhenEmpty) {
-  auto section = decodeJson<Ref<Section>>(R"({"_id":"s1","name":"Flow","screens":[]})");
-  EXPECT_TRUE(section->screenIdentifiers().empty());
-  EXPECT_FALSE(section->description());
-  EXPECT_EQ(encodeJson(section), R"({"_id":"s1","name":"Flow","screens":[]})");
-
-  auto e = decodeError<Ref<Section>>(R"({"_id":"s1","name":"Flow"})");
-  EXPECT_EQ(e.kind(), Kind::keyNotFound);
-  EXPECT_EQ(e.key(), "screens");
-  e = decodeError<Ref<Section>>(R"({"_id":"s1","name":"Flow","screens":["a",null]})");
-  EXPECT_EQ(e.kind(), Kind::valueNotFound);
-  EXPECT_EQ(pathOf(e), "screens[1]");
-
-  EXPECT_EQ(roundTrip<Ref<Section>>(
-                R"({"screens":["x","y"],"description":"d","name":"Flow","_id":"s1"})"),
-            R"({"_id":"s1","name":"Flow","description":"d","screens":["x","y"]})");
-}
-
-TEST(Section, IdentifierWrittenOnlyWhenNotLocal) {
-  auto local = Section::make({.name = "n",
-                              .description = std::nullopt,
-                              .screenIdentifiers = std::vector{Identifier("a")}});
-  EXPECT_TRUE(local->identifier().isLocal());
-  EXPECT_EQ(encodeJson(local), R"({"name":"n","screens":["a"]})");
-  auto tree = ComponentSection::make(
-      {.name = "t",
-       .description = std::nullopt,
-       .sections = std::vector{ComponentSection::make({.identifier = Identifier("svc"),
-                                                       .name = "u",
-                                                       .description = "d",
-                                                       .sections = std::nullopt,
-                                                       .components = std::nullopt})},
-       .components = std::nullopt});
-  EXPECT_EQ(encodeJson(tree),
-            R"({"name":"t","componentSections":[{"_id":"svc","name":"u","description":"d"}]})");
-  // "MACOS" without the hyphen still counts as local.
-  EXPECT_EQ(roundTrip<Ref<Section>>(R"({"_id":"MACOSX","name":"n","screens":[]})"),
-            R"({"name":"n","screens":[]})");
-}
-
 TEST(Section, ProjectIsAPlainWeakField) {
   auto project = makeProject();
   auto section = decodeJson<Ref<Section>>(R"({"_id":"s1","name":"Flow","screens":["S"]})");
@@ -173,21 +133,9 @@ TEST(ComponentSection, MakeAdoptsChildrenWithoutProject) {
                             .sourceIdentifier = std::nullopt,
                             .tags = std::nullopt,
                             .versions = std::nullopt});
-  auto c = ComponentSection::make({.identifier = Identifier("C"),
-                                   .name = "c",
-                                   .description = std::nullopt,
-                                   .sections = std::nullopt,
-                                   .components = std::vector{k}});
-  auto b = ComponentSection::make({.identifier = Identifier("B"),
-                                   .name = "b",
-                                   .description = std::nullopt,
-                                   .sections = std::vector{c},
-                                   .components = std::nullopt});
-  auto a = ComponentSection::make({.identifier = Identifier("A"),
-                                   .name = "a",
-                                   .description = std::nullopt,
-                                   .sections = std::vector{b},
-                                   .components = std::nullopt});
+  auto c = makeSection("C", std::nullopt, std::vector{k});
+  auto b = makeSection("B", std::vector{c});
+  auto a = makeSection("A", std::vector{b});
   EXPECT_EQ(k->section(), c);
   EXPECT_EQ(c->parent(), b);
   EXPECT_EQ(b->parent(), a);
@@ -200,44 +148,9 @@ TEST(ComponentSection, MakeAdoptsChildrenWithoutProject) {
   EXPECT_EQ(c->identifierPathComponent(), "A/x/y");
 }
 
-TEST(ComponentSection, DecodingFailuresAndWrites) {
-  auto e = decodeError<Ref<ComponentSection>>(
-      R"({"_id":"A","name":"a","componentSections":[{"_id":"B","name":"b","components":[{"_id":"K","name":"k"}]}]})");
-  EXPECT_EQ(e.kind(), Kind::keyNotFound);
-  EXPECT_EQ(e.key(), "latestVersion");
-  EXPECT_EQ(pathOf(e), "componentSections[0].components[0]");
-  e = decodeError<Ref<ComponentSection>>(R"({"_id":"A"})");
-  EXPECT_EQ(e.key(), "name");
-
-  EXPECT_EQ(
-      roundTrip<Ref<ComponentSection>>(kTree),
-      R"({"_id":"A","name":"a","componentSections":[{"_id":"B","name":"b","componentSections":[)"
-      R"({"_id":"C","name":"c","description":"deep","components":[{"name":"n-K","latestVersion":)"
-      R"({"snapshot":{"width":375,"height":812,"componentNames":[]}}}]}]}],"components":[{"name":"n-J",)"
-      R"("latestVersion":{"snapshot":{"width":375,"height":812,"componentNames":[]}}}]})");
-}
-
-TEST(SectionPartial, ThreeOptionalMembers) {
-  auto section = decodeJson<Section::Partial>(R"({"name":"n","screens":5})");
-  EXPECT_EQ(section.name(), "n");
-  EXPECT_FALSE(section.identifier());
-  EXPECT_FALSE(section.description());
-  auto component = decodeJson<ComponentSection::Partial>(R"({"_id":"A","description":null})");
-  EXPECT_EQ(component.identifier(), Identifier("A"));
-  EXPECT_FALSE(component.name());
-  EXPECT_FALSE(component.description());
-  EXPECT_EQ(decodeError<ComponentSection::Partial>(R"({"name":1})").kind(), Kind::typeMismatch);
-}
-
 TEST(ComponentSectionDeathTest, ASectionInsideItsOwnSubtreeStops) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
-  auto leaf = [](const char* id) {
-    return ComponentSection::make({.identifier = Identifier(id),
-                                   .name = id,
-                                   .description = std::nullopt,
-                                   .sections = std::nullopt,
-                                   .components = std::nullopt});
-  };
+  auto leaf = [](const char* id) { return makeSection(id); };
   const char* inside =
       "Component section tree has a cycle: section \"A\" is inside its own subtree";
   EXPECT_DEATH(
@@ -249,11 +162,7 @@ TEST(ComponentSectionDeathTest, ASectionInsideItsOwnSubtreeStops) {
   EXPECT_DEATH(
       {
         auto a = leaf("A");
-        auto b = ComponentSection::make({.identifier = Identifier("B"),
-                                         .name = "b",
-                                         .description = std::nullopt,
-                                         .sections = std::vector{leaf("C")},
-                                         .components = std::nullopt});
+        auto b = makeSection("B", std::vector{leaf("C")});
         a->setSections(std::vector{b});
         b->editSections([&](auto& sections) { sections->push_back(a); });
       },

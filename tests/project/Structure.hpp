@@ -1,9 +1,12 @@
 // Documents and records shared by the project-structure tests.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "support/Layers.hpp"
 #include "support/Records.hpp"
 
 namespace orvane::test {
@@ -32,16 +35,19 @@ inline Ref<Project> makeProject(std::string_view id = "P") {
       R"(","name":"p","icon":{},"created":"2024-01-01T00:00:00Z","users":[]})");
 }
 
+/// A component section made in code, without description.
+inline Ref<ComponentSection> makeSection(
+    const char* id, std::optional<std::vector<Ref<ComponentSection>>> sections = std::nullopt,
+    std::optional<std::vector<Ref<Component>>> components = std::nullopt) {
+  return ComponentSection::make({.identifier = Identifier(id),
+                                 .name = id,
+                                 .description = std::nullopt,
+                                 .sections = std::move(sections),
+                                 .components = std::move(components)});
+}
+
 inline Ref<Version> makeVersion(std::string_view id) {
-  auto snapshot = Snapshot::make({.size = Size{1, 1},
-                                  .url = std::nullopt,
-                                  .density = std::nullopt,
-                                  .source = std::nullopt,
-                                  .backgroundColor = nullptr,
-                                  .grid = nullptr,
-                                  .assets = std::nullopt,
-                                  .layers = std::nullopt,
-                                  .links = std::nullopt});
+  auto snapshot = makeSnapshot();
   return Version::make({.identifier = Identifier(std::string(id)),
                         .commit = nullptr,
                         .creator = nullptr,

@@ -46,53 +46,6 @@ TEST(Version, ImportSourceReplacesTheIdentifier) {
   auto e = decodeError<Ref<Version>>(withoutId, importOptions(false));
   EXPECT_EQ(e.kind(), Kind::keyNotFound);
   EXPECT_EQ(e.key(), "_id");
-
-  // Anything but a Boolean true under the flag counts as false.
-  JsonDecoderOptions notBool;
-  notBool.userInfo[CodingUserInfoKey::fromImportSource()] = std::string("true");
-  EXPECT_EQ(decodeJson<Ref<Version>>(versionJson("v1"), notBool)->identifier(), Identifier("v1"));
-}
-
-TEST(Version, FailuresInsideCarryTheirPath) {
-  struct Case {
-    std::string json;
-    Kind kind;
-    const char* path;
-  };
-  const Case cases[] = {
-      {R"({"_id":"v"})", Kind::keyNotFound, "<root>"},
-      {R"({"_id":"v","snapshot":null})", Kind::valueNotFound, "snapshot"},
-      {versionJson("v", R"("commit":{"color":{"r":1}})"), Kind::keyNotFound, "commit.color"},
-      {versionJson("v", R"("creator":{"_id":"u"})"), Kind::keyNotFound, "creator"},
-      {versionJson("v", R"("commit":"m")"), Kind::typeMismatch, "commit"},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.json);
-    auto e = decodeError<Ref<Version>>(c.json);
-    EXPECT_EQ(e.kind(), c.kind);
-    EXPECT_EQ(pathOf(e), c.path);
-  }
-}
-
-TEST(Version, WritesOnlyCommitAndSnapshot) {
-  EXPECT_EQ(roundTrip<Ref<Version>>(versionJson(
-                "v1", R"("creator":{"_id":"u","email":"e"},"created":"2024-03-01T10:00:00Z")")),
-            R"({"snapshot":{"width":375,"height":812,"componentNames":[]}})");
-  EXPECT_EQ(
-      roundTrip<Ref<Version>>(versionJson("v1", R"("commit":{"message":"Fix"})")),
-      R"({"commit":{"message":"Fix"},"snapshot":{"width":375,"height":812,"componentNames":[]}})");
-}
-
-TEST(Commit, EveryKeyIsOptionalAndWrittenWhenPresent) {
-  auto empty = decodeJson<Ref<Commit>>("{}");
-  EXPECT_FALSE(empty->author());
-  EXPECT_FALSE(empty->message());
-  EXPECT_FALSE(empty->color());
-  EXPECT_EQ(encodeJson(empty), "{}");
-  EXPECT_EQ(
-      roundTrip<Ref<Commit>>(
-          R"({"color":{"r":1,"g":0,"b":0,"a":1},"message":"m","author":{"_id":"u","email":"e"}})"),
-      R"({"author":{"_id":"u","email":"e"},"message":"m","color":{"r":1,"g":0,"b":0,"a":1}})");
 }
 
 TEST(Version, AssignmentPointsTheNewCommitAndSnapshotBack) {

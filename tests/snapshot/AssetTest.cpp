@@ -32,24 +32,6 @@ TEST(Asset, ImportSourceMakesIdentifierLocalAndContentsOptional) {
   EXPECT_EQ(e.key(), "contents");
 }
 
-TEST(Asset, WrittenFormLosesIdentifierAndBitmapFlag) {
-  auto asset = decodeJson<Ref<Asset>>(
-      R"({"_id":"a1","displayName":"d","layerName":"l","layerId":"L1","isBitmap":true,)"
-      R"("contents":[{"url":"https://x/a.png","density":"2x","format":"png"},{"format":"webp"}]})");
-  EXPECT_EQ(asset->identifier(), Identifier("a1"));
-  EXPECT_TRUE(asset->isBitmap());
-  ASSERT_EQ(asset->contents().size(), 2u);
-  EXPECT_EQ(asset->contents()[0]->density(), Density::_2x);
-  EXPECT_FALSE(asset->contents()[1]->format());
-  auto written = encodeJson(asset);
-  EXPECT_EQ(written, R"({"displayName":"d","layerName":"l","layerId":"L1","contents":)"
-                     R"([{"url":"https://x/a.png","density":"2x","format":"png"},{}]})");
-  EXPECT_EQ(decodeError<Ref<Asset>>(written).key(), "_id");
-  auto again = decodeJson<Ref<Asset>>(written, importOptions());
-  EXPECT_FALSE(again->isBitmap());
-  EXPECT_TRUE(again->identifier().isLocal());
-}
-
 TEST(AssetContent, BadUrlFailsTheAsset) {
   auto e = decodeError<Ref<Asset>>(
       R"({"_id":"a","displayName":"d","layerName":"l","contents":[{"density":"9x"},{"url":""}]})");

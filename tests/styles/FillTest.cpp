@@ -47,11 +47,7 @@ TEST(Fill, PayloadIsReadOnlyForTheCaseNamed) {
 }
 
 TEST(Fill, NamedPayloadIsRequired) {
-  auto e = decodeError<Ref<Fill>>(std::string(R"({"fillType":"color","gradient":)") + kGradient +
-                                  "}");
-  EXPECT_EQ(e.kind(), ErrorKind::keyNotFound);
-  EXPECT_EQ(e.key(), "color");
-  e = decodeError<Ref<Fill>>(R"({"fillType":"gradient","gradient":null})");
+  auto e = decodeError<Ref<Fill>>(R"({"fillType":"gradient","gradient":null})");
   EXPECT_EQ(e.kind(), ErrorKind::valueNotFound);
   // A stop lacking its color fails the gradient and so the fill.
   e = decodeError<Ref<Fill>>(
@@ -61,50 +57,13 @@ TEST(Fill, NamedPayloadIsRequired) {
   EXPECT_EQ(pathOf(e), "gradient.colorStops[1]");
 }
 
-TEST(Fill, BlendModeIsTolerantOpacityIsNot) {
-  EXPECT_EQ(decodeJson<Ref<Fill>>(R"({"blendMode":"substract"})")->blendMode(),
-            BlendMode::substract);
-  EXPECT_FALSE(decodeJson<Ref<Fill>>(R"({"blendMode":"subtract"})")->blendMode());
-  EXPECT_FALSE(decodeJson<Ref<Fill>>(R"({"blendMode":2})")->blendMode());
-  EXPECT_EQ(roundTrip<Ref<Fill>>(R"({"blendMode":"color-dodge","opacity":1})"),
-            R"({"opacity":1,"blendMode":"color-dodge"})");
-  EXPECT_EQ(decodeError<Ref<Fill>>(R"({"opacity":"half"})").kind(), ErrorKind::typeMismatch);
-}
-
-TEST(Gradient, KindIsTolerantPointsAndStopsAreRequired) {
-  auto gradient = decodeJson<Ref<Gradient>>(
-      R"({"type":"conic","from":{"x":-1,"y":2},"to":{"x":3,"y":4},"angle":90,"colorStops":[]})");
-  EXPECT_FALSE(gradient->kind());
-  EXPECT_TRUE(gradient->stops().empty());
-  EXPECT_EQ(encodeJson(gradient),
-            R"({"from":{"x":-1,"y":2},"to":{"x":3,"y":4},"angle":90,"colorStops":[]})");
-
+TEST(Gradient, StopsAreKeptInOrderWithTheirPositions) {
   const char* stops =
       R"({"type":"linear","from":{"x":0,"y":0},"to":{"x":0,"y":1},"scale":2,"colorStops":[)"
       R"({"position":0,"color":{"r":1,"g":1,"b":1,"a":1}},)"
       R"({"position":1,"color":{"r":0,"g":0,"b":0,"a":1}}]})";
-  gradient = decodeJson<Ref<Gradient>>(stops);
+  auto gradient = decodeJson<Ref<Gradient>>(stops);
   ASSERT_EQ(gradient->stops().size(), 2u);
   EXPECT_EQ(gradient->stops()[1]->position(), 1);
   EXPECT_EQ(encodeJson(gradient), stops);
-
-  struct Case {
-    const char* json;
-    const char* key;
-    const char* path;
-  };
-  const Case cases[] = {
-      {R"({"from":{"x":0,"y":0},"to":{"x":0,"y":1}})", "colorStops", "<root>"},
-      {R"({"to":{"x":0,"y":1},"colorStops":[]})", "from", "<root>"},
-      {R"({"from":{"x":0,"y":0},"to":{"y":1},"colorStops":[]})", "x", "to"},
-      {R"({"from":{"x":0,"y":0},"to":{"x":0,"y":1},"colorStops":[{"color":{"r":0,"g":0,"b":0,"a":1}}]})",
-       "position", "colorStops[0]"},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.json);
-    auto e = decodeError<Ref<Gradient>>(c.json);
-    EXPECT_EQ(e.kind(), ErrorKind::keyNotFound);
-    EXPECT_EQ(e.key(), c.key);
-    EXPECT_EQ(pathOf(e), c.path);
-  }
 }

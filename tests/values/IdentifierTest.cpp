@@ -52,30 +52,10 @@ TEST(Identifier, IsLocalIsACaseSensitivePrefixTest) {
   for (auto [raw, local] : cases) EXPECT_EQ(Identifier(raw).isLocal(), local) << raw;
 }
 
-TEST(Identifier, EqualityAndHashFollowCanonicalEquivalence) {
-  Identifier composed("caf\u00E9");
-  Identifier decomposed("cafe\u0301");
-  EXPECT_NE(composed.rawValue(), decomposed.rawValue());
-  EXPECT_EQ(composed, decomposed);
-  EXPECT_EQ(std::hash<Identifier>{}(composed), std::hash<Identifier>{}(decomposed));
-  EXPECT_EQ(decomposed.rawValue(), "cafe\u0301") << "the raw value is kept as given";
-  EXPECT_NE(Identifier("abc"), Identifier("abd"));
-  EXPECT_NE(Identifier("abc"), Identifier("ABC"));
-  std::unordered_set<Identifier> set{composed};
-  EXPECT_TRUE(set.count(decomposed));
-}
-
 TEST(Identifier, CodedAsOneString) {
   JsonDecoder decoder;
   EXPECT_EQ(decoder.decode<Identifier>(R"("")").rawValue(), "");
   EXPECT_EQ(JsonEncoder().encode(Identifier("")), R"("")");
-  EXPECT_EQ(JsonEncoder().encode(Identifier("a\"b")), R"("a\"b")");
-  try {
-    decoder.decode<Identifier>("12");
-    FAIL();
-  } catch (const DecodingError& e) {
-    EXPECT_EQ(e.kind(), DecodingError::Kind::typeMismatch);
-  }
   EXPECT_EQ(refusedSingleValueMessage("Identifier", "x"),
             "Decoding Identifier from \u201Cx\u201D failed.");
 }
@@ -133,7 +113,9 @@ TEST(Identifier, CanonicalSpellingsAreEqualWhicheverSideOfTheLimitTheyFall) {
     EXPECT_EQ(decomposed, composed) << bytes;
     EXPECT_EQ(std::hash<Identifier>{}(composed), std::hash<Identifier>{}(decomposed)) << bytes;
     EXPECT_NE(composed, Identifier(accented(bytes + 1, true))) << bytes;
+    EXPECT_EQ(decomposed.rawValue(), accented(bytes + 1, false)) << "kept as given";
   }
+  EXPECT_NE(Identifier("abc"), Identifier("ABC"));
 }
 
 TEST(Identifier, CopiesAndMovesBetweenInlineAndHeapValues) {
