@@ -189,7 +189,7 @@ bool isLocal(const T& identifier) {
 /// class in its protected part.
 #define ORVANE_FIELDS(Record, LIST)                                                      \
  public:                                                                                 \
-  /** The document keys of the listed fields, under their names. */                                        \
+  /** The document keys of the listed fields, under their names. */                      \
   struct CodingKeys {                                                                     \
     LIST(ORVANE_FIELD_KEY)                                                               \
   };                                                                                     \
@@ -368,3 +368,59 @@ bool isLocal(const T& identifier) {
   ORVANE_FIELDS_DEFINE(Record, LIST)                           \
   ORVANE_RECORD_MAKE_DEFINE(Record __VA_OPT__(, ) __VA_ARGS__) \
   ORVANE_RECORD_DECODE_DEFINE(Record __VA_OPT__(, ) __VA_ARGS__)
+
+// --- Decode-only partial records ------------------------------------------------------------
+//
+// A record's `Partial` lists the fields it reads, in reading order, one statement each:
+//
+//   #define ORVANE_DOT_PARTIAL_FIELDS(P)
+//     P(identifier, Identifier, std::optional<Identifier>, optional, readOnly)
+//     P(status, Status, std::optional<Status>, tolerant, readOnly)
+//
+// with the columns name, Name, Type (as stored), how read (optional, tolerant or custom, as
+// for a record, under the record's own `CodingKeys`) and access (readOnly: a getter; plain: a
+// getter and a setter). `ORVANE_PARTIAL_FIELDS(LIST)` is the whole body of the class and
+// `ORVANE_PARTIAL_DEFINE(Record, LIST)` defines it in the record's source file.
+
+#define ORVANE_PARTIAL_ACCESSORS_readOnly(name, Name, Type) \
+  const Type& name() const { return name##_; }
+#define ORVANE_PARTIAL_ACCESSORS_plain(name, Name, Type) \
+  ORVANE_FIELD_ACCESSORS_plain(name, Name, Type)
+#define ORVANE_PARTIAL_ACCESSORS(name, Name, Type, read, access) \
+  ORVANE_PARTIAL_ACCESSORS_##access(name, Name, Type)
+#define ORVANE_PARTIAL_HOOKS(name, Name, Type, read, access) ORVANE_FIELD_HOOKS_READ_##read(Name)
+#define ORVANE_PARTIAL_MEMBER(name, Name, Type, read, access) Type name##_{};
+#define ORVANE_PARTIAL_READ(name, Name, Type, read, access) \
+  ORVANE_FIELD_READ_##read(name, Name, Type, plain)
+#define ORVANE_PARTIAL_VISIT(name, Name, Type, read, access) visitor.field(#name, name##_);
+
+/// The body of a record's `class Partial`: `decode`, `visitFields`, the accessors (public), and
+/// the stored members. Only `decode` makes one.
+#define ORVANE_PARTIAL_FIELDS(LIST)                                                               \
+ public:                                                                                          \
+  /** Reads the listed keys of the decoder's object, in order; nothing refers back. */            \
+  static Partial decode(const ::orvane::Decoder& decoder);                                        \
+  /** Lists every field, by name, to `visitor`. */                                                \
+  void visitFields(::orvane::FieldVisitor& visitor) const;                                        \
+  LIST(ORVANE_PARTIAL_ACCESSORS)                                                                  \
+                                                                                                  \
+ private:                                                                                         \
+  Partial() = default;                                                                            \
+  void decodeFields(const ::orvane::Decoder& decoder, const ::orvane::KeyedDecodingContainer& c); \
+  LIST(ORVANE_PARTIAL_HOOKS)                                                                      \
+  LIST(ORVANE_PARTIAL_MEMBER)
+
+/// In the record's source file: the definitions of what ORVANE_PARTIAL_FIELDS declared.
+#define ORVANE_PARTIAL_DEFINE(Record, LIST)                                             \
+  Record::Partial Record::Partial::decode(const ::orvane::Decoder& decoder) {           \
+    Partial partial;                                                                    \
+    partial.decodeFields(decoder, decoder.container());                                 \
+    return partial;                                                                     \
+  }                                                                                     \
+  void Record::Partial::decodeFields([[maybe_unused]] const ::orvane::Decoder& decoder, \
+                                     const ::orvane::KeyedDecodingContainer& c) {       \
+    LIST(ORVANE_PARTIAL_READ)                                                           \
+  }                                                                                     \
+  void Record::Partial::visitFields(::orvane::FieldVisitor& visitor) const {            \
+    LIST(ORVANE_PARTIAL_VISIT)                                                          \
+  }

@@ -34,27 +34,12 @@ void Organization::encodePlanIdentifier(KeyedEncodingContainer& c) const {
     c.encodeNil(CodingKeys::planIdentifier);
 }
 
-Organization::Partial Organization::Partial::decode(const Decoder& decoder) {
-  using K = Organization::CodingKeys;
-  auto c = decoder.container();
-  Partial p;
-  p.identifier_ = c.decodeIfPresent<Identifier>(K::identifier);
-  p.name_ = c.decodeStringIfPresent(K::name);
-  p.logoURL_ = c.decodeUrlIfPresent(K::logoURL);
-  p.transitionTimeInterval_ =
-      secondsFromMilliseconds(c.decodeDoubleIfPresent(K::transitionTimeInterval));
-  p.planIdentifier_ = c.decodeStringIfPresent(K::planIdentifier);
-  p.subscriptionStatus_ = c.decodeTolerant<SubscriptionStatus>(K::subscriptionStatus);
-  return p;
-}
+ORVANE_PARTIAL_DEFINE(Organization, ORVANE_ORGANIZATION_PARTIAL_FIELDS)
 
-void Organization::Partial::visitFields(FieldVisitor& v) const {
-  v.field("identifier", identifier_);
-  v.field("name", name_);
-  v.field("logoURL", logoURL_);
-  v.field("transitionTimeInterval", transitionTimeInterval_);
-  v.field("planIdentifier", planIdentifier_);
-  v.field("subscriptionStatus", subscriptionStatus_);
+void Organization::Partial::decodeTransitionTimeInterval(const Decoder&,
+                                                         const KeyedDecodingContainer& c) {
+  transitionTimeInterval_ =
+      secondsFromMilliseconds(c.decodeDoubleIfPresent(CodingKeys::transitionTimeInterval));
 }
 
 }  // namespace orvane

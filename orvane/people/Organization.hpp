@@ -52,30 +52,15 @@ class Organization {
 
 /// The decode-only subset of an organization that partial documents carry; it has no status.
 class Organization::Partial {
- public:
-  static Partial decode(const Decoder& decoder);
-  void visitFields(FieldVisitor& v) const;
-
-  const std::optional<Identifier>& identifier() const { return identifier_; }
-  const std::optional<std::string>& name() const { return name_; }
-  const std::optional<Url>& logoURL() const { return logoURL_; }
-  const std::optional<double>& transitionTimeInterval() const {
-    return transitionTimeInterval_;
-  }  // seconds
-  const std::optional<std::string>& planIdentifier() const { return planIdentifier_; }
-  const std::optional<SubscriptionStatus>& subscriptionStatus() const {
-    return subscriptionStatus_;
-  }
-
- private:
-  Partial() = default;
-
-  std::optional<Identifier> identifier_;
-  std::optional<std::string> name_;
-  std::optional<Url> logoURL_;
-  std::optional<double> transitionTimeInterval_;
-  std::optional<std::string> planIdentifier_;
-  std::optional<SubscriptionStatus> subscriptionStatus_;
+#define ORVANE_ORGANIZATION_PARTIAL_FIELDS(P)                                                \
+  P(identifier, Identifier, std::optional<Identifier>, optional, readOnly)                   \
+  P(name, Name, std::optional<std::string>, optional, readOnly)                              \
+  P(logoURL, LogoURL, std::optional<Url>, optional, readOnly)                                \
+  P(transitionTimeInterval, TransitionTimeInterval, std::optional<double>, custom, readOnly) \
+  P(planIdentifier, PlanIdentifier, std::optional<std::string>, optional, readOnly)          \
+  P(subscriptionStatus, SubscriptionStatus, std::optional<Organization::SubscriptionStatus>, \
+    tolerant, readOnly)
+  ORVANE_PARTIAL_FIELDS(ORVANE_ORGANIZATION_PARTIAL_FIELDS)
 };
 
 ORVANE_ENUM_TRAITS(Organization::Status, "Status", ORVANE_ORGANIZATION_STATUS, false)

@@ -47,18 +47,10 @@ class ProjectUser {
 
 /// The decode-only subset of a member that partial project documents carry.
 class ProjectUser::Partial {
- public:
-  static Partial decode(const Decoder& decoder);
-  void visitFields(FieldVisitor& v) const;
-
-  const std::optional<User::Partial>& user() const { return user_; }
-  const std::optional<Role>& role() const { return role_; }
-
- private:
-  Partial() = default;
-
-  std::optional<User::Partial> user_;
-  std::optional<Role> role_;
+#define ORVANE_PROJECT_USER_PARTIAL_FIELDS(P)                     \
+  P(user, User, std::optional<User::Partial>, optional, readOnly) \
+  P(role, Role, std::optional<Role>, tolerant, readOnly)
+  ORVANE_PARTIAL_FIELDS(ORVANE_PROJECT_USER_PARTIAL_FIELDS)
 };
 
 ORVANE_ENUM_TRAITS(ProjectUser::Role, "Role", ORVANE_PROJECT_USER_ROLE, true)

@@ -5,33 +5,19 @@
 
 namespace orvane {
 
+/// Every member optional; an unknown emotar is no emotar. No status, no subscription status.
+/// The token and the plan identifier can be set afterwards.
 class User::Partial {
- public:
-  static Partial decode(const Decoder& decoder);
-  void visitFields(FieldVisitor& v) const;
-
-  const std::optional<Identifier>& identifier() const { return identifier_; }
-  const std::optional<std::string>& email() const { return email_; }
-  const std::optional<std::string>& username() const { return username_; }
-  const std::optional<Emotar>& emotar() const { return emotar_; }
-  const std::optional<Url>& avatarURL() const { return avatarURL_; }
-  const std::optional<std::string>& token() const { return token_; }
-  void setToken(std::optional<std::string> value) { token_ = std::move(value); }
-  const std::optional<std::string>& planIdentifier() const { return planIdentifier_; }
-  void setPlanIdentifier(std::optional<std::string> value) { planIdentifier_ = std::move(value); }
-  const std::optional<Date>& notificationLastReadDate() const { return notificationLastReadDate_; }
-
- private:
-  Partial() = default;
-
-  std::optional<Identifier> identifier_;
-  std::optional<std::string> email_;
-  std::optional<std::string> username_;
-  std::optional<Emotar> emotar_;
-  std::optional<Url> avatarURL_;
-  std::optional<std::string> token_;
-  std::optional<std::string> planIdentifier_;
-  std::optional<Date> notificationLastReadDate_;
+#define ORVANE_USER_PARTIAL_FIELDS(P)                                            \
+  P(identifier, Identifier, std::optional<Identifier>, optional, readOnly)       \
+  P(email, Email, std::optional<std::string>, optional, readOnly)                \
+  P(username, Username, std::optional<std::string>, optional, readOnly)          \
+  P(emotar, Emotar, std::optional<User::Emotar>, tolerant, readOnly)             \
+  P(avatarURL, AvatarURL, std::optional<Url>, optional, readOnly)                \
+  P(token, Token, std::optional<std::string>, optional, plain)                   \
+  P(planIdentifier, PlanIdentifier, std::optional<std::string>, optional, plain) \
+  P(notificationLastReadDate, NotificationLastReadDate, std::optional<Date>, optional, readOnly)
+  ORVANE_PARTIAL_FIELDS(ORVANE_USER_PARTIAL_FIELDS)
 };
 
 }  // namespace orvane

@@ -38,24 +38,13 @@ class Comment {
 
 /// The decode-only subset of a comment; every member optional.
 class Comment::Partial {
- public:
-  static Partial decode(const Decoder& decoder);
-  void visitFields(FieldVisitor& v) const;
-
-  const std::optional<Identifier>& identifier() const { return identifier_; }
-  const std::optional<std::string>& note() const { return note_; }
-  const std::optional<User::Partial>& author() const { return author_; }
-  const std::optional<Date>& createDate() const { return createDate_; }
-  const std::optional<Date>& updateDate() const { return updateDate_; }
-
- private:
-  Partial() = default;
-
-  std::optional<Identifier> identifier_;
-  std::optional<std::string> note_;
-  std::optional<User::Partial> author_;
-  std::optional<Date> createDate_;
-  std::optional<Date> updateDate_;
+#define ORVANE_COMMENT_PARTIAL_FIELDS(P)                                   \
+  P(identifier, Identifier, std::optional<Identifier>, optional, readOnly) \
+  P(note, Note, std::optional<std::string>, optional, readOnly)            \
+  P(author, Author, std::optional<User::Partial>, optional, readOnly)      \
+  P(createDate, CreateDate, std::optional<Date>, optional, readOnly)       \
+  P(updateDate, UpdateDate, std::optional<Date>, optional, readOnly)
+  ORVANE_PARTIAL_FIELDS(ORVANE_COMMENT_PARTIAL_FIELDS)
 };
 
 }  // namespace orvane

@@ -55,10 +55,6 @@ void Component::visitFields(FieldVisitor& visitor) const {
   visitPaths(visitor);
 }
 
-Component::Partial Component::Partial::decode(const Decoder& decoder) {
-  Partial p;
-  p.read(decoder);
-  return p;
-}
+ORVANE_PARTIAL_DEFINE(Component, ORVANE_VERSION_COLLECTION_PARTIAL_FIELDS)
 
 }  // namespace orvane

@@ -40,12 +40,8 @@ class Component : public VersionCollection {
 };
 
 /// The decode-only subset of a component; every member optional, nothing wired.
-class Component::Partial : public VersionCollectionPartial {
- public:
-  static Partial decode(const Decoder& decoder);
-
- private:
-  Partial() = default;
+class Component::Partial {
+  ORVANE_PARTIAL_FIELDS(ORVANE_VERSION_COLLECTION_PARTIAL_FIELDS)
 };
 
 }  // namespace orvane

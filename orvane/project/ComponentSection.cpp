@@ -103,10 +103,6 @@ void ComponentSection::wireComponents(bool passProject) {
   }
 }
 
-ComponentSection::Partial ComponentSection::Partial::decode(const Decoder& decoder) {
-  Partial p;
-  p.read(decoder);
-  return p;
-}
+ORVANE_PARTIAL_DEFINE(ComponentSection, ORVANE_SECTION_PARTIAL_FIELDS)
 
 }  // namespace orvane

@@ -85,12 +85,8 @@ class ComponentSection : public std::enable_shared_from_this<ComponentSection> {
 };
 
 /// The decode-only subset of a component section; every member optional.
-class ComponentSection::Partial : public SectionPartial {
- public:
-  static Partial decode(const Decoder& decoder);
-
- private:
-  Partial() = default;
+class ComponentSection::Partial {
+  ORVANE_PARTIAL_FIELDS(ORVANE_SECTION_PARTIAL_FIELDS)
 };
 
 }  // namespace orvane

@@ -13,30 +13,16 @@ namespace orvane {
 
 /// Every member optional; an unknown status is no status. Nothing refers back anywhere.
 class Dot::Partial {
- public:
-  static Partial decode(const Decoder& decoder);
-  void visitFields(FieldVisitor& v) const;
-
-  const std::optional<Identifier>& identifier() const { return identifier_; }
-  const std::optional<Status>& status() const { return status_; }
-  const std::optional<std::string>& name() const { return name_; }
-  const std::optional<User::Partial>& creator() const { return creator_; }
-  const std::optional<double>& x() const { return x_; }
-  const std::optional<double>& y() const { return y_; }
-  const Ref<Color>& color() const { return color_; }
-  const std::optional<std::vector<Comment::Partial>>& comments() const { return comments_; }
-
- private:
-  Partial() = default;
-
-  std::optional<Identifier> identifier_;
-  std::optional<Status> status_;
-  std::optional<std::string> name_;
-  std::optional<User::Partial> creator_;
-  std::optional<double> x_;
-  std::optional<double> y_;
-  Ref<Color> color_;
-  std::optional<std::vector<Comment::Partial>> comments_;
+#define ORVANE_DOT_PARTIAL_FIELDS(P)                                       \
+  P(identifier, Identifier, std::optional<Identifier>, optional, readOnly) \
+  P(status, Status, std::optional<Status>, tolerant, readOnly)             \
+  P(name, Name, std::optional<std::string>, optional, readOnly)            \
+  P(creator, Creator, std::optional<User::Partial>, optional, readOnly)    \
+  P(x, X, std::optional<double>, optional, readOnly)                       \
+  P(y, Y, std::optional<double>, optional, readOnly)                       \
+  P(color, Color, Ref<orvane::Color>, optional, readOnly)                  \
+  P(comments, Comments, std::optional<std::vector<Comment::Partial>>, optional, readOnly)
+  ORVANE_PARTIAL_FIELDS(ORVANE_DOT_PARTIAL_FIELDS)
 };
 
 }  // namespace orvane

@@ -105,34 +105,6 @@ void Project::CandidateTextStyle::visitFields(FieldVisitor& v) const {
   v.field("textStyle", textStyle);
 }
 
-Project::Partial Project::Partial::decode(const Decoder& decoder) {
-  using K = CodingKeys;
-  auto c = decoder.container();
-  Partial p;
-  p.identifier_ = c.decodeIfPresent<Identifier>(K::identifier);
-  p.status_ = c.decodeTolerant<Status>(K::status);
-  p.name_ = c.decodeStringIfPresent(K::name);
-  p.description_ = c.decodeStringIfPresent(K::description);
-  p.createDate_ = c.decodeDateIfPresent(K::createDate);
-  p.updateDate_ = c.decodeDateIfPresent(K::updateDate);
-  p.density_ = c.decodeTolerant<Density>(K::density);
-  p.isPublic_ = c.decodeBoolIfPresent(K::isPublic);
-  p.users_ = c.decodeIfPresent<std::vector<ProjectUser::Partial>>(K::users);
-  p.thumbnailURL_ = c.decodeUrlIfPresent(K::thumbnailURL);
-  return p;
-}
-
-void Project::Partial::visitFields(FieldVisitor& v) const {
-  v.field("identifier", identifier_);
-  v.field("status", status_);
-  v.field("name", name_);
-  v.field("description", description_);
-  v.field("createDate", createDate_);
-  v.field("updateDate", updateDate_);
-  v.field("density", density_);
-  v.field("isPublic", isPublic_);
-  v.field("users", users_);
-  v.field("thumbnailURL", thumbnailURL_);
-}
+ORVANE_PARTIAL_DEFINE(Project, ORVANE_PROJECT_PARTIAL_FIELDS)
 
 }  // namespace orvane

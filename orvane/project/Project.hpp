@@ -156,34 +156,18 @@ void describe(FieldVisitor& v, const Project::ScreensByIdentifier& screens);
 
 /// What a partial project document carries: header fields and members' partials, no contents.
 class Project::Partial {
- public:
-  static Partial decode(const Decoder& decoder);
-  void visitFields(FieldVisitor& v) const;
-
-  const std::optional<Identifier>& identifier() const { return identifier_; }
-  const std::optional<Status>& status() const { return status_; }
-  const std::optional<std::string>& name() const { return name_; }
-  const std::optional<std::string>& description() const { return description_; }
-  const std::optional<Date>& createDate() const { return createDate_; }
-  const std::optional<Date>& updateDate() const { return updateDate_; }
-  const std::optional<Density>& density() const { return density_; }
-  const std::optional<bool>& isPublic() const { return isPublic_; }
-  const std::optional<std::vector<ProjectUser::Partial>>& users() const { return users_; }
-  const std::optional<Url>& thumbnailURL() const { return thumbnailURL_; }
-
- private:
-  Partial() = default;
-
-  std::optional<Identifier> identifier_;
-  std::optional<Status> status_;
-  std::optional<std::string> name_;
-  std::optional<std::string> description_;
-  std::optional<Date> createDate_;
-  std::optional<Date> updateDate_;
-  std::optional<Density> density_;
-  std::optional<bool> isPublic_;
-  std::optional<std::vector<ProjectUser::Partial>> users_;
-  std::optional<Url> thumbnailURL_;
+#define ORVANE_PROJECT_PARTIAL_FIELDS(P)                                                \
+  P(identifier, Identifier, std::optional<Identifier>, optional, readOnly)              \
+  P(status, Status, std::optional<Status>, tolerant, readOnly)                          \
+  P(name, Name, std::optional<std::string>, optional, readOnly)                         \
+  P(description, Description, std::optional<std::string>, optional, readOnly)           \
+  P(createDate, CreateDate, std::optional<Date>, optional, readOnly)                    \
+  P(updateDate, UpdateDate, std::optional<Date>, optional, readOnly)                    \
+  P(density, Density, std::optional<orvane::Density>, tolerant, readOnly)               \
+  P(isPublic, IsPublic, std::optional<bool>, optional, readOnly)                        \
+  P(users, Users, std::optional<std::vector<ProjectUser::Partial>>, optional, readOnly) \
+  P(thumbnailURL, ThumbnailURL, std::optional<Url>, optional, readOnly)
+  ORVANE_PARTIAL_FIELDS(ORVANE_PROJECT_PARTIAL_FIELDS)
 };
 
 ORVANE_ENUM_TRAITS(Project::Status, "Status", ORVANE_PROJECT_STATUS, false)

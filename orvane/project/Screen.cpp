@@ -69,10 +69,6 @@ void Screen::visitFields(FieldVisitor& visitor) const {
   visitPaths(visitor);
 }
 
-Screen::Partial Screen::Partial::decode(const Decoder& decoder) {
-  Partial p;
-  p.read(decoder);
-  return p;
-}
+ORVANE_PARTIAL_DEFINE(Screen, ORVANE_VERSION_COLLECTION_PARTIAL_FIELDS)
 
 }  // namespace orvane

@@ -52,12 +52,8 @@ class Screen : public VersionCollection {
 };
 
 /// The decode-only subset of a screen; every member optional, nothing wired.
-class Screen::Partial : public VersionCollectionPartial {
- public:
-  static Partial decode(const Decoder& decoder);
-
- private:
-  Partial() = default;
+class Screen::Partial {
+  ORVANE_PARTIAL_FIELDS(ORVANE_VERSION_COLLECTION_PARTIAL_FIELDS)
 };
 
 }  // namespace orvane

@@ -30,38 +30,22 @@ class Section {
  public:
   class Partial;
 
+// What the decode-only forms of a section and a component section read; both kinds use the
+// same three key strings.
+#define ORVANE_SECTION_PARTIAL_FIELDS(P)                                   \
+  P(identifier, Identifier, std::optional<Identifier>, optional, readOnly) \
+  P(name, Name, std::optional<std::string>, optional, readOnly)            \
+  P(description, Description, std::optional<std::string>, optional, readOnly)
+
   static Ref<Section> make(Fields fields);
   static Ref<Section> decode(const Decoder& decoder);
   /// Writes "_id" only for an identifier the service assigned (not a local one).
   void encode(Encoder& encoder) const;
 };
 
-/// What the decode-only forms of a section and a component section hold: "_id", "name" and
-/// "description", each optional.
-class SectionPartial {
- public:
-  void visitFields(FieldVisitor& v) const;
-
-  const std::optional<Identifier>& identifier() const { return identifier_; }
-  const std::optional<std::string>& name() const { return name_; }
-  const std::optional<std::string>& description() const { return description_; }
-
- protected:
-  SectionPartial() = default;
-  void read(const Decoder& decoder);
-
- private:
-  std::optional<Identifier> identifier_;
-  std::optional<std::string> name_;
-  std::optional<std::string> description_;
-};
-
-class Section::Partial : public SectionPartial {
- public:
-  static Partial decode(const Decoder& decoder);
-
- private:
-  Partial() = default;
+/// The decode-only subset of a section; every member optional.
+class Section::Partial {
+  ORVANE_PARTIAL_FIELDS(ORVANE_SECTION_PARTIAL_FIELDS)
 };
 
 }  // namespace orvane

@@ -81,20 +81,4 @@ void VersionCollection::RequestProperties::visitFields(FieldVisitor& v) const {
   v.field("index", index);
 }
 
-void VersionCollectionPartial::read(const Decoder& decoder) {
-  using K = VersionCollection::CodingKeys;
-  auto c = decoder.container();
-  identifier_ = c.decodeIfPresent<Identifier>(K::identifier);
-  name_ = c.decodeStringIfPresent(K::name);
-  description_ = c.decodeStringIfPresent(K::description);
-  latestVersion_ = c.decodeIfPresent<Ref<Version>>(K::latestVersion);
-}
-
-void VersionCollectionPartial::visitFields(FieldVisitor& v) const {
-  v.field("identifier", identifier_);
-  v.field("name", name_);
-  v.field("description", description_);
-  v.field("latestVersion", latestVersion_);
-}
-
 }  // namespace orvane

@@ -51,6 +51,14 @@ class VersionCollection : public std::enable_shared_from_this<VersionCollection>
   F(requestProperties, RequestProperties, std::optional<RequestProperties>, none, none, custom, \
     none, plain)
 
+// What the decode-only forms of a screen and a component read: no import-source rule, no
+// wiring, and no description (not the empty one) when it is absent.
+#define ORVANE_VERSION_COLLECTION_PARTIAL_FIELDS(P)                           \
+  P(identifier, Identifier, std::optional<Identifier>, optional, readOnly)    \
+  P(name, Name, std::optional<std::string>, optional, readOnly)               \
+  P(description, Description, std::optional<std::string>, optional, readOnly) \
+  P(latestVersion, LatestVersion, Ref<Version>, optional, readOnly)
+
   // Spelled out from the field statements rather than ORVANE_FIELDS, since the listing is
   // virtual (a subclass adds its own fields and the paths) and subclasses make and decode
   // through the same steps.
@@ -119,28 +127,6 @@ class VersionCollection : public std::enable_shared_from_this<VersionCollection>
 
  private:
   void wireVersionList();
-};
-
-/// What the decode-only forms of a screen and a component hold: four optional members, read
-/// without the import-source rule and wired to nothing.
-class VersionCollectionPartial {
- public:
-  void visitFields(FieldVisitor& v) const;
-
-  const std::optional<Identifier>& identifier() const { return identifier_; }
-  const std::optional<std::string>& name() const { return name_; }
-  const std::optional<std::string>& description() const { return description_; }
-  const Ref<Version>& latestVersion() const { return latestVersion_; }
-
- protected:
-  VersionCollectionPartial() = default;
-  void read(const Decoder& decoder);
-
- private:
-  std::optional<Identifier> identifier_;
-  std::optional<std::string> name_;
-  std::optional<std::string> description_;
-  Ref<Version> latestVersion_;
 };
 
 }  // namespace orvane

@@ -26,26 +26,6 @@ void ProjectColor::visitFields(FieldVisitor& visitor) const {
   visitOwnFields(visitor);
 }
 
-ProjectColor::Partial ProjectColor::Partial::decode(const Decoder& decoder) {
-  using K = CodingKeys;
-  Partial p;
-  auto c = decoder.container();
-  p.identifier_ = c.decodeIfPresent<Identifier>(K::identifier);
-  p.name_ = c.decodeStringIfPresent(K::name);
-  p.red_ = c.decodeDoubleIfPresent(K::red);
-  p.green_ = c.decodeDoubleIfPresent(K::green);
-  p.blue_ = c.decodeDoubleIfPresent(K::blue);
-  p.alpha_ = c.decodeDoubleIfPresent(K::alpha);
-  return p;
-}
-
-void ProjectColor::Partial::visitFields(FieldVisitor& v) const {
-  v.field("identifier", identifier_);
-  v.field("name", name_);
-  v.field("red", red_);
-  v.field("green", green_);
-  v.field("blue", blue_);
-  v.field("alpha", alpha_);
-}
+ORVANE_PARTIAL_DEFINE(ProjectColor, ORVANE_PROJECT_COLOR_PARTIAL_FIELDS)
 
 }  // namespace orvane

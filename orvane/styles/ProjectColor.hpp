@@ -34,26 +34,14 @@ class ProjectColor : public Color {
 
 /// The decode-only subset of a project color; every member optional.
 class ProjectColor::Partial {
- public:
-  static Partial decode(const Decoder& decoder);
-  void visitFields(FieldVisitor& v) const;
-
-  const std::optional<Identifier>& identifier() const { return identifier_; }
-  const std::optional<std::string>& name() const { return name_; }
-  const std::optional<double>& red() const { return red_; }
-  const std::optional<double>& green() const { return green_; }
-  const std::optional<double>& blue() const { return blue_; }
-  const std::optional<double>& alpha() const { return alpha_; }
-
- private:
-  Partial() = default;
-
-  std::optional<Identifier> identifier_;
-  std::optional<std::string> name_;
-  std::optional<double> red_;
-  std::optional<double> green_;
-  std::optional<double> blue_;
-  std::optional<double> alpha_;
+#define ORVANE_PROJECT_COLOR_PARTIAL_FIELDS(P)                             \
+  P(identifier, Identifier, std::optional<Identifier>, optional, readOnly) \
+  P(name, Name, std::optional<std::string>, optional, readOnly)            \
+  P(red, Red, std::optional<double>, optional, readOnly)                   \
+  P(green, Green, std::optional<double>, optional, readOnly)               \
+  P(blue, Blue, std::optional<double>, optional, readOnly)                 \
+  P(alpha, Alpha, std::optional<double>, optional, readOnly)
+  ORVANE_PARTIAL_FIELDS(ORVANE_PROJECT_COLOR_PARTIAL_FIELDS)
 };
 
 }  // namespace orvane

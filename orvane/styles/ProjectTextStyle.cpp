@@ -27,20 +27,6 @@ void ProjectTextStyle::visitFields(FieldVisitor& visitor) const {
   visitOwnFields(visitor);
 }
 
-ProjectTextStyle::Partial ProjectTextStyle::Partial::decode(const Decoder& decoder) {
-  using K = CodingKeys;
-  Partial p;
-  auto c = decoder.container();
-  p.identifier_ = c.decodeIfPresent<Identifier>(K::identifier);
-  p.name_ = c.decodeStringIfPresent(K::name);
-  p.color_ = c.decodeIfPresent<Ref<Color>>(K::color);
-  return p;
-}
-
-void ProjectTextStyle::Partial::visitFields(FieldVisitor& v) const {
-  v.field("identifier", identifier_);
-  v.field("name", name_);
-  v.field("color", color_);
-}
+ORVANE_PARTIAL_DEFINE(ProjectTextStyle, ORVANE_PROJECT_TEXT_STYLE_PARTIAL_FIELDS)
 
 }  // namespace orvane

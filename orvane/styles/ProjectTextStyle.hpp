@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 
-#include <orvane/values/Identifier.hpp>
 #include <orvane/styles/TextStyle.hpp>
+#include <orvane/values/Identifier.hpp>
 
 namespace orvane {
 
@@ -39,20 +39,11 @@ class ProjectTextStyle : public TextStyle {
 
 /// The decode-only subset of a project text style.
 class ProjectTextStyle::Partial {
- public:
-  static Partial decode(const Decoder& decoder);
-  void visitFields(FieldVisitor& v) const;
-
-  const std::optional<Identifier>& identifier() const { return identifier_; }
-  const std::optional<std::string>& name() const { return name_; }
-  const Ref<Color>& color() const { return color_; }
-
- private:
-  Partial() = default;
-
-  std::optional<Identifier> identifier_;
-  std::optional<std::string> name_;
-  Ref<Color> color_;
+#define ORVANE_PROJECT_TEXT_STYLE_PARTIAL_FIELDS(P)                        \
+  P(identifier, Identifier, std::optional<Identifier>, optional, readOnly) \
+  P(name, Name, std::optional<std::string>, optional, readOnly)            \
+  P(color, Color, Ref<orvane::Color>, optional, readOnly)
+  ORVANE_PARTIAL_FIELDS(ORVANE_PROJECT_TEXT_STYLE_PARTIAL_FIELDS)
 };
 
 }  // namespace orvane

@@ -34,6 +34,13 @@ struct Rule {
 #define RULE_KEY_payload(key) ""
 #define RULE(name, Name, Type, key, read, write, param, access) \
   Rule{#name, RULE_KEY_##read(key), #read, #write},
+// A partial reads its record's keys and is never written.
+#define PARTIAL_RULE(name, Name, Type, read, access) Rule{#name, Keys::name, #read, "never"},
+#define PARTIAL_RULES(Record, LIST)               \
+  [] {                                            \
+    using Keys = Record::CodingKeys;              \
+    return std::vector<Rule>{LIST(PARTIAL_RULE)}; \
+  }()
 
 // A member of a sample document: its key and its value's JSON text.
 struct Member {
@@ -42,7 +49,7 @@ struct Member {
 };
 
 struct Sample {
-  std::string_view type;
+  std::string type;
   std::vector<Rule> rules;
   std::vector<Member> members;  // every listed key that the record reads, with a valid value
   std::string (*decodeAndEncode)(const std::string& json);
@@ -96,7 +103,13 @@ constexpr std::string_view kVersion =
 constexpr std::string_view kTextStyle =
     R"({"fontFace":"Inter","fontSize":17,"lineHeight":22,"letterSpacing":0,"color":{"r":0,"g":0,"b":0,"a":1},"textAlign":"left"})";
 
-std::vector<Sample> samples() {
+template <class P>
+std::string decodePartial(const std::string& json) {
+  JsonDecoder().decode<P>(json);
+  return "{}";
+}
+
+std::vector<Sample> recordSamples() {
   return {
       {"Color", {ORVANE_COLOR_FIELDS(RULE)},
        {{"r", "0.1"}, {"g", "0.2"}, {"b", "0.3"}, {"a", "1"}}, roundTrip<Color>},
@@ -253,6 +266,47 @@ std::vector<Sample> samples() {
         {"default", "true"}},
        decodeOnly<Extension::Option>},
   };
+}
+
+// Each partial with the sample of the record whose keys it reads.
+std::vector<Sample> samples() {
+  std::vector<Sample> all = recordSamples();
+  const struct {
+    std::string_view record;  // whose sample document it reads
+    std::vector<Rule> rules;
+    std::string (*decode)(const std::string& json);
+  } partials[] = {
+      {"ProjectColor", PARTIAL_RULES(ProjectColor, ORVANE_PROJECT_COLOR_PARTIAL_FIELDS),
+       decodePartial<ProjectColor::Partial>},
+      {"ProjectTextStyle",
+       PARTIAL_RULES(ProjectTextStyle, ORVANE_PROJECT_TEXT_STYLE_PARTIAL_FIELDS),
+       decodePartial<ProjectTextStyle::Partial>},
+      {"Project", PARTIAL_RULES(Project, ORVANE_PROJECT_PARTIAL_FIELDS),
+       decodePartial<Project::Partial>},
+      {"Section", PARTIAL_RULES(Section, ORVANE_SECTION_PARTIAL_FIELDS),
+       decodePartial<Section::Partial>},
+      {"ComponentSection", PARTIAL_RULES(ComponentSection, ORVANE_SECTION_PARTIAL_FIELDS),
+       decodePartial<ComponentSection::Partial>},
+      {"Screen", PARTIAL_RULES(Screen, ORVANE_VERSION_COLLECTION_PARTIAL_FIELDS),
+       decodePartial<Screen::Partial>},
+      {"VersionCollection", PARTIAL_RULES(Component, ORVANE_VERSION_COLLECTION_PARTIAL_FIELDS),
+       decodePartial<Component::Partial>},
+      {"Dot", PARTIAL_RULES(Dot, ORVANE_DOT_PARTIAL_FIELDS), decodePartial<Dot::Partial>},
+      {"Comment", PARTIAL_RULES(Comment, ORVANE_COMMENT_PARTIAL_FIELDS),
+       decodePartial<Comment::Partial>},
+      {"User", PARTIAL_RULES(User, ORVANE_USER_PARTIAL_FIELDS), decodePartial<User::Partial>},
+      {"ProjectUser", PARTIAL_RULES(ProjectUser, ORVANE_PROJECT_USER_PARTIAL_FIELDS),
+       decodePartial<ProjectUser::Partial>},
+      {"Organization", PARTIAL_RULES(Organization, ORVANE_ORGANIZATION_PARTIAL_FIELDS),
+       decodePartial<Organization::Partial>},
+  };
+  for (const auto& partial : partials) {
+    auto record = std::find_if(all.begin(), all.end(),
+                               [&](const Sample& s) { return s.type == partial.record; });
+    all.push_back({"the partial reading " + std::string(partial.record) + "'s sample",
+                   partial.rules, record->members, partial.decode});
+  }
+  return all;
 }
 
 TEST(FieldRules, EveryListedKeyReadsAndWritesAsItsStatementSays) {
