@@ -11,6 +11,10 @@ set(ORVANE_PUBLIC_HEADERS
     orvane/coding/Ref.hpp
     orvane/coding/SingleValueCodable.hpp
     orvane/coding/UserInfo.hpp
+    orvane/handoff/Find.hpp
+    orvane/handoff/Paint.hpp
+    orvane/handoff/Render.hpp
+    orvane/handoff/Text.hpp
     orvane/integrations/Extension+Manifest.hpp
     orvane/integrations/Extension+Option.hpp
     orvane/integrations/Extension.hpp
@@ -116,3 +120,11 @@ set(ORVANE_JSON_SOURCES
     orvane/internal/JsonWriter.cpp
     orvane/json/JsonDecoder.cpp
     orvane/json/JsonEncoder.cpp)
+
+# The hand-off outputs: read the model through its public accessors, nothing more.
+set(ORVANE_HANDOFF_SOURCES
+    orvane/handoff/Find.cpp
+    orvane/handoff/Paint.cpp
+    orvane/handoff/Render.cpp
+    orvane/handoff/Text.cpp
+    orvane/internal/Markup.cpp)

@@ -11,6 +11,8 @@
 #include <vector>
 
 #include <CLI/CLI.hpp>
+#include <orvane/handoff/Find.hpp>
+#include <orvane/handoff/Render.hpp>
 #include <orvane/version.hpp>
 
 #include "Output.hpp"
@@ -168,6 +170,110 @@ int runDocumentCommand(const Request& request, bool dump, Output& out) {
   }
 }
 
+// Which snapshot a hand-off command looks at.
+struct SnapshotChoice {
+  std::string screen;
+  std::string component;
+  std::string versionId;
+};
+
+void addSnapshotOptions(CLI::App& command, SnapshotChoice& choice) {
+  command.add_option("--screen", choice.screen,
+                     "In a Project document: the screen with this identifier");
+  command.add_option("--component", choice.component,
+                     "In a Project document: the component with this identifier");
+  command.add_option("--version-id", choice.versionId,
+                     "The version with this identifier instead of the latest");
+}
+
+// A failure that ends a hand-off command with a status of its own.
+struct CommandFailure {
+  int status;
+};
+
+// Reads the request's document and finds the snapshot it names; on failure, reports it and
+// throws the status to exit with.
+Ref<Snapshot> loadSnapshot(const Request& request, const SnapshotChoice& choice, Output& out,
+                           JsonDecoder& decoder) {
+  bool fromProject = request.type == "Project";
+  if (!fromProject && request.type != "Snapshot") {
+    if (!lookUpType(request.type)) throw CommandFailure{kUsage};  // reported with suggestions
+    throw CommandFailure{
+        usageError("TYPE must be Snapshot or Project (a screen's or component's version)")};
+  }
+  bool names = !choice.screen.empty() || !choice.component.empty() || !choice.versionId.empty();
+  if (!fromProject && names) {
+    throw CommandFailure{usageError("--screen, --component and --version-id need a Project")};
+  }
+  if (fromProject && choice.screen.empty() == choice.component.empty()) {
+    throw CommandFailure{usageError("a Project needs exactly one of --screen and --component")};
+  }
+  if (names && request.importSource) {
+    throw CommandFailure{usageError(
+        "--import-source gives every record a fresh identifier, so none could be named")};
+  }
+  std::vector<char> buffer;
+  std::size_t size = 0;
+  std::string reason;
+  if (!readInput(request.file, buffer, size, reason)) {
+    throw CommandFailure{usageError("cannot read " + inputName(request.file) + ": " + reason)};
+  }
+  std::string_view json(buffer.data(), size);
+  try {
+    if (!fromProject) return decoder.decode<Ref<Snapshot>>(json);
+    auto project = decoder.decode<Ref<Project>>(json);
+    auto notFound = [](const std::string& what) {
+      std::cerr << "error: " << oneLine(what) << '\n';
+      return CommandFailure{kDecodingFailed};
+    };
+    Ref<VersionCollection> collection;
+    if (!choice.screen.empty()) {
+      collection = handoff::findScreen(*project, Identifier(choice.screen));
+      if (!collection) throw notFound("no screen with identifier " + choice.screen);
+    } else {
+      collection = handoff::findComponent(*project, Identifier(choice.component));
+      if (!collection) throw notFound("no component with identifier " + choice.component);
+    }
+    std::optional<Identifier> version;
+    if (!choice.versionId.empty()) version = Identifier(choice.versionId);
+    Ref<Version> found = handoff::findVersion(*collection, version);
+    if (!found) {
+      throw notFound(version ? "no version with identifier " + choice.versionId + " in " +
+                                   std::string(collection->identifier().rawValue())
+                             : "no latest version");
+    }
+    // Keep the project alive with the snapshot: its records refer to it only weakly.
+    return Ref<Snapshot>(project, found->snapshot().get());
+  } catch (const DecodingError& e) {
+    if (request.jsonErrors) out.write(errorJson(e) + '\n');
+    std::cerr << "error: " << oneLine(e.what()) << '\n';
+    throw CommandFailure{kDecodingFailed};
+  }
+}
+
+struct RenderRequest {
+  Request document;
+  SnapshotChoice choice;
+  handoff::RenderOptions options;
+};
+
+int runRender(const RenderRequest& request, Output& out) {
+  WarningLines warnings;
+  Settings settings = settingsFor(request.document, request.document.warnings ? &warnings : nullptr);
+  try {
+    JsonDecoder decoder(settings.decoding);
+    Ref<Snapshot> snapshot = loadSnapshot(request.document, request.choice, out, decoder);
+    printWarnings(warnings, "");
+    out.write(handoff::renderSvg(*snapshot, request.options));
+    return 0;
+  } catch (const CommandFailure& failure) {
+    return failure.status;
+  } catch (const std::bad_alloc&) {
+    std::cerr << "error: out of memory\n";
+    return kDecodingFailed;
+  }
+}
+
 int runCheck(const Request& request, Output& out) {
   const TypeEntry* type = lookUpType(request.type);
   if (!type) return kUsage;
@@ -242,6 +348,21 @@ int run(int argc, char** argv, Output& out) {
       "error, 3 when the output cannot be written.");
   auto* types = app.add_subcommand("types", "List every TYPE name, one a line");
 
+  RenderRequest renderRequest;
+  auto* render = app.add_subcommand("render", "Draw a snapshot as one SVG document");
+  addDocumentOptions(*render, renderRequest.document, false);
+  addSnapshotOptions(*render, renderRequest.choice);
+  render->add_flag("--links", renderRequest.options.links,
+                   "Outline the hotspot links, labelled with their destination");
+  render->add_flag("--grid", renderRequest.options.grid, "Draw the layout grid's columns and rows");
+  render->add_flag("--assets", renderRequest.options.assets,
+                   "Outline each exportable layer and each layer an asset names");
+  render->footer(
+      "TYPE is Snapshot, or Project with --screen ID or --component ID (the latest version, or "
+      "the one --version-id names). Prints the SVG on standard output. Exit status: 0 on "
+      "success, 1 when the document does not decode or what is named does not exist, 2 for a "
+      "usage error, 3 when the output cannot be written.");
+
   try {
     app.parse(argc, argv);
   } catch (const CLI::Success& e) {
@@ -265,6 +386,7 @@ int run(int argc, char** argv, Output& out) {
     return 0;
   }
   if (check->parsed()) return runCheck(checkRequest, out);
+  if (render->parsed()) return runRender(renderRequest, out);
   if (decode->parsed()) return runDocumentCommand(decodeRequest, false, out);
   return runDocumentCommand(dumpRequest, true, out);
 }

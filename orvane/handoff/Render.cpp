@@ -1,0 +1,770 @@
+#include <orvane/handoff/Render.hpp>
+
+#include <algorithm>
+#include <cmath>
+#include <string_view>
+#include <unordered_set>
+#include <vector>
+
+#include <orvane/handoff/Paint.hpp>
+#include <orvane/handoff/Text.hpp>
+#include <orvane/internal/Markup.hpp>
+#include <orvane/snapshot/Asset.hpp>
+#include <orvane/snapshot/Destination.hpp>
+#include <orvane/snapshot/Grid.hpp>
+#include <orvane/snapshot/Layer.hpp>
+#include <orvane/snapshot/Link.hpp>
+
+namespace orvane::handoff {
+
+namespace {
+
+using detail::appendNumber;
+using detail::appendXml;
+
+constexpr double kPi = 3.14159265358979323846;
+constexpr std::string_view kXhtml = "http://www.w3.org/1999/xhtml";
+
+double finite(double value, double otherwise = 0) {
+  return std::isfinite(value) ? value : otherwise;
+}
+
+// A frame with non-negative size in finite numbers.
+struct Box {
+  double x = 0, y = 0, w = 0, h = 0;
+
+  static Box of(const Rect& r) {
+    return {finite(r.minX()), finite(r.minY()), std::max(0.0, finite(r.width())),
+            std::max(0.0, finite(r.height()))};
+  }
+  Box outset(double by) const {
+    return {x - by, y - by, std::max(0.0, w + 2 * by), std::max(0.0, h + 2 * by)};
+  }
+  Box moved(double dx, double dy) const { return {x + dx, y + dy, w, h}; }
+  bool intersects(const Box& o) const {
+    return x < o.x + o.w && o.x < x + w && y < o.y + o.h && o.y < y + h;
+  }
+};
+
+// The corner radius a box can hold, as CSS clamps it.
+double fitRadius(double radius, const Box& box) {
+  return std::clamp(finite(radius), 0.0, std::min(box.w, box.h) / 2);
+}
+
+class Svg {
+ public:
+  explicit Svg(std::string& out) : out_(out) {}
+
+  Svg& raw(std::string_view text) {
+    out_ += text;
+    return *this;
+  }
+  Svg& num(double value) {
+    appendNumber(out_, value);
+    return *this;
+  }
+  Svg& attr(std::string_view name, double value) {
+    out_ += ' ';
+    out_ += name;
+    out_ += "=\"";
+    appendNumber(out_, value);
+    out_ += '"';
+    return *this;
+  }
+  Svg& attr(std::string_view name, std::string_view text) {
+    out_ += ' ';
+    out_ += name;
+    out_ += "=\"";
+    appendXml(out_, text);
+    out_ += '"';
+    return *this;
+  }
+  Svg& text(std::string_view text) {
+    appendXml(out_, text);
+    return *this;
+  }
+  Svg& box(const Box& b, double radius = 0) {
+    attr("x", b.x).attr("y", b.y).attr("width", b.w).attr("height", b.h);
+    if (radius > 0) attr("rx", radius).attr("ry", radius);
+    return *this;
+  }
+  // fill="..." with its opacity when below 1.
+  Svg& paint(std::string_view property, const Rgba& color) {
+    attr(property, color.hex());
+    if (color.alpha < 1) attr(std::string(property) + "-opacity", color.alpha);
+    return *this;
+  }
+  Svg& comment(std::string_view text) {
+    out_ += "<!-- ";
+    out_ += text;
+    out_ += " -->";
+    return *this;
+  }
+
+ private:
+  std::string& out_;
+};
+
+std::string url(std::string_view id) { return "url(#" + std::string(id) + ")"; }
+
+std::string rotateAbout(double degrees, double cx, double cy) {
+  std::string t = "rotate(";
+  appendNumber(t, degrees);
+  t += ' ';
+  appendNumber(t, cx);
+  t += ' ';
+  appendNumber(t, cy);
+  return t + ")";
+}
+
+// A rounded rectangle as path data, for shapes with holes.
+void appendRoundedRectPath(std::string& d, const Box& b, double r) {
+  auto n = [&](double v) {
+    appendNumber(d, v);
+    d += ' ';
+  };
+  if (r <= 0) {
+    d += "M ";
+    n(b.x), n(b.y);
+    d += "H ";
+    n(b.x + b.w);
+    d += "V ";
+    n(b.y + b.h);
+    d += "H ";
+    n(b.x);
+    d += "Z ";
+    return;
+  }
+  d += "M ";
+  n(b.x + r), n(b.y);
+  d += "H ";
+  n(b.x + b.w - r);
+  d += "A ";
+  n(r), n(r);
+  d += "0 0 1 ";
+  n(b.x + b.w), n(b.y + r);
+  d += "V ";
+  n(b.y + b.h - r);
+  d += "A ";
+  n(r), n(r);
+  d += "0 0 1 ";
+  n(b.x + b.w - r), n(b.y + b.h);
+  d += "H ";
+  n(b.x + r);
+  d += "A ";
+  n(r), n(r);
+  d += "0 0 1 ";
+  n(b.x), n(b.y + b.h - r);
+  d += "V ";
+  n(b.y + r);
+  d += "A ";
+  n(r), n(r);
+  d += "0 0 1 ";
+  n(b.x + r), n(b.y);
+  d += "Z ";
+}
+
+// What a fill paints with: a color, an SVG gradient defined under `id`, or a CSS conic
+// gradient (which SVG lacks).
+struct Paint {
+  std::string value;  // for fill= or stroke=
+  double opacity = 1;
+  std::string conic;  // CSS background, for angular gradients
+};
+
+void appendStops(Svg& defs, const Gradient& gradient) {
+  for (const auto& stop : gradient.stops()) {
+    if (!stop || !stop->color()) continue;
+    Rgba c = rgba(*stop->color());
+    defs.raw("<stop").attr("offset", std::clamp(finite(stop->position()), 0.0, 1.0));
+    defs.attr("stop-color", c.hex());
+    if (c.alpha < 1) defs.attr("stop-opacity", c.alpha);
+    defs.raw("/>");
+  }
+}
+
+std::string conicCss(const Gradient& gradient, const GradientGeometry& g, const Box& box) {
+  std::string css = "conic-gradient(from ";
+  appendNumber(css, g.startAngle);
+  css += "deg at ";
+  appendNumber(css, box.w > 0 ? (g.from.x - box.x) / box.w * 100 : 0);
+  css += "% ";
+  appendNumber(css, box.h > 0 ? (g.from.y - box.y) / box.h * 100 : 0);
+  css += '%';
+  for (const auto& stop : gradient.stops()) {
+    if (!stop || !stop->color()) continue;
+    css += ", ";
+    css += rgba(*stop->color()).css();
+    css += ' ';
+    appendNumber(css, std::clamp(finite(stop->position()), 0.0, 1.0) * 100);
+    css += '%';
+  }
+  return css + ")";
+}
+
+std::optional<Paint> paintOf(const Fill& fill, const Box& box, const std::string& id,
+                             std::string& defsText) {
+  if (!fill.kind()) return std::nullopt;
+  double opacity = std::clamp(finite(fill.opacity().value_or(1), 1), 0.0, 1.0);
+  if (const auto* color = fill.kind()->asColor()) {
+    if (!color->color) return std::nullopt;
+    Rgba c = rgba(*color->color, opacity);
+    return Paint{c.hex(), c.alpha, {}};
+  }
+  const auto* holder = fill.kind()->asGradient();
+  if (!holder || !holder->gradient) return std::nullopt;
+  const Gradient& gradient = *holder->gradient;
+  GradientGeometry g = gradientGeometry(gradient, Rect(box.x, box.y, box.w, box.h));
+  if (gradient.kind() == Gradient::Kind::angular) return Paint{{}, opacity, conicCss(gradient, g, box)};
+
+  Svg defs(defsText);
+  std::string transform;
+  if (g.rotation != 0) transform = rotateAbout(-g.rotation, g.from.x, g.from.y);
+  if (gradient.kind() == Gradient::Kind::radial) {
+    if (g.crossScale != 1) {
+      // Stretch across the axis from `from` to `to`: an ellipse.
+      double axis = std::atan2(g.to.y - g.from.y, g.to.x - g.from.x) * 180 / kPi;
+      if (!transform.empty()) transform += ' ';
+      transform += "translate(";
+      appendNumber(transform, g.from.x);
+      transform += ' ';
+      appendNumber(transform, g.from.y);
+      transform += ") rotate(";
+      appendNumber(transform, axis);
+      transform += ") scale(1 ";
+      appendNumber(transform, g.crossScale);
+      transform += ") rotate(";
+      appendNumber(transform, -axis);
+      transform += ") translate(";
+      appendNumber(transform, -g.from.x);
+      transform += ' ';
+      appendNumber(transform, -g.from.y);
+      transform += ')';
+    }
+    defs.raw("<radialGradient").attr("id", id).attr("gradientUnits", "userSpaceOnUse");
+    defs.attr("cx", g.from.x).attr("cy", g.from.y).attr("r", g.radius);
+  } else {
+    defs.raw("<linearGradient").attr("id", id).attr("gradientUnits", "userSpaceOnUse");
+    defs.attr("x1", g.from.x).attr("y1", g.from.y).attr("x2", g.to.x).attr("y2", g.to.y);
+  }
+  if (!transform.empty()) defs.attr("gradientTransform", transform);
+  defs.raw(">");
+  appendStops(defs, gradient);
+  defs.raw(gradient.kind() == Gradient::Kind::radial ? "</radialGradient>" : "</linearGradient>");
+  return Paint{url(id), opacity, {}};
+}
+
+void appendFontCss(std::string& css, const TextStyle& style) {
+  FontFace face = fontFace(style.fontName());
+  css += "font-family:";
+  detail::appendCssString(css, face.family);
+  css += ",sans-serif;font-weight:" + std::to_string(face.weight) + ';';
+  if (face.italic) css += "font-style:italic;";
+  css += "font-size:";
+  appendNumber(css, style.fontSize());
+  css += "px;";
+  if (style.lineHeight()) {
+    css += "line-height:";
+    appendNumber(css, *style.lineHeight());
+    css += "px;";
+  }
+  if (style.letterSpacing()) {
+    css += "letter-spacing:";
+    appendNumber(css, *style.letterSpacing());
+    css += "px;";
+  }
+  if (style.color()) css += "color:" + rgba(*style.color()).css() + ';';
+}
+
+bool isInner(const Shadow& s) { return s.kind() == Shadow::Kind::inner; }
+
+// How far beyond its frame a layer may paint: its shadows, outside borders and blur.
+double reachOf(const Layer& layer) {
+  double reach = 0;
+  if (layer.shadows()) {
+    for (const auto& s : *layer.shadows()) {
+      if (!s || isInner(*s)) continue;
+      double sigma = std::max(0.0, finite(s->blurRadius())) / 2;
+      reach = std::max(reach, std::max(std::abs(finite(s->x())), std::abs(finite(s->y()))) +
+                                  std::max(0.0, finite(s->spread())) + 3 * sigma);
+    }
+  }
+  if (layer.borders()) {
+    for (const auto& b : *layer.borders()) {
+      if (b) reach = std::max(reach, std::max(0.0, finite(b->thickness())));
+    }
+  }
+  if (layer.blur() && layer.blur()->kind() != Blur::Kind::background) {
+    reach += 3 * std::max(0.0, finite(layer.blur()->radius()));
+  }
+  return reach;
+}
+
+bool hasBackgroundBlur(const Layer& layer) {
+  return layer.blur() && layer.blur()->kind() == Blur::Kind::background &&
+         finite(layer.blur()->radius()) > 0;
+}
+
+double rotationOf(const Layer& layer) { return finite(layer.rotation().value_or(0)); }
+
+// The box a layer covers on the artboard, rotation and reach included.
+Box coverOf(const Layer& layer) {
+  Box b = Box::of(layer.absoluteFrame());
+  double turn = rotationOf(layer);
+  if (turn != 0) {
+    double a = turn * kPi / 180, c = std::abs(std::cos(a)), s = std::abs(std::sin(a));
+    double w = b.w * c + b.h * s, h = b.w * s + b.h * c;
+    b = {b.x + (b.w - w) / 2, b.y + (b.h - h) / 2, w, h};
+  }
+  return b.outset(reachOf(layer));
+}
+
+// Which earlier layers each background blur shows through, within a budget that keeps the
+// whole drawing linear in the number of layers.
+struct Backdrops {
+  std::vector<std::vector<std::size_t>> below;  // per layer, ascending
+  std::vector<bool> referenced;
+};
+
+Backdrops findBackdrops(const std::vector<Ref<Layer>>& layers) {
+  Backdrops out;
+  out.below.resize(layers.size());
+  out.referenced.resize(layers.size());
+  std::size_t steps = 32 * layers.size() + 4096;
+  std::size_t uses = 8 * layers.size() + 1024;
+  std::vector<Box> covers;
+  for (std::size_t i = 0; i < layers.size(); ++i) {
+    if (!layers[i] || !hasBackgroundBlur(*layers[i])) continue;
+    if (covers.empty()) {
+      covers.reserve(layers.size());
+      for (const auto& l : layers) covers.push_back(l ? coverOf(*l) : Box{});
+    }
+    Box self = covers[i];
+    for (std::size_t j = i; j-- > 0 && steps > 0 && uses > 0; --steps) {
+      if (layers[j] && covers[j].intersects(self)) {
+        out.below[i].push_back(j);
+        out.referenced[j] = true;
+        --uses;
+      }
+    }
+    std::reverse(out.below[i].begin(), out.below[i].end());
+  }
+  return out;
+}
+
+class Renderer {
+ public:
+  Renderer(const Snapshot& snapshot, const RenderOptions& options, std::string& out)
+      : snapshot_(snapshot), options_(options), svg_(out) {}
+
+  void run() {
+    double w = std::max(0.0, finite(snapshot_.size().width));
+    double h = std::max(0.0, finite(snapshot_.size().height));
+    svg_.raw("<svg xmlns=\"http://www.w3.org/2000/svg\"").attr("width", w).attr("height", h);
+    std::string viewBox = "0 0 " + detail::number(w) + ' ' + detail::number(h);
+    svg_.attr("viewBox", viewBox).raw(">\n");
+    if (snapshot_.backgroundColor()) {
+      svg_.raw("<rect id=\"bg\"").box({0, 0, w, h}).paint("fill", rgba(*snapshot_.backgroundColor()));
+      svg_.raw("/>\n");
+    }
+    static const std::vector<Ref<Layer>> kNone;
+    const auto& layers = snapshot_.flattenedLayers() ? *snapshot_.flattenedLayers() : kNone;
+    Backdrops backdrops = findBackdrops(layers);
+    for (std::size_t i = 0; i < layers.size(); ++i) {
+      if (!layers[i]) continue;
+      if (!backdrops.below[i].empty() || hasBackgroundBlur(*layers[i])) {
+        drawBackdrop(*layers[i], i, backdrops.below[i]);
+      }
+      drawLayer(*layers[i], i, backdrops.referenced[i]);
+    }
+    if (options_.grid) drawGrid(w, h);
+    if (options_.assets) drawAssets();
+    if (options_.links) drawLinks();
+    svg_.raw("</svg>\n");
+  }
+
+ private:
+  void drawBackdrop(const Layer& layer, std::size_t index, const std::vector<std::size_t>& below) {
+    Box box = Box::of(layer.absoluteFrame());
+    double radius = fitRadius(layer.cornerRadius(), box);
+    double sigma = finite(layer.blur()->radius());
+    std::string prefix = "L" + std::to_string(index);
+    svg_.raw("<defs><clipPath").attr("id", prefix + "-bc").raw("><rect").box(box, radius);
+    if (double turn = rotationOf(layer); turn != 0) {
+      svg_.attr("transform", rotateAbout(-turn, box.x + box.w / 2, box.y + box.h / 2));
+    }
+    svg_.raw("/></clipPath><filter").attr("id", prefix + "-bb");
+    filterRegion(coverOf(layer).outset(3 * sigma));
+    svg_.raw("><feGaussianBlur").attr("stdDeviation", sigma).raw("/></filter></defs>");
+    svg_.raw("<g").attr("data-backdrop", layer.identifier().rawValue());
+    svg_.attr("clip-path", url(prefix + "-bc"));
+    double opacity = std::clamp(finite(layer.opacity(), 1), 0.0, 1.0);
+    if (opacity < 1) svg_.attr("opacity", opacity);
+    svg_.raw("><g").attr("filter", url(prefix + "-bb")).raw(">");
+    if (snapshot_.backgroundColor()) svg_.raw("<use href=\"#bg\"/>");
+    for (std::size_t j : below) svg_.raw("<use").attr("href", "#L" + std::to_string(j)).raw("/>");
+    svg_.raw("</g></g>\n");
+  }
+
+  void filterRegion(const Box& b) {
+    svg_.attr("filterUnits", "userSpaceOnUse").attr("x", b.x).attr("y", b.y);
+    svg_.attr("width", b.w).attr("height", b.h);
+  }
+
+  void drawLayer(const Layer& layer, std::size_t index, bool referenced) {
+    const Box box = Box::of(layer.absoluteFrame());
+    const double radius = fitRadius(layer.cornerRadius(), box);
+    const std::string prefix = "L" + std::to_string(index);
+    const bool isText = layer.kind() && layer.kind()->asText();
+    std::string defsText;
+    Svg defs(defsText);
+    std::string body;
+    Svg draw(body);
+
+    std::vector<const Shadow*> outer, inner;
+    if (layer.shadows()) {
+      for (const auto& s : *layer.shadows()) {
+        if (s && s->color()) (isInner(*s) ? inner : outer).push_back(s.get());
+      }
+    }
+    if (!isText) drawOuterShadows(outer, box, radius, prefix, defs, draw);
+
+    std::size_t n = 0;
+    if (layer.fills()) {
+      for (const auto& fill : *layer.fills()) {
+        if (!fill) continue;
+        auto paint = paintOf(*fill, box, prefix + "-f" + std::to_string(n++), defsText);
+        if (!paint) continue;
+        std::string blend = blendCss(fill->blendMode(), draw);
+        if (!paint->conic.empty()) {
+          std::string css = "width:" + detail::number(box.w) + "px;height:" +
+                            detail::number(box.h) + "px;border-radius:" +
+                            detail::number(radius) + "px;background:" + paint->conic + ';';
+          if (paint->opacity < 1) css += "opacity:" + detail::number(paint->opacity) + ';';
+          draw.raw("<foreignObject").box(box);
+          if (!blend.empty()) draw.attr("style", blend);
+          draw.raw("><div").attr("xmlns", kXhtml).attr("style", css).raw("/></foreignObject>");
+          continue;
+        }
+        draw.raw("<rect").box(box, radius).attr("fill", paint->value);
+        if (paint->opacity < 1) {
+          draw.attr(paint->value[0] == '#' ? "fill-opacity" : "opacity", paint->opacity);
+        }
+        if (!blend.empty()) draw.attr("style", blend);
+        draw.raw("/>");
+      }
+    }
+
+    if (!inner.empty()) {
+      if (isText) {
+        draw.comment("inner shadows of text are not drawn");
+      } else {
+        drawInnerShadows(inner, box, radius, prefix, defs, draw);
+      }
+    }
+    if (layer.borders()) drawBorders(*layer.borders(), box, radius, prefix, defs, draw);
+    if (isText) drawText(*layer.kind()->asText(), outer, box, draw);
+
+    // The layer's own element, with what applies to all it draws.
+    bool blurred = false;
+    if (layer.blur() && !hasBackgroundBlur(layer)) {
+      double sigma = std::max(0.0, finite(layer.blur()->radius()));
+      if (sigma > 0) {
+        blurred = true;
+        defs.raw("<filter").attr("id", prefix + "-b").attr("filterUnits", "userSpaceOnUse");
+        defs.box(box.outset(reachOf(layer)));
+        defs.raw("><feGaussianBlur").attr("stdDeviation", sigma).raw("/></filter>");
+      }
+    }
+    if (!defsText.empty()) svg_.raw("<defs>").raw(defsText).raw("</defs>");
+    std::string blend = blendCss(layer.blendMode(), svg_);
+    svg_.raw("<g").attr("data-layer", layer.identifier().rawValue());
+    if (referenced) svg_.attr("id", prefix);
+    if (double turn = rotationOf(layer); turn != 0) {
+      svg_.attr("transform", rotateAbout(-turn, box.x + box.w / 2, box.y + box.h / 2));
+    }
+    double opacity = std::clamp(finite(layer.opacity(), 1), 0.0, 1.0);
+    if (opacity < 1) svg_.attr("opacity", opacity);
+    if (!blend.empty()) svg_.attr("style", blend);
+    if (blurred) svg_.attr("filter", url(prefix + "-b"));
+    svg_.raw(">").raw(body).raw("</g>\n");
+  }
+
+  // "mix-blend-mode:..." for a mode other than normal; the approximation said in `where`.
+  static std::string blendCss(const std::optional<BlendMode>& mode, Svg& where) {
+    if (!mode || *mode == BlendMode::normal) return {};
+    CssBlendMode css = cssBlendMode(*mode);
+    if (!css.exact) {
+      where.comment("blend mode " + std::string(rawValue(*mode)) + " drawn as " +
+                    std::string(css.name));
+    }
+    if (css.name == "normal") return {};
+    return "mix-blend-mode:" + std::string(css.name);
+  }
+
+  void drawOuterShadows(const std::vector<const Shadow*>& shadows, const Box& box, double radius,
+                        const std::string& prefix, Svg& defs, Svg& draw) {
+    if (shadows.empty()) return;
+    // Seen only outside the outline, as a box shadow is.
+    Box region = box;
+    for (const Shadow* s : shadows) {
+      double sigma = std::max(0.0, finite(s->blurRadius())) / 2;
+      Box shape = box.outset(finite(s->spread())).moved(finite(s->x()), finite(s->y()));
+      Box reach = shape.outset(3 * sigma);
+      double x0 = std::min(region.x, reach.x), y0 = std::min(region.y, reach.y);
+      double x1 = std::max(region.x + region.w, reach.x + reach.w);
+      double y1 = std::max(region.y + region.h, reach.y + reach.h);
+      region = {x0, y0, x1 - x0, y1 - y0};
+    }
+    region = region.outset(1);
+    defs.raw("<mask").attr("id", prefix + "-o").attr("maskUnits", "userSpaceOnUse");
+    defs.box(region).raw("><rect").box(region).attr("fill", "#fff").raw("/><rect");
+    defs.box(box, radius).attr("fill", "#000").raw("/></mask>");
+    std::size_t n = 0;
+    for (const Shadow* s : shadows) {
+      double spread = finite(s->spread());
+      Box shape = box.outset(spread).moved(finite(s->x()), finite(s->y()));
+      if (shape.w <= 0 || shape.h <= 0) continue;
+      double r = radius > 0 ? std::max(0.0, radius + spread) : 0;
+      double sigma = std::max(0.0, finite(s->blurRadius())) / 2;
+      std::string filter = prefix + "-s" + std::to_string(n++);
+      if (sigma > 0) {
+        defs.raw("<filter").attr("id", filter);
+        Box b = shape.outset(3 * sigma);
+        defs.attr("filterUnits", "userSpaceOnUse").box(b);
+        defs.raw("><feGaussianBlur").attr("stdDeviation", sigma).raw("/></filter>");
+      }
+      draw.raw("<rect").box(shape, std::min(r, std::min(shape.w, shape.h) / 2));
+      draw.paint("fill", rgba(*s->color()));
+      if (sigma > 0) draw.attr("filter", url(filter));
+      draw.attr("mask", url(prefix + "-o")).raw("/>");
+    }
+  }
+
+  void drawInnerShadows(const std::vector<const Shadow*>& shadows, const Box& box, double radius,
+                        const std::string& prefix, Svg& defs, Svg& draw) {
+    defs.raw("<clipPath").attr("id", prefix + "-c").raw("><rect").box(box, radius);
+    defs.raw("/></clipPath>");
+    draw.raw("<g").attr("clip-path", url(prefix + "-c")).raw(">");
+    std::size_t n = 0;
+    for (const Shadow* s : shadows) {
+      double spread = finite(s->spread());
+      double sigma = std::max(0.0, finite(s->blurRadius())) / 2;
+      double dx = finite(s->x()), dy = finite(s->y());
+      // Everything around the shifted, shrunk outline casts the shadow inwards.
+      Box hole = box.outset(-spread).moved(dx, dy);
+      Box around = box.outset(std::abs(dx) + std::abs(dy) + std::abs(spread) + 3 * sigma + 1);
+      std::string d;
+      appendRoundedRectPath(d, around, 0);
+      if (hole.w > 0 && hole.h > 0) {
+        appendRoundedRectPath(d, hole, fitRadius(radius - spread, hole));
+      }
+      std::string filter = prefix + "-i" + std::to_string(n++);
+      if (sigma > 0) {
+        defs.raw("<filter").attr("id", filter).attr("filterUnits", "userSpaceOnUse");
+        defs.box(around.outset(3 * sigma));
+        defs.raw("><feGaussianBlur").attr("stdDeviation", sigma).raw("/></filter>");
+      }
+      draw.raw("<path").attr("d", d).attr("fill-rule", "evenodd").paint("fill", rgba(*s->color()));
+      if (sigma > 0) draw.attr("filter", url(filter));
+      draw.raw("/>");
+    }
+    draw.raw("</g>");
+  }
+
+  void drawBorders(const std::vector<Ref<Border>>& borders, const Box& box, double radius,
+                   const std::string& prefix, Svg& defs, Svg& draw) {
+    std::size_t n = 0;
+    for (const auto& border : borders) {
+      if (!border || !border->fill()) continue;
+      double t = finite(border->thickness());
+      if (!(t > 0)) continue;
+      std::string defsText;
+      auto paint = paintOf(*border->fill(), box, prefix + "-k" + std::to_string(n++), defsText);
+      if (!paint) continue;
+      defs.raw(defsText);
+      if (!paint->conic.empty()) {
+        // A stroke cannot take a CSS gradient: the first stop's color stands in.
+        draw.comment("angular gradient border drawn in its first color");
+        const auto* g = border->fill()->kind()->asGradient();
+        const auto& stops = g->gradient->stops();
+        if (stops.empty() || !stops.front() || !stops.front()->color()) continue;
+        Rgba c = rgba(*stops.front()->color(), paint->opacity);
+        paint->value = c.hex();
+        paint->opacity = c.alpha;
+      }
+      std::string blend = blendCss(border->fill()->blendMode(), draw);
+      auto position = border->position().value_or(Border::Position::center);
+      if (position == Border::Position::inside && 2 * t >= std::min(box.w, box.h)) {
+        // The stroke covers the whole inside.
+        draw.raw("<rect").box(box, radius).attr("fill", paint->value);
+        if (paint->opacity < 1) draw.attr("fill-opacity", paint->opacity);
+      } else {
+        Box path = box;
+        double r = radius;
+        if (position == Border::Position::inside) {
+          path = box.outset(-t / 2);
+          r = std::max(0.0, radius - t / 2);
+        } else if (position == Border::Position::outside) {
+          path = box.outset(t / 2);
+          r = radius > 0 ? radius + t / 2 : 0;
+        }
+        draw.raw("<rect").box(path, r).attr("fill", "none").attr("stroke", paint->value);
+        draw.attr("stroke-width", t);
+        if (paint->opacity < 1) draw.attr("stroke-opacity", paint->opacity);
+      }
+      if (!blend.empty()) draw.attr("style", blend);
+      draw.raw("/>");
+    }
+  }
+
+  void drawText(const Layer::Kind::Text& text, const std::vector<const Shadow*>& shadows,
+                const Box& box, Svg& draw) {
+    std::string css = "margin:0;width:" + detail::number(box.w) + "px;height:" +
+                      detail::number(box.h) + "px;white-space:pre-wrap;overflow-wrap:break-word;";
+    if (Ref<TextStyle> paragraph = paragraphStyle(text.rangedTextStyles)) {
+      appendFontCss(css, *paragraph);
+      if (paragraph->alignment()) {
+        css += "text-align:";
+        css += rawValue(*paragraph->alignment());
+        css += ';';
+      }
+    }
+    if (!shadows.empty()) {
+      bool spread = false;
+      css += "text-shadow:";
+      // CSS stacks its first shadow on top; the list puts its first at the bottom.
+      for (auto s = shadows.rbegin(); s != shadows.rend(); ++s) {
+        if (s != shadows.rbegin()) css += ',';
+        css += detail::number(finite((*s)->x())) + "px " + detail::number(finite((*s)->y())) +
+               "px " + detail::number(std::max(0.0, finite((*s)->blurRadius()))) + "px " +
+               rgba(*(*s)->color()).css();
+        spread = spread || finite((*s)->spread()) != 0;
+      }
+      css += ';';
+      if (spread) draw.comment("text shadows are drawn without their spread");
+    }
+    draw.raw("<foreignObject").box(box).attr("style", "overflow:visible");
+    draw.raw("><div").attr("xmlns", kXhtml).attr("style", css).raw(">");
+    const std::string& content = text.content;
+    for (const TextRun& run : textRuns(content, text.rangedTextStyles)) {
+      std::string_view part = std::string_view(content).substr(run.begin, run.end - run.begin);
+      if (!run.style) {
+        draw.text(part);
+        continue;
+      }
+      std::string span;
+      appendFontCss(span, *run.style);
+      draw.raw("<span").attr("style", span).raw(">").text(part).raw("</span>");
+    }
+    draw.raw("</div></foreignObject>");
+  }
+
+  void drawGrid(double width, double height) {
+    const Ref<Grid>& grid = snapshot_.grid();
+    if (!grid) return;
+    constexpr std::int64_t kMostBands = 10000;
+    svg_.raw("<g data-grid=\"\">");
+    double offset = finite(grid->horizontalOffset());
+    if (const auto& v = grid->vertical()) {
+      double column = std::max(0.0, finite(v->columnWidth()));
+      double gutter = std::max(0.0, finite(v->gutterWidth()));
+      // Outside gutters put half a gutter before the first column and after the last.
+      double x = offset + (v->hasOutsideGutters() ? gutter / 2 : 0);
+      std::int64_t count = std::clamp<std::int64_t>(v->columnCount(), 0, kMostBands);
+      for (std::int64_t i = 0; i < count && column > 0; ++i, x += column + gutter) {
+        svg_.raw("<rect").box({x, 0, column, height}).attr("fill", "#ff3b30");
+        svg_.attr("fill-opacity", 0.12).raw("/>");
+      }
+    }
+    if (const auto& h = grid->horizontal()) {
+      double row = std::max(0.0, finite(h->rowHeight()));
+      double gutter = std::max(0.0, finite(h->gutterHeight()));
+      std::int64_t count = 0;
+      for (double y = 0; row > 0 && y < height && count < kMostBands; y += row + gutter, ++count) {
+        svg_.raw("<rect").box({0, y, width, std::min(row, height - y)}).attr("fill", "#007aff");
+        svg_.attr("fill-opacity", 0.08).raw("/>");
+      }
+    }
+    svg_.raw("</g>\n");
+  }
+
+  void drawAssets() {
+    std::unordered_set<std::string> identifiers, names;
+    if (snapshot_.assets()) {
+      for (const auto& asset : *snapshot_.assets()) {
+        if (!asset) continue;
+        if (asset->layerIdentifier()) {
+          identifiers.insert(std::string(asset->layerIdentifier()->rawValue()));
+        } else {
+          names.insert(asset->layerName());
+        }
+      }
+    }
+    svg_.raw("<g data-assets=\"\" fill=\"none\" stroke=\"#0a84ff\" stroke-width=\"1\" "
+             "stroke-dasharray=\"4 2\">");
+    // Every layer of the tree, groups the drawing leaves out included.
+    std::vector<const Layer*> stack;
+    std::unordered_set<const Layer*> seen;
+    if (snapshot_.layers()) {
+      for (auto it = snapshot_.layers()->rbegin(); it != snapshot_.layers()->rend(); ++it) {
+        if (*it) stack.push_back(it->get());
+      }
+    }
+    while (!stack.empty()) {
+      const Layer* layer = stack.back();
+      stack.pop_back();
+      if (!seen.insert(layer).second) continue;
+      if (layer->isExportable() || identifiers.count(std::string(layer->identifier().rawValue())) ||
+          names.count(layer->name())) {
+        Box box = Box::of(layer->absoluteFrame());
+        svg_.raw("<rect").attr("data-asset-layer", layer->identifier().rawValue()).box(box);
+        if (double turn = rotationOf(*layer); turn != 0) {
+          svg_.attr("transform", rotateAbout(-turn, box.x + box.w / 2, box.y + box.h / 2));
+        }
+        svg_.raw("/>");
+      }
+      if (layer->kind() && layer->kind()->asGroup()) {
+        const auto& children = layer->kind()->asGroup()->layers;
+        for (auto it = children.rbegin(); it != children.rend(); ++it) {
+          if (*it) stack.push_back(it->get());
+        }
+      }
+    }
+    svg_.raw("</g>\n");
+  }
+
+  void drawLinks() {
+    if (!snapshot_.links()) return;
+    std::size_t index = 0;
+    for (const auto& link : *snapshot_.links()) {
+      std::size_t i = index++;
+      if (!link) continue;
+      Box box = Box::of(link->frame());
+      std::string label = "no destination";
+      if (link->destination() && link->destination()->kind()) {
+        const auto& kind = *link->destination()->kind();
+        label = kind.asScreen() ? "\u2192 " + kind.asScreen()->name : "\u2190 previous";
+      }
+      svg_.raw("<g").attr("data-link", std::to_string(i)).raw("><rect").box(box);
+      svg_.raw(" fill=\"#ff9500\" fill-opacity=\"0.15\" stroke=\"#ff9500\" stroke-width=\"2\"/>");
+      svg_.raw("<text").attr("x", box.x + 4).attr("y", box.y + 14);
+      svg_.raw(" font-family=\"sans-serif\" font-size=\"12\" fill=\"#c93400\">").text(label);
+      svg_.raw("</text></g>\n");
+    }
+  }
+
+  const Snapshot& snapshot_;
+  const RenderOptions& options_;
+  Svg svg_;
+};
+
+}  // namespace
+
+std::string renderSvg(const Snapshot& snapshot, const RenderOptions& options) {
+  std::string out;
+  Renderer(snapshot, options, out).run();
+  return out;
+}
+
+}  // namespace orvane::handoff

@@ -1,0 +1,46 @@
+// How the hand-off outputs read text layers: font face names and ranged styles.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <orvane/coding/Ref.hpp>
+#include <orvane/styles/RangedTextStyle.hpp>
+#include <orvane/styles/TextStyle.hpp>
+
+namespace orvane::handoff {
+
+/// A font face name (`Inter-SemiBold`) read as the family before its last `-` and the weight
+/// and style after it. Weight names are matched without regard to case (Thin 100, ExtraLight
+/// 200, Light 300, Regular 400, Medium 500, SemiBold 600, Bold 700, ExtraBold 800, Black 900),
+/// a trailing Italic sets the style; a rest that names no weight gives 400, and a name
+/// without `-` is a family of weight 400.
+struct FontFace {
+  std::string family;
+  int weight = 400;
+  bool italic = false;
+};
+FontFace fontFace(std::string_view fontName);
+
+/// A stretch of a text layer's content set in one style, as byte offsets into the content.
+/// `style` is null where no ranged style covers the text.
+struct TextRun {
+  std::size_t begin = 0;
+  std::size_t end = 0;
+  Ref<TextStyle> style;
+};
+
+/// The content cut into runs by its ranged styles, in order, covering it whole. Ranges count
+/// UTF-16 code units; they are clamped to the content, and a bound inside a surrogate pair
+/// moves past the pair. Where ranges overlap, the later one in the list wins. Neighbouring
+/// runs of the same style are one run.
+std::vector<TextRun> textRuns(std::string_view content,
+                              const std::vector<Ref<RangedTextStyle>>& styles);
+
+/// The style that sets the paragraph (alignment, line height): the first of the list that
+/// has one, else null.
+Ref<TextStyle> paragraphStyle(const std::vector<Ref<RangedTextStyle>>& styles);
+
+}  // namespace orvane::handoff
