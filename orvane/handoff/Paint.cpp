@@ -11,7 +11,9 @@ namespace {
 
 constexpr double kPi = 3.14159265358979323846;
 
-double unit(double value) { return std::isfinite(value) ? std::clamp(value, 0.0, 1.0) : 0.0; }
+double unit(double value) {
+  return std::isfinite(value) ? std::clamp(value, 0.0, 1.0) : 0.0;
+}
 
 std::uint8_t channel(double value) {
   return static_cast<std::uint8_t>(std::lround(unit(value) * 255));
@@ -38,8 +40,7 @@ std::string Rgba::css() const {
 }
 
 Rgba rgba(const Color& color) {
-  return {channel(color.red()), channel(color.green()), channel(color.blue()),
-          unit(color.alpha())};
+  return {channel(color.red()), channel(color.green()), channel(color.blue()), unit(color.alpha())};
 }
 
 Rgba rgba(const Color& color, double opacity) {

@@ -105,7 +105,9 @@ class Svg {
   std::string& out_;
 };
 
-std::string url(std::string_view id) { return "url(#" + std::string(id) + ")"; }
+std::string url(std::string_view id) {
+  return "url(#" + std::string(id) + ")";
+}
 
 std::string rotateAbout(double degrees, double cx, double cy) {
   std::string t = "rotate(";
@@ -215,7 +217,8 @@ std::optional<Paint> paintOf(const Fill& fill, const Box& box, const std::string
   if (!holder || !holder->gradient) return std::nullopt;
   const Gradient& gradient = *holder->gradient;
   GradientGeometry g = gradientGeometry(gradient, Rect(box.x, box.y, box.w, box.h));
-  if (gradient.kind() == Gradient::Kind::angular) return Paint{{}, opacity, conicCss(gradient, g, box)};
+  if (gradient.kind() == Gradient::Kind::angular)
+    return Paint{{}, opacity, conicCss(gradient, g, box)};
 
   Svg defs(defsText);
   std::string transform;
@@ -276,7 +279,9 @@ void appendFontCss(std::string& css, const TextStyle& style) {
   if (style.color()) css += "color:" + rgba(*style.color()).css() + ';';
 }
 
-bool isInner(const Shadow& s) { return s.kind() == Shadow::Kind::inner; }
+bool isInner(const Shadow& s) {
+  return s.kind() == Shadow::Kind::inner;
+}
 
 // How far beyond its frame a layer may paint: its shadows, outside borders and blur.
 double reachOf(const Layer& layer) {
@@ -305,7 +310,9 @@ bool hasBackgroundBlur(const Layer& layer) {
          finite(layer.blur()->radius()) > 0;
 }
 
-double rotationOf(const Layer& layer) { return finite(layer.rotation().value_or(0)); }
+double rotationOf(const Layer& layer) {
+  return finite(layer.rotation().value_or(0));
+}
 
 // The box a layer covers on the artboard, rotation and reach included.
 Box coverOf(const Layer& layer) {
@@ -364,7 +371,9 @@ class Renderer {
     std::string viewBox = "0 0 " + detail::number(w) + ' ' + detail::number(h);
     svg_.attr("viewBox", viewBox).raw(">\n");
     if (snapshot_.backgroundColor()) {
-      svg_.raw("<rect id=\"bg\"").box({0, 0, w, h}).paint("fill", rgba(*snapshot_.backgroundColor()));
+      svg_.raw("<rect id=\"bg\"")
+          .box({0, 0, w, h})
+          .paint("fill", rgba(*snapshot_.backgroundColor()));
       svg_.raw("/>\n");
     }
     static const std::vector<Ref<Layer>> kNone;
@@ -437,9 +446,9 @@ class Renderer {
         if (!paint) continue;
         std::string blend = blendCss(fill->blendMode(), draw);
         if (!paint->conic.empty()) {
-          std::string css = "width:" + detail::number(box.w) + "px;height:" +
-                            detail::number(box.h) + "px;border-radius:" +
-                            detail::number(radius) + "px;background:" + paint->conic + ';';
+          std::string css =
+              "width:" + detail::number(box.w) + "px;height:" + detail::number(box.h) +
+              "px;border-radius:" + detail::number(radius) + "px;background:" + paint->conic + ';';
           if (paint->opacity < 1) css += "opacity:" + detail::number(paint->opacity) + ';';
           draw.raw("<foreignObject").box(box);
           if (!blend.empty()) draw.attr("style", blend);
@@ -620,8 +629,9 @@ class Renderer {
 
   void drawText(const Layer::Kind::Text& text, const std::vector<const Shadow*>& shadows,
                 const Box& box, Svg& draw) {
-    std::string css = "margin:0;width:" + detail::number(box.w) + "px;height:" +
-                      detail::number(box.h) + "px;white-space:pre-wrap;overflow-wrap:break-word;";
+    std::string css = "margin:0;width:" + detail::number(box.w) +
+                      "px;height:" + detail::number(box.h) +
+                      "px;white-space:pre-wrap;overflow-wrap:break-word;";
     if (Ref<TextStyle> paragraph = paragraphStyle(text.rangedTextStyles)) {
       appendFontCss(css, *paragraph);
       if (paragraph->alignment()) {
@@ -701,8 +711,9 @@ class Renderer {
         }
       }
     }
-    svg_.raw("<g data-assets=\"\" fill=\"none\" stroke=\"#0a84ff\" stroke-width=\"1\" "
-             "stroke-dasharray=\"4 2\">");
+    svg_.raw(
+        "<g data-assets=\"\" fill=\"none\" stroke=\"#0a84ff\" stroke-width=\"1\" "
+        "stroke-dasharray=\"4 2\">");
     // Every layer of the tree, groups the drawing leaves out included.
     std::vector<const Layer*> stack;
     std::unordered_set<const Layer*> seen;

@@ -30,14 +30,14 @@ struct WeightName {
   int weight;
 };
 constexpr std::array<WeightName, 9> kWeights{{{"Thin", 100},
-                                               {"ExtraLight", 200},
-                                               {"Light", 300},
-                                               {"Regular", 400},
-                                               {"Medium", 500},
-                                               {"SemiBold", 600},
-                                               {"Bold", 700},
-                                               {"ExtraBold", 800},
-                                               {"Black", 900}}};
+                                              {"ExtraLight", 200},
+                                              {"Light", 300},
+                                              {"Regular", 400},
+                                              {"Medium", 500},
+                                              {"SemiBold", 600},
+                                              {"Bold", 700},
+                                              {"ExtraBold", 800},
+                                              {"Black", 900}}};
 
 // Where each UTF-16 offset of `content` falls, as a byte offset; an offset inside a surrogate
 // pair falls after the pair.
@@ -90,16 +90,18 @@ std::vector<TextRun> textRuns(std::string_view content,
   for (std::size_t i = 0; i < styles.size(); ++i) {
     if (!styles[i] || !styles[i]->textStyle()) continue;
     const Range& r = styles[i]->range();
-    std::int64_t begin = std::clamp<std::int64_t>(r.location, 0, units);
     std::int64_t length = std::max<std::int64_t>(r.length, 0);
-    std::int64_t end = length > units - begin ? units : begin + length;
+    bool overflows =
+        r.location > 0 && length > std::numeric_limits<std::int64_t>::max() - r.location;
+    std::int64_t begin = std::clamp<std::int64_t>(r.location, 0, units);
+    std::int64_t end =
+        std::clamp<std::int64_t>(overflows ? units : r.location + length, begin, units);
     if (bytes[begin] == bytes[end]) continue;
     events.push_back({begin, true, i});
     events.push_back({end, false, i});
   }
-  std::sort(events.begin(), events.end(), [&](const Event& a, const Event& b) {
-    return bytes[a.at] < bytes[b.at];
-  });
+  std::sort(events.begin(), events.end(),
+            [&](const Event& a, const Event& b) { return bytes[a.at] < bytes[b.at]; });
 
   std::vector<TextRun> runs;
   auto add = [&](std::size_t begin, std::size_t end, const Ref<TextStyle>& style) {

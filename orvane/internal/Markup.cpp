@@ -87,11 +87,20 @@ void appendXml(std::string& out, std::string_view text) {
     if (at == text.size()) break;
     CodePoint c = readCodePoint(text, at);
     switch (c.value) {
-      case '&': out += "&amp;"; break;
-      case '<': out += "&lt;"; break;
-      case '>': out += "&gt;"; break;
-      case '"': out += "&quot;"; break;
-      default: appendUtf8(out, xmlAllows(c.value) ? c.value : char32_t{0xFFFD});
+      case '&':
+        out += "&amp;";
+        break;
+      case '<':
+        out += "&lt;";
+        break;
+      case '>':
+        out += "&gt;";
+        break;
+      case '"':
+        out += "&quot;";
+        break;
+      default:
+        appendUtf8(out, xmlAllows(c.value) ? c.value : char32_t{0xFFFD});
     }
     at += c.length;
   }

@@ -259,7 +259,8 @@ struct RenderRequest {
 
 int runRender(const RenderRequest& request, Output& out) {
   WarningLines warnings;
-  Settings settings = settingsFor(request.document, request.document.warnings ? &warnings : nullptr);
+  Settings settings =
+      settingsFor(request.document, request.document.warnings ? &warnings : nullptr);
   try {
     JsonDecoder decoder(settings.decoding);
     Ref<Snapshot> snapshot = loadSnapshot(request.document, request.choice, out, decoder);
