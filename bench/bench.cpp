@@ -22,6 +22,7 @@
 #include <simdjson.h>
 #include <nlohmann/json.hpp>
 
+#include <orvane/handoff/Render.hpp>
 #include <orvane/json/JsonDecoder.hpp>
 #include <orvane/json/JsonEncoder.hpp>
 #include <orvane/project/Project.hpp>
@@ -195,6 +196,34 @@ void measure(std::size_t megabytes) {
   measureProject(megabytes);
 }
 
+// Drawing one snapshot against decoding it, at two sizes: the time per layer should not grow.
+void measureRender() {
+  std::printf("\n### Drawing one snapshot (orvane render)\n\n");
+  std::printf("| %8s | %9s | %10s | %10s | %12s | %8s | %13s |\n", "layers", "JSON MB",
+              "decode ms", "render ms", "render/decode", "SVG MB", "render us/layer");
+  std::printf("|%s|%s|%s|%s|%s|%s|%s|\n", std::string(10, '-').c_str(),
+              std::string(11, '-').c_str(), std::string(12, '-').c_str(),
+              std::string(12, '-').c_str(), std::string(14, '-').c_str(),
+              std::string(10, '-').c_str(), std::string(15, '-').c_str());
+  for (int count : {6000, 60000}) {
+    std::string json = orvane::bench::generateSnapshot(count);
+    simdjson::padded_string padded(json);
+    std::string_view view(padded.data(), padded.size());
+    orvane::JsonDecoder decoder;
+    orvane::Ref<orvane::Snapshot> snapshot;
+    double decode =
+        bestSeconds([&] { snapshot = decoder.decodePadded<orvane::Ref<orvane::Snapshot>>(view); },
+                    [&] { snapshot.reset(); });
+    snapshot = decoder.decodePadded<orvane::Ref<orvane::Snapshot>>(view);
+    std::size_t layers = snapshot->flattenedLayers() ? snapshot->flattenedLayers()->size() : 0;
+    std::string svg;
+    double render = bestSeconds([&] { svg = orvane::handoff::renderSvg(*snapshot); });
+    std::printf("| %8zu | %9.1f | %10.2f | %10.2f | %12.2fx | %8.1f | %15.3f |\n", layers,
+                double(json.size()) / 1e6, decode * 1e3, render * 1e3, render / decode,
+                double(svg.size()) / 1e6, render * 1e6 / double(std::max<std::size_t>(layers, 1)));
+  }
+}
+
 }  // namespace
 
 // One decode of a large document in a fresh process: its time and peak resident memory.
@@ -258,4 +287,5 @@ int main(int argc, char** argv) {
   for (int i = 1; i < argc; ++i) sizes.push_back(std::strtoul(argv[i], nullptr, 10));
   if (sizes.empty()) sizes = {1, 10, 100};
   for (auto mb : sizes) measure(mb);
+  measureRender();
 }

@@ -15,7 +15,7 @@ class Generator {
  public:
   Generator(std::string& out, std::uint64_t seed) : w_(out), rng_(seed) {}
 
-  void snapshot() {
+  void snapshot(int layerCount = 120) {
     w_.beginObject();
     w_.key("_id");
     id("snap");
@@ -42,7 +42,7 @@ class Generator {
     for (int i = 0, n = int(between(2, 8)); i < n; ++i) asset();
     w_.endArray();
     w_.key("layers");
-    budget_ = 120;
+    budget_ = layerCount;
     layers(0);
     w_.key("links");
     w_.beginArray();
@@ -692,6 +692,18 @@ std::string generateSnapshots(std::size_t targetBytes, std::uint64_t seed) {
     g.snapshot();
   } while (g.size() < targetBytes);
   g.endArray();
+  return out;
+}
+
+}  // namespace orvane::bench
+
+namespace orvane::bench {
+
+std::string generateSnapshot(int layerCount, std::uint64_t seed) {
+  std::string out;
+  out.reserve(std::size_t(layerCount) * 700 + (1 << 16));
+  Generator g(out, seed);
+  g.snapshot(layerCount);
   return out;
 }
 

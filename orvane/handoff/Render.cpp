@@ -109,6 +109,13 @@ std::string url(std::string_view id) {
   return "url(#" + std::string(id) + ")";
 }
 
+// The id of the layer drawn `index`th; its definitions' ids start with it.
+std::string layerId(std::size_t index) {
+  std::string id = "L";  // built in steps: GCC 12 misreads "L" + std::string as overlapping
+  id += std::to_string(index);
+  return id;
+}
+
 std::string rotateAbout(double degrees, double cx, double cy) {
   std::string t = "rotate(";
   appendNumber(t, degrees);
@@ -397,7 +404,7 @@ class Renderer {
     Box box = Box::of(layer.absoluteFrame());
     double radius = fitRadius(layer.cornerRadius(), box);
     double sigma = finite(layer.blur()->radius());
-    std::string prefix = "L" + std::to_string(index);
+    std::string prefix = layerId(index);
     svg_.raw("<defs><clipPath").attr("id", prefix + "-bc").raw("><rect").box(box, radius);
     if (double turn = rotationOf(layer); turn != 0) {
       svg_.attr("transform", rotateAbout(-turn, box.x + box.w / 2, box.y + box.h / 2));
@@ -411,7 +418,7 @@ class Renderer {
     if (opacity < 1) svg_.attr("opacity", opacity);
     svg_.raw("><g").attr("filter", url(prefix + "-bb")).raw(">");
     if (snapshot_.backgroundColor()) svg_.raw("<use href=\"#bg\"/>");
-    for (std::size_t j : below) svg_.raw("<use").attr("href", "#L" + std::to_string(j)).raw("/>");
+    for (std::size_t j : below) svg_.raw("<use href=\"#").raw(layerId(j)).raw("\"/>");
     svg_.raw("</g></g>\n");
   }
 
@@ -423,7 +430,7 @@ class Renderer {
   void drawLayer(const Layer& layer, std::size_t index, bool referenced) {
     const Box box = Box::of(layer.absoluteFrame());
     const double radius = fitRadius(layer.cornerRadius(), box);
-    const std::string prefix = "L" + std::to_string(index);
+    const std::string prefix = layerId(index);
     const bool isText = layer.kind() && layer.kind()->asText();
     std::string defsText;
     Svg defs(defsText);
