@@ -1,6 +1,7 @@
 // Decodes arbitrary bytes as every registered type. The first byte picks the type; the rest is
 // the document. Whatever decodes must dump, and what it writes must decode again (as an imported
-// document, since many records leave their identifier out) and write the same bytes.
+// document, since many records leave their identifier out) and write the same bytes. A snapshot
+// that decodes is also drawn, overlays and all, and the drawing must be text XML can hold.
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -9,6 +10,9 @@
 #include <cstring>
 #include <string>
 #include <vector>
+
+#include <orvane/handoff/Render.hpp>
+#include <orvane/internal/Markup.hpp>
 
 #include "../tools/orvane/Types.hpp"
 
@@ -44,6 +48,21 @@ void checkLocation(const DecodingError& e, std::string_view text) {
   }
 }
 
+// The drawing holds only UTF-8 and no character XML forbids.
+void drawAndCheck(const Snapshot& snapshot) {
+  std::string svg = handoff::renderSvg(snapshot, {.links = true, .grid = true, .assets = true});
+  for (std::size_t at = 0; at < svg.size();) {
+    orvane::detail::CodePoint c = orvane::detail::readCodePoint(svg, at);
+    bool forbidden = (c.value < 0x20 && c.value != '\t' && c.value != '\n' && c.value != '\r') ||
+                     c.value == 0xFFFE || c.value == 0xFFFF || (c.value == 0xFFFD && c.length == 1);
+    if (forbidden) {
+      std::fprintf(stderr, "the drawing holds U+%04X at byte %zu\n", unsigned(c.value), at);
+      std::abort();
+    }
+    at += c.length;
+  }
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -68,6 +87,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     (void)type.dump(plainDecoder, json, plain);
     if (!type.decode) return 0;
     written = type.decode(plainDecoder, json, plain);
+    if (type.name == "Snapshot") drawAndCheck(*plainDecoder.decodePadded<Ref<Snapshot>>(json));
   } catch (const DecodingError& e) {
     checkLocation(e, json);
     return 0;

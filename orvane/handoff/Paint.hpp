@@ -15,10 +15,10 @@ namespace orvane::handoff {
 
 /// A color as 8-bit sRGB channels and an alpha, each component clamped to [0, 1] first.
 struct Rgba {
-  std::uint8_t red = 0;
-  std::uint8_t green = 0;
-  std::uint8_t blue = 0;
-  double alpha = 1;
+  std::uint8_t red = 0;    ///< 0 to 255
+  std::uint8_t green = 0;  ///< 0 to 255
+  std::uint8_t blue = 0;   ///< 0 to 255
+  double alpha = 1;        ///< 0 to 1
 
   /// "#rrggbb", the alpha left out.
   std::string hex() const;
@@ -34,8 +34,8 @@ Rgba rgba(const Color& color, double opacity);
 /// The CSS `mix-blend-mode` that draws a blend mode: the same mode where CSS has it, else the
 /// nearest one (`exact` false), so that the caller can say so.
 struct CssBlendMode {
-  std::string_view name;
-  bool exact;
+  std::string_view name;  ///< the `mix-blend-mode` keyword
+  bool exact;             ///< whether it composites as the model's mode does
 };
 CssBlendMode cssBlendMode(BlendMode mode);
 
@@ -44,12 +44,12 @@ CssBlendMode cssBlendMode(BlendMode mode);
 /// `conic-gradient` counts). `angle` turns the gradient about `from` counter-clockwise, as a
 /// layer's rotation turns; `scale` stretches a radial gradient across its axis.
 struct GradientGeometry {
-  Point from;
-  Point to;
-  double radius = 0;
-  double startAngle = 0;
-  double rotation = 0;
-  double crossScale = 1;
+  Point from;               ///< the start, in the box's coordinates
+  Point to;                 ///< the end, in the box's coordinates
+  double radius = 0;        ///< the distance from `from` to `to`: a radial gradient's circle
+  double startAngle = 0;    ///< an angular gradient's start, `angle` included
+  double rotation = 0;      ///< `angle`, in degrees counter-clockwise (0 without one)
+  double crossScale = 1;    ///< a radial gradient's `scale` across its axis (else 1)
 };
 GradientGeometry gradientGeometry(const Gradient& gradient, const Rect& box);
 

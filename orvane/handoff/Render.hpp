@@ -5,6 +5,8 @@
 
 #include <orvane/snapshot/Snapshot.hpp>
 
+/// What people build from a decoded design: drawings, and how the model's values read for them.
+/// Reads the records through their public accessors only.
 namespace orvane::handoff {
 
 /// What `renderSvg` draws over the design.

@@ -18,18 +18,18 @@ namespace orvane::handoff {
 /// a trailing Italic sets the style; a rest that names no weight gives 400, and a name
 /// without `-` is a family of weight 400.
 struct FontFace {
-  std::string family;
-  int weight = 400;
-  bool italic = false;
+  std::string family;   ///< as CSS `font-family` names it
+  int weight = 400;     ///< 100 to 900, as CSS `font-weight` counts
+  bool italic = false;  ///< the face is italic
 };
 FontFace fontFace(std::string_view fontName);
 
 /// A stretch of a text layer's content set in one style, as byte offsets into the content.
 /// `style` is null where no ranged style covers the text.
 struct TextRun {
-  std::size_t begin = 0;
-  std::size_t end = 0;
-  Ref<TextStyle> style;
+  std::size_t begin = 0;  ///< the first byte of the run in the content
+  std::size_t end = 0;    ///< the byte after its last
+  Ref<TextStyle> style;   ///< its style; null where no range covers it
 };
 
 /// The content cut into runs by its ranged styles, in order, covering it whole. Ranges count
