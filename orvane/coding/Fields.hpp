@@ -1,50 +1,56 @@
-// One statement per field. A record lists its fields once, in a list macro:
-//
-//   #define ORVANE_BLUR_FIELDS(F)
-//     F(kind, Kind, std::optional<Kind>, "type", tolerant, whenPresent, given, plain)
-//     F(radius, Radius, double, "radius", required, always, given, plain)
-//
-// (each line but the last continued with a backslash)
-//
-// and `ORVANE_FIELDS(Blur, ORVANE_BLUR_FIELDS)` in its class turns that list into its key set,
-// stored members, accessors, the `Fields` that `make` takes, and the coding of every field;
-// `ORVANE_FIELDS_DEFINE` in its source file defines what the class only declares. The list is
-// in the order in which the record reads and writes its members and in which `make` takes them.
-//
-// The columns of a field statement:
-//   name, Name   the field, and its name as setters spell it (`setName`)
-//   Type         as stored (a type with a comma in it needs an alias first)
-//   "key"        its document key (`CodingKeys::name`); `none` for a field never coded
-//   how read     required     a required key
-//                optional     an optional key: absent or null give no value
-//                tolerant     a tolerant key: every failure of the read gives no value
-//                orEmpty      an optional key whose missing value is the type's empty value
-//                             (0, false, "", the empty list)
-//                localOnImport  a required key, but a fresh local value (`Type::local()`)
-//                             without reading it when the decoder reads from an import source
-//                custom       by the record's own `decodeName(decoder, container)`
-//                payload      the same, for a field with no key of its own (key `none`): it is
-//                             read from keys that belong to no field
-//                none         never read
-//   how written  always, whenPresent, unlessLocal (an identifier, left out when it is local),
-//                never, or custom (the record's own `encodeName(container)`)
-//   in `make`    given        a member of `Fields` that must be given
-//                localId      defaults to a fresh local identifier
-//                currentDate  defaults to the current time
-//                empty        defaults to the empty value
-//                none         not taken by `make`; the field starts empty
-//   access       plain        a stored member with a getter `name()` and a setter `setName`
-//                observed     a stored member and its getter; the record defines `setName`,
-//                             which runs the field's wiring
-//                own          the record stores it and writes both accessors itself; decoding
-//                             and `make` store it through `setName`
-//                backRef      a weak reference (Type `WeakRef<T>`) to an owner: the getter gives
-//                             a `Ref<T>` (empty once the owner is gone), the setter takes one;
-//                             listings show the owner's identifier, not the owner
-//                observedBackRef  a `backRef` whose setter the record defines, to run its wiring
-//
-// Decoding and `make` store fields directly (the observers of `observed` fields do not run);
-// the record runs its own wiring afterwards.
+/// \file
+/// The field statements: one per field. A record lists its fields once, in a list macro:
+///
+///     #define ORVANE_BLUR_FIELDS(F)
+///       F(kind, Kind, std::optional<Kind>, "type", tolerant, whenPresent, given, plain)
+///       F(radius, Radius, double, "radius", required, always, given, plain)
+///
+/// (each line but the last continued with a backslash)
+///
+/// and `ORVANE_FIELDS(Blur, ORVANE_BLUR_FIELDS)` in its class turns that list into its key set,
+/// stored members, accessors, the `Fields` that `make` takes, and the coding of every field;
+/// `ORVANE_FIELDS_DEFINE` in its source file defines what the class only declares. The list is
+/// in the order in which the record reads and writes its members and in which `make` takes them.
+/// The reference shows each record's list as the "Fields" table of its class.
+///
+/// The columns of a field statement:
+/// - `name`, `Name`: the field, and its name as setters spell it (`setName`).
+/// - `Type`: as stored (a type with a comma in it needs an alias first).
+/// - `"key"`: its document key (`CodingKeys::name`); `none` for a field never coded.
+/// - How it is read:
+///   - `required`: a required key; absent fails with keyNotFound, null with valueNotFound.
+///   - `optional`: an optional key; absent or null give no value.
+///   - `tolerant`: a tolerant key; every failure of the read gives no value.
+///   - `orEmpty`: an optional key whose missing value is the type's empty value (0, false, "",
+///     the empty list).
+///   - `localOnImport`: a required key, but a fresh local value (`Type::local()`) without
+///     reading it when the decoder reads from an import source.
+///   - `custom`: by the record's own `decodeName(decoder, container)`.
+///   - `payload`: the same, for a field with no key of its own (key `none`): it is read from
+///     keys that belong to no field.
+///   - `none`: never read.
+/// - How it is written: `always`, `whenPresent` (left out when it holds no value),
+///   `unlessLocal` (an identifier, left out when it is local), `never`, or `custom` (the
+///   record's own `encodeName(container)`).
+/// - What `make` does with it:
+///   - `given`: a member of `Fields` that must be given.
+///   - `localId`: defaults to a fresh local identifier.
+///   - `currentDate`: defaults to the current time.
+///   - `empty`: defaults to the empty value.
+///   - `none`: not taken by `make`; the field starts empty.
+/// - How it is accessed:
+///   - `plain`: a stored member with a getter `name()` and a setter `setName`.
+///   - `observed`: a stored member and its getter; the record defines `setName`, which runs the
+///     field's wiring.
+///   - `own`: the record stores or computes it and writes its accessors itself; decoding and
+///     `make` store it through `setName`.
+///   - `backRef`: a weak reference (Type `WeakRef<T>`) to an owner: the getter gives a `Ref<T>`
+///     (empty once the owner is gone), the setter takes one; listings show the owner's
+///     identifier, not the owner.
+///   - `observedBackRef`: a `backRef` whose setter the record defines, to run its wiring.
+///
+/// Decoding and `make` store fields directly (the observers of `observed` fields do not run);
+/// the record runs its own wiring afterwards.
 #pragma once
 
 #include <concepts>
