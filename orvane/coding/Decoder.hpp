@@ -66,6 +66,7 @@ class DecoderBackend {
   virtual ~DecoderBackend();
 
   ///@{
+
   /// What kind of value `node` is; a node is at most one of the three.
   virtual bool isNull(Node node) const noexcept = 0;
   virtual bool isObject(Node node) const noexcept = 0;
@@ -126,6 +127,7 @@ class DecoderBackend {
   virtual Node nextElement(Node element) const noexcept = 0;
 
   ///@{
+
   /// Reads `node` as a scalar into `out`, which is set only on `ok`. A string or URL is a view
   /// into the document and valid while it lives; the coder checks the URL's text and converts
   /// dates by its own strategy.
@@ -251,6 +253,7 @@ class SingleValueDecodingContainer {
   /// The string without a copy; valid while the document lives.
   std::string_view decodeStringView() const;
   ///@{
+
   /// The value as that scalar. Null fails with valueNotFound, another kind with typeMismatch,
   /// and a value of the right kind that does not fit (an Int beyond 64 bits, a date or URL the
   /// coder refuses) with dataCorrupted.
@@ -260,6 +263,7 @@ class SingleValueDecodingContainer {
   Date decodeDate() const;
   Url decodeUrl() const;
   ///@}
+
   /// The path of the value, built on each call.
   CodingPath codingPath() const { return decoder_.codingPath(); }
   /// The path's last link, for `DecodingError::dataCorrupted`.
@@ -325,6 +329,7 @@ class KeyedDecodingContainer {
 
   // Scalar reads behind the templates; each does one lookup and one backend read.
   ///@{
+
   /// A scalar under a required key, as `decode<T>(key)` reads it: absent fails with
   /// keyNotFound, null with valueNotFound, another kind with typeMismatch, a value that does
   /// not fit with dataCorrupted.
@@ -340,7 +345,9 @@ class KeyedDecodingContainer {
   Date decodeDate(std::string_view key) const;
   Url decodeUrl(std::string_view key) const;
   ///@}
+
   ///@{
+
   /// A scalar under an optional key, as `decodeIfPresent<T>(key)` reads it: absent or null
   /// give no value; a value of another kind or one that does not fit fails as above.
   std::optional<std::string> decodeStringIfPresent(std::string_view key) const;
@@ -357,7 +364,9 @@ class KeyedDecodingContainer {
   std::optional<Date> decodeDateIfPresent(std::string_view key) const;
   std::optional<Url> decodeUrlIfPresent(std::string_view key) const;
   ///@}
+
   ///@{
+
   /// A scalar under a tolerant key, as `decodeTolerant<T>(key)` reads it: every failure gives
   /// no value, without raising; a dropped non-null value is reported to the warnings observer.
   /// The string is a view into the document.
