@@ -72,13 +72,18 @@ namespace orvane {
 template <class T>
 struct Required {
   Required() = delete;
+  ///@{
+
+  /// Implicit, so that a designated initializer gives the value as if the member were a T.
   template <class U>
     requires std::constructible_from<T, U&&>
   Required(U&& given) : value(std::forward<U>(given)) {}
   template <class E>
     requires std::constructible_from<T, std::initializer_list<E>>
   Required(std::initializer_list<E> given) : value(given) {}
+  ///@}
 
+  /// What was given; `make` moves it into the record.
   T value;
 };
 
@@ -317,8 +322,10 @@ bool isLocal(const T& identifier) {
     LIST(ORVANE_FIELD_WRITE)                                                                   \
   }                                                                                            \
   void Record::storeFields([[maybe_unused]] Fields&& fields) { LIST(ORVANE_FIELD_TAKE) }
+/// The second part: `visitFields`, which lists every field by name.
 #define ORVANE_FIELDS_VISIT_DEFINE(Record, LIST) \
   void Record::visitFields(::orvane::FieldVisitor& visitor) const { LIST(ORVANE_FIELD_VISIT) }
+/// Both parts, for a record that lists exactly its fields.
 #define ORVANE_FIELDS_DEFINE(Record, LIST) \
   ORVANE_FIELDS_CODING_DEFINE(Record, LIST) ORVANE_FIELDS_VISIT_DEFINE(Record, LIST)
 
@@ -338,9 +345,11 @@ bool isLocal(const T& identifier) {
     MAKE_ORDER(ORVANE_FIELD_TAKE)                                                            \
   }
 
+///@{
+
 /// In the record's source file: `make` stores the fields, `decode` reads them from the
 /// decoder's object and `encode` writes them to the encoder's; `make` and `decode` then run the
-/// wiring member named last, if one is named.
+/// wiring member named last, if one is named. `..._CODING_DEFINE` defines all three.
 #define ORVANE_RECORD_MAKE_DEFINE(Record, ...)                            \
   ::orvane::Ref<Record> Record::make(Fields fields) {                     \
     auto record = ::orvane::makeRef<Record>(::orvane::Passkey<Record>{}); \
@@ -364,6 +373,7 @@ bool isLocal(const T& identifier) {
   ORVANE_RECORD_MAKE_DEFINE(Record __VA_OPT__(, ) __VA_ARGS__)   \
   ORVANE_RECORD_DECODE_DEFINE(Record __VA_OPT__(, ) __VA_ARGS__) \
   ORVANE_RECORD_ENCODE_DEFINE(Record)
+///@}
 
 /// For a record whose `make`, `decode` and `encode` are its fields' alone, then its wiring.
 #define ORVANE_PLAIN_RECORD_DEFINE(Record, LIST, ...) \
