@@ -30,7 +30,10 @@ class Section {
  public:
   class Partial;
 
+  /// Takes the fields; `project` stays empty until a project adopts the section.
   static Ref<Section> make(Fields fields);
+  /// Fails without "_id", "name" or "screens" (a list of identifiers); "description" may be
+  /// missing.
   static Ref<Section> decode(const Decoder& decoder);
   /// Writes "_id" only for an identifier the service assigned (not a local one).
   void encode(Encoder& encoder) const;
