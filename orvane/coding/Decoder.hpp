@@ -54,10 +54,10 @@ inline bool equalBytes(const void* a, const void* b, std::size_t n) noexcept {
 /// What a typed read of the backend found. Reads never throw: the containers turn a status into
 /// the right error, or into no value for a tolerant key.
 enum class ReadStatus : std::uint8_t {
-  ok,
-  null,       // the value is null
-  mismatch,   // a value of another kind
-  corrupted,  // the right kind, but unusable (an Int that does not fit, an invalid date or URL)
+  ok,         ///< the value was read
+  null,       ///< the value is null
+  mismatch,   ///< a value of another kind
+  corrupted,  ///< the right kind, but unusable (an Int that does not fit, an invalid date or URL)
 };
 
 /// The document behind a decoder. Implemented by a coder; records never call it directly.
@@ -74,7 +74,11 @@ class DecoderBackend {
   ///@}
 
   /// How a member's value looks, as far as the containers read it without asking the backend.
-  enum class MemberKind : std::uint8_t { number, null, other };
+  enum class MemberKind : std::uint8_t {
+    number,  ///< a number, whose value the backend has read already
+    null,    ///< null
+    other,   ///< anything else: the containers ask the backend
+  };
 
   /// Per-container lookup state. The backend lays out the members that follow the cursor in
   /// `ahead` (only while no key of the object repeats), so that a record reading its keys in

@@ -1,5 +1,6 @@
-// Raw-value enumerations: cases coded as fixed strings. Each enumeration supplies one table;
-// every operation (raw value, lookup, coding, messages, allCases) is derived from it here.
+/// \file
+/// Raw-value enumerations: cases coded as fixed strings. Each enumeration supplies one table;
+/// every operation (raw value, lookup, coding, messages, allCases) is derived from it here.
 #pragma once
 
 #include <array>
@@ -37,9 +38,15 @@ struct EnumCase {
 template <class E>
 struct EnumTraits;
 
+/// What `ORVANE_ENUM` makes of one case: its enumerator.
 #define ORVANE_ENUM_CASE(name, raw, ...) name,
+/// Declares `enum class Enum` with the cases of the list macro `CASES`, in its order.
 #define ORVANE_ENUM(Enum, CASES) enum class Enum { CASES(ORVANE_ENUM_CASE) };
+/// What `ORVANE_ENUM_TRAITS` makes of one case: its row of the table.
 #define ORVANE_ENUM_TRAITS_CASE(name, raw, ...) {Enum::name, raw, #name},
+/// Specialises `EnumTraits` for `EnumType`, named `shortName` in messages, from the same list
+/// `CASES`; `allCasesListed` says whether `allCases()` is offered. At namespace scope, after
+/// the enumeration's owner.
 #define ORVANE_ENUM_TRAITS(EnumType, shortName, CASES, allCasesListed)     \
   template <>                                                             \
   struct EnumTraits<EnumType> {                                           \
