@@ -26,8 +26,8 @@ class Component : public VersionCollection {
                     ORVANE_FIELD_PARAM_GIVEN)
 
  public:
-  /// Takes the collection's fields, identifier and description included, then points the
-  /// versions back at the new component.
+  /// Takes the collection's fields, each of which must be given (the identifier and the
+  /// description have no default here), then points the versions back at the new component.
   static Ref<Component> make(Fields fields);
   /// Reads a version collection's members and wires its versions; section and project stay
   /// empty until a component section adopts the component.

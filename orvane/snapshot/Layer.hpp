@@ -149,11 +149,11 @@ class Layer : public std::enable_shared_from_this<Layer> {
   /// Stores the fields; a group's children then get the new layer as parent (their snapshot
   /// is not touched).
   static Ref<Layer> make(Fields fields);
-  /// Fails without "name", "sourceId", "rect" or "opacity", when a known "type" lacks its
-  /// payload ("content" and "textStyles", or "layers"), or when an optional member is present
-  /// but invalid; an unknown "type" or "blendMode" gives none. Under the import-source flag
-  /// "_id" is not read. A group's children get the new layer as parent; the snapshot is set
-  /// when one adopts the tree.
+  /// Fails without "_id" (not read under the import-source flag, which gives a fresh local
+  /// one), "name", "sourceId", "rect" or "opacity", when a known "type" lacks its payload
+  /// ("content" and "textStyles", or "layers"), or when an optional member is present but
+  /// invalid; an unknown "type" or "blendMode" gives none. A group's children get the new
+  /// layer as parent; the snapshot is set when one adopts the tree.
   static Ref<Layer> decode(const Decoder& decoder);
   /// Writes every coded member but "_id"; "sourceId" only when it is not local, "type" with its
   /// payload when there is a kind, the optional ones when present.

@@ -80,10 +80,10 @@ class Snapshot : public std::enable_shared_from_this<Snapshot> {
  public:
   /// Stores the fields, then wires itself in as decoding does.
   static Ref<Snapshot> make(Fields fields);
-  /// Fails without numeric "width" and "height", or when a member that is present fails; an
-  /// unknown "density" or "source" leaves none. Under the import-source flag "_id" is not read.
-  /// Then points the grid, every asset and every layer of the tree back here and flattens the
-  /// tree.
+  /// Fails without "_id" (not read under the import-source flag, which gives a fresh local
+  /// one), without numeric "width" and "height", or when a member that is present fails; an
+  /// unknown "density" or "source" leaves none. Then points the grid, every asset and every
+  /// layer of the tree back here and flattens the tree.
   static Ref<Snapshot> decode(const Decoder& decoder);
   /// Writes "width" and "height", "componentNames", and the other coded members when present;
   /// never "_id" nor the flattened tree.
