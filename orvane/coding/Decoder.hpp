@@ -76,7 +76,7 @@ class DecoderBackend {
   /// How a member's value looks, as far as the containers read it without asking the backend.
   enum class MemberKind : std::uint8_t {
     number,  ///< a number, whose value the backend has read already
-    null,    ///< null
+    null,    ///< null, which an optional read takes for absent without asking the backend
     other,   ///< anything else: the containers ask the backend
   };
 
