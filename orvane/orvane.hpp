@@ -57,3 +57,7 @@
 #include <orvane/values/Identifier.hpp>
 #include <orvane/values/Url.hpp>
 #include <orvane/version.hpp>
+
+/// \namespace orvane
+/// The records of the object model, the keyed coding they are written against, and the JSON
+/// coder. Nothing in it keeps global state but the import-source key.

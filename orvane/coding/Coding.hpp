@@ -27,13 +27,19 @@ namespace orvane {
 /// lists and geometry specialise this.
 template <class T>
 struct Coding {
+  /// `T::decode(d)`: fails as the type's own decoding does.
   static T decode(const Decoder& d) { return T::decode(d); }
+  /// `value.encode(e)`.
   static void encode(Encoder& e, const T& value) { value.encode(e); }
 };
 
+/// A record held by reference: decoded into a new `Ref`, written as the record or, when null,
+/// as null.
 template <class R>
 struct Coding<std::shared_ptr<R>> {
+  /// `R::decode(d)`, which wires the new record's children; never null.
   static std::shared_ptr<R> decode(const Decoder& d) { return R::decode(d); }
+  /// The record's own `encode`; null writes null.
   static void encode(Encoder& e, const std::shared_ptr<R>& value) {
     if (value)
       value->encode(e);
@@ -42,8 +48,11 @@ struct Coding<std::shared_ptr<R>> {
   }
 };
 
+/// A list is an array of its elements, each coded as a T, in order.
 template <class T>
 struct Coding<std::vector<T>> {
+  /// Fails on null (valueNotFound) or another kind than an array (typeMismatch); an element's
+  /// failure propagates with the element's index in its path.
   static std::vector<T> decode(const Decoder& d) {
     auto array = d.unkeyedContainer();
     std::vector<T> out;
@@ -51,6 +60,7 @@ struct Coding<std::vector<T>> {
     while (!array.isAtEnd()) out.push_back(array.template decode<T>());
     return out;
   }
+  /// Writes the elements in order; an empty list is an empty array.
   static void encode(Encoder& e, const std::vector<T>& values) {
     auto array = e.unkeyedContainer();
     if constexpr (requires { typename T::element_type; }) {

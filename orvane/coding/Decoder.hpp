@@ -54,10 +54,10 @@ inline bool equalBytes(const void* a, const void* b, std::size_t n) noexcept {
 /// What a typed read of the backend found. Reads never throw: the containers turn a status into
 /// the right error, or into no value for a tolerant key.
 enum class ReadStatus : std::uint8_t {
-  ok,
-  null,       // the value is null
-  mismatch,   // a value of another kind
-  corrupted,  // the right kind, but unusable (an Int that does not fit, an invalid date or URL)
+  ok,         ///< the value was read
+  null,       ///< the value is null
+  mismatch,   ///< a value of another kind
+  corrupted,  ///< the right kind, but unusable (an Int that does not fit, an invalid date or URL)
 };
 
 /// The document behind a decoder. Implemented by a coder; records never call it directly.
@@ -65,12 +65,20 @@ class DecoderBackend {
  public:
   virtual ~DecoderBackend();
 
+  ///@{
+
+  /// What kind of value `node` is; a node is at most one of the three.
   virtual bool isNull(Node node) const noexcept = 0;
   virtual bool isObject(Node node) const noexcept = 0;
   virtual bool isArray(Node node) const noexcept = 0;
+  ///@}
 
   /// How a member's value looks, as far as the containers read it without asking the backend.
-  enum class MemberKind : std::uint8_t { number, null, other };
+  enum class MemberKind : std::uint8_t {
+    number,  ///< a number, whose value the backend has read already
+    null,    ///< null, which an optional read takes for absent without asking the backend
+    other,   ///< anything else: the containers ask the backend
+  };
 
   /// Per-container lookup state. The backend lays out the members that follow the cursor in
   /// `ahead` (only while no key of the object repeats), so that a record reading its keys in
@@ -78,24 +86,28 @@ class DecoderBackend {
   /// the backend's own: where the members after `ahead` begin (zero until it is prepared),
   /// a filter of the keys present, the filter bits of keys that repeat.
   struct LookupState {
+    /// One member laid out ahead of the cursor: its key (bytes owned by the backend's
+    /// document), how its value looks, and the value itself.
     struct Member {
-      const char* key;
-      std::uint32_t keyLength;
-      MemberKind kind;
-      Node value;
-      double number;  // the value as readDouble reads it, when kind is number
+      const char* key;          ///< the key's bytes, not NUL-terminated
+      std::uint32_t keyLength;  ///< in bytes
+      MemberKind kind;          ///< whether `number` holds the value
+      Node value;               ///< the member's value, as the backend names it
+      double number;            ///< the value as readDouble reads it, when kind is number
 
+      /// Whether the member's key is exactly `text`, byte for byte.
       bool hasKey(std::string_view text) const noexcept {
         return keyLength == text.size() && detail::equalBytes(key, text.data(), text.size());
       }
     };
+    /// How many members the backend lays out at most.
     static constexpr std::uint8_t kAhead = 8;
-    Member ahead[kAhead];  // filled by the backend; entries from `count` on are unset
-    std::uint8_t count = 0;
-    std::uint8_t next = 0;  // the member at the cursor, when below count
-    std::uint64_t position = 0;
-    std::uint64_t filter = 0;
-    std::uint64_t repeated = 0;
+    Member ahead[kAhead];        ///< filled by the backend; entries from `count` on are unset
+    std::uint8_t count = 0;      ///< how many entries of `ahead` are set
+    std::uint8_t next = 0;       ///< the member at the cursor, when below count
+    std::uint64_t position = 0;  ///< the backend's: where the members after `ahead` begin
+    std::uint64_t filter = 0;    ///< the backend's: a filter of the keys present
+    std::uint64_t repeated = 0;  ///< the backend's: the filter bits of keys that repeat
   };
 
   /// Whether `node` is an object; when it is, the backend may prepare `state` for its lookups
@@ -113,15 +125,23 @@ class DecoderBackend {
 
   /// The first element of an array and the element count; elements follow through `next`.
   virtual std::size_t arrayCount(Node array) const noexcept = 0;
+  /// Only called on a non-empty array.
   virtual Node firstElement(Node array) const noexcept = 0;
+  /// Only called while an element follows `element`.
   virtual Node nextElement(Node element) const noexcept = 0;
 
+  ///@{
+
+  /// Reads `node` as a scalar into `out`, which is set only on `ok`. A string or URL is a view
+  /// into the document and valid while it lives; the coder checks the URL's text and converts
+  /// dates by its own strategy.
   virtual ReadStatus readString(Node node, std::string_view& out) const noexcept = 0;
   virtual ReadStatus readDouble(Node node, double& out) const noexcept = 0;
   virtual ReadStatus readInt(Node node, std::int64_t& out) const noexcept = 0;
   virtual ReadStatus readBool(Node node, bool& out) const noexcept = 0;
   virtual ReadStatus readDate(Node node, Date& out) const noexcept = 0;
   virtual ReadStatus readUrl(Node node, std::string_view& out) const noexcept = 0;
+  ///@}
 
   /// A phrase for error messages: "a string", "a number", "null", ...
   virtual std::string describe(Node node) const = 0;
@@ -144,6 +164,7 @@ class DecodingWarnings {
 /// every coder gets the same import behaviour.
 class DecodingContext {
  public:
+  /// Refers to all three; they must outlive every decoder of the decode.
   DecodingContext(const DecoderBackend& backend, const UserInfo& userInfo,
                   DecodingWarnings* warnings = nullptr)
       : backend(&backend),
@@ -151,10 +172,13 @@ class DecodingContext {
         warnings(warnings),
         fromImportSource(isFromImportSource(userInfo)) {}
 
+  /// The document being decoded.
   const DecoderBackend* const backend;
+  /// The caller's map, as `Decoder::userInfo()` hands it to records.
   const UserInfo* const userInfo;
   /// Null unless the caller asked to hear of dropped values.
   DecodingWarnings* const warnings;
+  /// True only for a `bool` true under `CodingUserInfoKey::fromImportSource()`.
   const bool fromImportSource;
 };
 
@@ -168,12 +192,14 @@ struct Coding;
 /// `std::optional<T>`, except that an optional record is a null `Ref`.
 template <class T>
 struct OptionalOf {
-  using type = std::optional<T>;
+  using type = std::optional<T>;  ///< no value is `std::nullopt`
 };
+/// A record held by `Ref` needs no `std::optional` around it: null is its absence.
 template <class T>
 struct OptionalOf<std::shared_ptr<T>> {
-  using type = std::shared_ptr<T>;
+  using type = std::shared_ptr<T>;  ///< no value is null
 };
+/// What an optional or tolerant read of a T gives.
 template <class T>
 using Optional = typename OptionalOf<T>::type;
 
@@ -181,22 +207,32 @@ using Optional = typename OptionalOf<T>::type;
 /// that handed it out (its coding path lives on that call's stack).
 class Decoder {
  public:
+  /// A decoder for `node`, at the path that `path` ends (null at the root). Coders and
+  /// containers make them; records receive them.
   Decoder(const DecodingContext& context, Node node, const CodingPathLink* path)
       : context_(&context), node_(node), path_(path) {}
 
   /// The keyed object of this value. May be called more than once: every container reads the
   /// same object. Fails with valueNotFound on null and typeMismatch on any other kind.
   KeyedDecodingContainer container() const;
-  /// The array of this value.
+  /// The array of this value. Fails with valueNotFound on null and typeMismatch on any other
+  /// kind.
   UnkeyedDecodingContainer unkeyedContainer() const;
+  /// This value as a scalar. Never fails itself; its reads do.
   SingleValueDecodingContainer singleValueContainer() const;
 
+  /// The path from the root to this value, built on each call (for errors and messages).
   CodingPath codingPath() const { return CodingPathLink::materialize(path_); }
+  /// The same path as its last link, without building it: what `DecodingError::dataCorrupted`
+  /// takes. Null at the root.
   const CodingPathLink* pathLink() const { return path_; }
+  /// The caller's user-info map, the same for every decoder of the decode.
   const UserInfo& userInfo() const { return *context_->userInfo; }
   /// The user-info flag `fromImportSource`, looked up once per decode.
   bool isFromImportSource() const { return context_->fromImportSource; }
+  /// What every decoder of this decode shares: backend, user info, warnings observer.
   const DecodingContext& context() const { return *context_; }
+  /// This value as the backend names it.
   Node node() const { return node_; }
 
  private:
@@ -211,18 +247,30 @@ class Decoder {
 /// Reads scalar values; a raw-value enumeration or an `Identifier` decodes through it.
 class SingleValueDecodingContainer {
  public:
+  /// Reads the value that `decoder` stands for.
   explicit SingleValueDecodingContainer(const Decoder& decoder) : decoder_(decoder) {}
 
+  /// True when the value is null. Reads nothing else and never fails.
   bool decodeNil() const;
+  /// The value as a String; null fails with valueNotFound, another kind with typeMismatch.
   std::string decodeString() const;
   /// The string without a copy; valid while the document lives.
   std::string_view decodeStringView() const;
+  ///@{
+
+  /// The value as that scalar. Null fails with valueNotFound, another kind with typeMismatch,
+  /// and a value of the right kind that does not fit (an Int beyond 64 bits, a date or URL the
+  /// coder refuses) with dataCorrupted.
   double decodeDouble() const;
   std::int64_t decodeInt() const;
   bool decodeBool() const;
   Date decodeDate() const;
   Url decodeUrl() const;
+  ///@}
+
+  /// The path of the value, built on each call.
   CodingPath codingPath() const { return decoder_.codingPath(); }
+  /// The path's last link, for `DecodingError::dataCorrupted`.
   const CodingPathLink* pathLink() const { return decoder_.pathLink(); }
 
   /// Reads a string without raising: absent strings, nulls and other kinds give no value.
@@ -235,6 +283,8 @@ class SingleValueDecodingContainer {
 /// Reads the members of one keyed object.
 class KeyedDecodingContainer {
  public:
+  /// A container for `object`, whose path `path` ends. Expects an object: `Decoder::container`
+  /// checks that first.
   KeyedDecodingContainer(const DecodingContext& context, Node object, const CodingPathLink* path)
       : context_(&context), object_(object), path_(path) {}
   /// A container for the object under `key` of a container whose path is `parent`; it carries
@@ -255,16 +305,22 @@ class KeyedDecodingContainer {
   template <class T>
   Optional<T> decodeTolerant(std::string_view key) const;
 
+  /// True when the key is present, even with a null value.
   bool contains(std::string_view key) const;
   /// True when the key is absent or null.
   bool decodeNil(std::string_view key) const;
 
+  /// The object under a required key: absent fails with keyNotFound, null with valueNotFound,
+  /// another kind with typeMismatch.
   KeyedDecodingContainer nestedContainer(std::string_view key) const;
+  /// The array under a required key, failing as `nestedContainer` does.
   UnkeyedDecodingContainer nestedUnkeyedContainer(std::string_view key) const;
 
+  /// The path of this object, built on each call.
   CodingPath codingPath() const { return CodingPathLink::materialize(pathLink()); }
   /// Valid during calls on this container.
   const CodingPathLink* pathLink() const { return nested_ ? &self_ : path_; }
+  /// What every decoder of this decode shares.
   const DecodingContext& context() const { return *context_; }
 
   /// Hands the value under a required key to `fn(const Decoder&)`.
@@ -276,6 +332,11 @@ class KeyedDecodingContainer {
   }
 
   // Scalar reads behind the templates; each does one lookup and one backend read.
+  ///@{
+
+  /// A scalar under a required key, as `decode<T>(key)` reads it: absent fails with
+  /// keyNotFound, null with valueNotFound, another kind with typeMismatch, a value that does
+  /// not fit with dataCorrupted.
   std::string decodeString(std::string_view key) const;
   double decodeDouble(std::string_view key) const {
     if (const Member* m = takeNext(key)) {
@@ -287,6 +348,12 @@ class KeyedDecodingContainer {
   bool decodeBool(std::string_view key) const;
   Date decodeDate(std::string_view key) const;
   Url decodeUrl(std::string_view key) const;
+  ///@}
+
+  ///@{
+
+  /// A scalar under an optional key, as `decodeIfPresent<T>(key)` reads it: absent or null
+  /// give no value; a value of another kind or one that does not fit fails as above.
   std::optional<std::string> decodeStringIfPresent(std::string_view key) const;
   std::optional<double> decodeDoubleIfPresent(std::string_view key) const {
     if (const Member* m = takeNext(key)) {
@@ -300,12 +367,20 @@ class KeyedDecodingContainer {
   std::optional<bool> decodeBoolIfPresent(std::string_view key) const;
   std::optional<Date> decodeDateIfPresent(std::string_view key) const;
   std::optional<Url> decodeUrlIfPresent(std::string_view key) const;
+  ///@}
+
+  ///@{
+
+  /// A scalar under a tolerant key, as `decodeTolerant<T>(key)` reads it: every failure gives
+  /// no value, without raising; a dropped non-null value is reported to the warnings observer.
+  /// The string is a view into the document.
   std::optional<std::string_view> tolerantStringView(std::string_view key) const noexcept;
   std::optional<double> tolerantDouble(std::string_view key) const noexcept;
   std::optional<std::int64_t> tolerantInt(std::string_view key) const noexcept;
   std::optional<bool> tolerantBool(std::string_view key) const noexcept;
   std::optional<Date> tolerantDate(std::string_view key) const noexcept;
   std::optional<Url> tolerantUrl(std::string_view key) const noexcept;
+  ///@}
 
  private:
   using Member = DecoderBackend::LookupState::Member;
@@ -388,15 +463,22 @@ class KeyedDecodingContainer {
 /// Reads the elements of one array in order.
 class UnkeyedDecodingContainer {
  public:
+  /// A container for `array`, whose path `path` ends, with its cursor at the first element.
+  /// Expects an array: `Decoder::unkeyedContainer` checks that first.
   UnkeyedDecodingContainer(const DecodingContext& context, Node array, const CodingPathLink* path);
   /// A container for the array under `key` of a container whose path is `parent`.
   UnkeyedDecodingContainer(const DecodingContext& context, Node array, const CodingPathLink* parent,
                            std::string_view key);
 
+  /// True once every element has been decoded.
   bool isAtEnd() const { return index_ >= count_; }
+  /// How many elements the array has, decoded or not.
   std::size_t count() const { return count_; }
+  /// The index of the element that `decode` reads next, from 0.
   std::size_t currentIndex() const { return index_; }
+  /// The path of the array, built on each call.
   CodingPath codingPath() const { return CodingPathLink::materialize(pathLink()); }
+  /// The path's last link, for errors.
   const CodingPathLink* pathLink() const { return nested_ ? &self_ : path_; }
 
   /// Decodes the next element; past the end fails with valueNotFound.

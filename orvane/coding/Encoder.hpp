@@ -28,9 +28,13 @@ class EncoderBackend {
   }
   /// Starts the next element of the array at `level`.
   void element(int level) { closeAbove(level); }
+  ///@{
+
   /// Opens an object or an array at the current position and returns its level.
   virtual int openObject() = 0;
   virtual int openArray() = 0;
+  ///@}
+
   /// Closes every container above `level`.
   void closeAbove(int level) {
     // Nearly always the innermost container already: no call then.
@@ -39,14 +43,25 @@ class EncoderBackend {
   /// Starts a member `key` of the innermost container, an object.
   virtual void writeKey(std::string_view key) = 0;
 
+  ///@{
+
+  /// Writes a scalar at the current position: after `member` or `element`, or as a value of
+  /// its own.
   virtual void writeNull() = 0;
   virtual void writeString(std::string_view value) = 0;
   virtual void writeBool(bool value) = 0;
   virtual void writeInt(std::int64_t value) = 0;
-  /// Raises EncodingError for a non-finite number.
+  ///@}
+
+  /// Raises EncodingError for a non-finite number, at `path`.
   virtual void writeDouble(double value, const CodingPathLink* path) = 0;
+  /// Writes the date as the coder's date strategy says; `path` is for a number that the
+  /// strategy makes of it, which may fail as `writeDouble` does.
   virtual void writeDate(Date value, const CodingPathLink* path) = 0;
+  /// Writes the address's text unchanged.
   virtual void writeUrl(const Url& value) = 0;
+
+  ///@{
 
   /// A member `key` of the object at `level` with a scalar value, in one call: most members
   /// are scalars, and a backend can write key and value together. `parent` is the path of the
@@ -56,6 +71,7 @@ class EncoderBackend {
                             const CodingPathLink* parent);
   virtual void memberInt(int level, std::string_view key, std::int64_t value);
   virtual void memberBool(int level, std::string_view key, bool value);
+  ///@}
 
  protected:
   /// Closes containers until the one at `level` is the innermost (or none is open at 0).
@@ -75,13 +91,20 @@ struct Coding;
 /// `container()` more than once writes every container into the same object.
 class Encoder {
  public:
+  /// An encoder for the value that the container at `level` is about to receive, at the path
+  /// that `path` ends. Coders and containers make them; records receive them.
   Encoder(EncoderBackend& backend, int level, const CodingPathLink* path)
       : backend_(&backend), level_(level), path_(path) {}
 
+  /// Opens this value's object on the first call; later calls write into the same object.
   inline KeyedEncodingContainer container();
+  /// Opens this value's array on the first call; later calls append to the same array.
   inline UnkeyedEncodingContainer unkeyedContainer();
+  /// Writes this value as one scalar.
   SingleValueEncodingContainer singleValueContainer();
+  /// The path from the root to this value, built on each call.
   CodingPath codingPath() const { return CodingPathLink::materialize(path_); }
+  /// The same path as its last link, without building it. Null at the root.
   const CodingPathLink* pathLink() const { return path_; }
 
   /// Ends the value: one that wrote nothing becomes an empty object, and every container it
@@ -101,10 +124,18 @@ class Encoder {
   bool wroteScalar_ = false;
 };
 
+/// Writes the value of one encoder as a single scalar. Write once: the value is what was
+/// written.
 class SingleValueEncodingContainer {
  public:
+  /// Writes the value that `encoder` stands for.
   explicit SingleValueEncodingContainer(Encoder& encoder) : encoder_(&encoder) {}
+  /// Writes null.
   void encodeNil();
+  ///@{
+
+  /// Writes the scalar: a date as the coder's date strategy says, an address as its text. A
+  /// non-finite double raises EncodingError.
   void encode(std::string_view value);
   void encode(const std::string& value) { encode(std::string_view(value)); }
   void encode(const char* value) { encode(std::string_view(value)); }
@@ -113,6 +144,7 @@ class SingleValueEncodingContainer {
   void encode(bool value);
   void encode(Date value);
   void encode(const Url& value);
+  ///@}
 
  private:
   EncoderBackend& backend() { return *encoder_->backend_; }
@@ -123,8 +155,11 @@ class SingleValueEncodingContainer {
 /// Writes the members of one object.
 class KeyedEncodingContainer {
  public:
+  /// Writes into the object open at `level`, whose path `path` ends.
   KeyedEncodingContainer(EncoderBackend& backend, int level, const CodingPathLink* path)
       : backend_(&backend), level_(level), path_(path) {}
+  /// Writes into the object open at `level` under `key` of a container whose path is
+  /// `parent`; it carries its own last path link, so it may outlive the call that made it.
   KeyedEncodingContainer(EncoderBackend& backend, int level, const CodingPathLink* parent,
                          std::string_view key)
       : backend_(&backend), level_(level), path_(nullptr), self_{parent, key}, nested_(true) {}
@@ -137,13 +172,23 @@ class KeyedEncodingContainer {
   void encodeIfPresent(std::string_view key, const T& value) {
     if (value) encode(key, *value);
   }
+  /// Writes `key` with a null value (a record that must send the member even without a value).
   void encodeNil(std::string_view key);
 
+  /// Opens an object as the member `key`; it ends where this object's next member begins.
   KeyedEncodingContainer nestedContainer(std::string_view key);
+  /// Opens an array as the member `key`; it ends where this object's next member begins.
   UnkeyedEncodingContainer nestedUnkeyedContainer(std::string_view key);
+  /// The path's last link, for errors.
   const CodingPathLink* pathLink() const { return nested_ ? &self_ : path_; }
+  /// The path of this object, built on each call.
   CodingPath codingPath() const { return CodingPathLink::materialize(pathLink()); }
 
+  ///@{
+
+  /// A scalar member in one call, without an encoder for the value: what `encode<T>` comes
+  /// to for strings, numbers, Booleans, dates and addresses. A non-finite double raises
+  /// EncodingError.
   void encode(std::string_view key, std::string_view value) {
     backend_->memberString(level_, key, value);
   }
@@ -158,6 +203,7 @@ class KeyedEncodingContainer {
   void encode(std::string_view key, bool value) { backend_->memberBool(level_, key, value); }
   void encode(std::string_view key, Date value);
   void encode(std::string_view key, const Url& value);
+  ///@}
 
  private:
   EncoderBackend* backend_;
@@ -170,12 +216,16 @@ class KeyedEncodingContainer {
 /// Writes the elements of one array.
 class UnkeyedEncodingContainer {
  public:
+  /// Appends to the array open at `level`, whose path `path` ends.
   UnkeyedEncodingContainer(EncoderBackend& backend, int level, const CodingPathLink* path)
       : backend_(&backend), level_(level), path_(path) {}
+  /// Appends to the array open at `level` under `key` of a container whose path is `parent`.
   UnkeyedEncodingContainer(EncoderBackend& backend, int level, const CodingPathLink* parent,
                            std::string_view key)
       : backend_(&backend), level_(level), path_(nullptr), self_{parent, key}, nested_(true) {}
 
+  /// Appends `value` as the next element, through `Coding<T>`; an element that writes
+  /// nothing is an empty object.
   template <class T>
   void encode(const T& value) {
     backend_->element(level_);
@@ -184,7 +234,9 @@ class UnkeyedEncodingContainer {
     Coding<T>::encode(sub, value);
     sub.finish();
   }
+  /// How many elements this container has appended.
   std::size_t count() const { return count_; }
+  /// The path's last link, for errors.
   const CodingPathLink* pathLink() const { return nested_ ? &self_ : path_; }
 
  private:

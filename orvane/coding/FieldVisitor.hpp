@@ -22,15 +22,24 @@ namespace orvane {
 class FieldVisitor {
  public:
   virtual ~FieldVisitor();
+  ///@{
+
+  /// A scalar: a member's value after `key`, or an array's element.
   virtual void null() = 0;
   virtual void boolean(bool value) = 0;
   virtual void integer(std::int64_t value) = 0;
   virtual void number(double value) = 0;
   virtual void string(std::string_view value) = 0;
+  ///@}
+  /// An object begins; `key` and a value follow for each member, then `endObject`.
   virtual void beginObject() = 0;
+  /// The next member's name; its value follows.
   virtual void key(std::string_view name) = 0;
+  /// The object begun last ends.
   virtual void endObject() = 0;
+  /// An array begins; its elements follow, then `endArray`.
   virtual void beginArray() = 0;
+  /// The array begun last ends.
   virtual void endArray() = 0;
 
   /// One member: the field's name, then its value.
@@ -38,6 +47,11 @@ class FieldVisitor {
   void field(std::string_view name, const T& value);
 };
 
+///@{
+
+/// Shows a value to `v`: strings, numbers and Booleans as themselves; an identifier as its raw
+/// value, a date as ISO 8601 text with milliseconds, an address as its text; a rectangle, point,
+/// size or range as an object of its components, named as they are coded.
 void describe(FieldVisitor& v, const std::string& value);
 void describe(FieldVisitor& v, double value);
 void describe(FieldVisitor& v, std::int64_t value);
@@ -49,6 +63,7 @@ void describe(FieldVisitor& v, const Rect& value);
 void describe(FieldVisitor& v, const Point& value);
 void describe(FieldVisitor& v, const Size& value);
 void describe(FieldVisitor& v, const Range& value);
+///@}
 
 /// A raw-value enumeration shows its case name; a record or value with `visitFields` shows an
 /// object of its fields.
@@ -63,6 +78,7 @@ void describe(FieldVisitor& v, const T& value) {
   }
 }
 
+/// No value shows as null.
 template <class T>
 void describe(FieldVisitor& v, const std::optional<T>& value) {
   if (value)
@@ -71,6 +87,7 @@ void describe(FieldVisitor& v, const std::optional<T>& value) {
     v.null();
 }
 
+/// A list shows as an array of its elements.
 template <class T>
 void describe(FieldVisitor& v, const std::vector<T>& values) {
   v.beginArray();
@@ -78,6 +95,7 @@ void describe(FieldVisitor& v, const std::vector<T>& values) {
   v.endArray();
 }
 
+/// A record shows as its fields; null as null.
 template <class T>
 void describe(FieldVisitor& v, const std::shared_ptr<T>& value) {
   if (value)
@@ -95,6 +113,7 @@ void describe(FieldVisitor& v, const std::weak_ptr<T>& value) {
     v.null();
 }
 
+/// An ordered map shows as an object with a member per entry, in key order.
 template <class K, class T, class C>
 void describe(FieldVisitor& v, const std::map<K, T, C>& values) {
   v.beginObject();

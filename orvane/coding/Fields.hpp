@@ -1,50 +1,56 @@
-// One statement per field. A record lists its fields once, in a list macro:
-//
-//   #define ORVANE_BLUR_FIELDS(F)
-//     F(kind, Kind, std::optional<Kind>, "type", tolerant, whenPresent, given, plain)
-//     F(radius, Radius, double, "radius", required, always, given, plain)
-//
-// (each line but the last continued with a backslash)
-//
-// and `ORVANE_FIELDS(Blur, ORVANE_BLUR_FIELDS)` in its class turns that list into its key set,
-// stored members, accessors, the `Fields` that `make` takes, and the coding of every field;
-// `ORVANE_FIELDS_DEFINE` in its source file defines what the class only declares. The list is
-// in the order in which the record reads and writes its members and in which `make` takes them.
-//
-// The columns of a field statement:
-//   name, Name   the field, and its name as setters spell it (`setName`)
-//   Type         as stored (a type with a comma in it needs an alias first)
-//   "key"        its document key (`CodingKeys::name`); `none` for a field never coded
-//   how read     required     a required key
-//                optional     an optional key: absent or null give no value
-//                tolerant     a tolerant key: every failure of the read gives no value
-//                orEmpty      an optional key whose missing value is the type's empty value
-//                             (0, false, "", the empty list)
-//                localOnImport  a required key, but a fresh local value (`Type::local()`)
-//                             without reading it when the decoder reads from an import source
-//                custom       by the record's own `decodeName(decoder, container)`
-//                payload      the same, for a field with no key of its own (key `none`): it is
-//                             read from keys that belong to no field
-//                none         never read
-//   how written  always, whenPresent, unlessLocal (an identifier, left out when it is local),
-//                never, or custom (the record's own `encodeName(container)`)
-//   in `make`    given        a member of `Fields` that must be given
-//                localId      defaults to a fresh local identifier
-//                currentDate  defaults to the current time
-//                empty        defaults to the empty value
-//                none         not taken by `make`; the field starts empty
-//   access       plain        a stored member with a getter `name()` and a setter `setName`
-//                observed     a stored member and its getter; the record defines `setName`,
-//                             which runs the field's wiring
-//                own          the record stores it and writes both accessors itself; decoding
-//                             and `make` store it through `setName`
-//                backRef      a weak reference (Type `WeakRef<T>`) to an owner: the getter gives
-//                             a `Ref<T>` (empty once the owner is gone), the setter takes one;
-//                             listings show the owner's identifier, not the owner
-//                observedBackRef  a `backRef` whose setter the record defines, to run its wiring
-//
-// Decoding and `make` store fields directly (the observers of `observed` fields do not run);
-// the record runs its own wiring afterwards.
+/// \file
+/// The field statements: one per field. A record lists its fields once, in a list macro:
+///
+///     #define ORVANE_BLUR_FIELDS(F)
+///       F(kind, Kind, std::optional<Kind>, "type", tolerant, whenPresent, given, plain)
+///       F(radius, Radius, double, "radius", required, always, given, plain)
+///
+/// (each line but the last continued with a backslash)
+///
+/// and `ORVANE_FIELDS(Blur, ORVANE_BLUR_FIELDS)` in its class turns that list into its key set,
+/// stored members, accessors, the `Fields` that `make` takes, and the coding of every field;
+/// `ORVANE_FIELDS_DEFINE` in its source file defines what the class only declares. The list is
+/// in the order in which the record reads and writes its members and in which `make` takes them.
+/// The reference shows each record's list as the "Fields" table of its class.
+///
+/// The columns of a field statement:
+/// - `name`, `Name`: the field, and its name as setters spell it (`setName`).
+/// - `Type`: as stored (a type with a comma in it needs an alias first).
+/// - `"key"`: its document key (`CodingKeys::name`); `none` for a field never coded.
+/// - How it is read:
+///   - `required`: a required key; absent fails with keyNotFound, null with valueNotFound.
+///   - `optional`: an optional key; absent or null give no value.
+///   - `tolerant`: a tolerant key; every failure of the read gives no value.
+///   - `orEmpty`: an optional key whose missing value is the type's empty value (0, false, "",
+///     the empty list).
+///   - `localOnImport`: a required key, but a fresh local value (`Type::local()`) without
+///     reading it when the decoder reads from an import source.
+///   - `custom`: by the record's own `decodeName(decoder, container)`.
+///   - `payload`: the same, for a field with no key of its own (key `none`): it is read from
+///     keys that belong to no field.
+///   - `none`: never read.
+/// - How it is written: `always`, `whenPresent` (left out when it holds no value),
+///   `unlessLocal` (an identifier, left out when it is local), `never`, or `custom` (the
+///   record's own `encodeName(container)`).
+/// - What `make` does with it:
+///   - `given`: a member of `Fields` that must be given.
+///   - `localId`: defaults to a fresh local identifier.
+///   - `currentDate`: defaults to the current time.
+///   - `empty`: defaults to the empty value.
+///   - `none`: not taken by `make`; the field starts empty.
+/// - How it is accessed:
+///   - `plain`: a stored member with a getter `name()` and a setter `setName`.
+///   - `observed`: a stored member and its getter; the record defines `setName`, which runs the
+///     field's wiring.
+///   - `own`: the record stores or computes it and writes its accessors itself; decoding and
+///     `make` store it through `setName`.
+///   - `backRef`: a weak reference (Type `WeakRef<T>`) to an owner: the getter gives a `Ref<T>`
+///     (empty once the owner is gone), the setter takes one; listings show the owner's
+///     identifier, not the owner.
+///   - `observedBackRef`: a `backRef` whose setter the record defines, to run its wiring.
+///
+/// Decoding and `make` store fields directly (the observers of `observed` fields do not run);
+/// the record runs its own wiring afterwards.
 #pragma once
 
 #include <concepts>
@@ -66,13 +72,18 @@ namespace orvane {
 template <class T>
 struct Required {
   Required() = delete;
+  ///@{
+
+  /// Implicit, so that a designated initializer gives the value as if the member were a T.
   template <class U>
     requires std::constructible_from<T, U&&>
   Required(U&& given) : value(std::forward<U>(given)) {}
   template <class E>
     requires std::constructible_from<T, std::initializer_list<E>>
   Required(std::initializer_list<E> given) : value(given) {}
+  ///@}
 
+  /// What was given; `make` moves it into the record.
   T value;
 };
 
@@ -311,8 +322,10 @@ bool isLocal(const T& identifier) {
     LIST(ORVANE_FIELD_WRITE)                                                                   \
   }                                                                                            \
   void Record::storeFields([[maybe_unused]] Fields&& fields) { LIST(ORVANE_FIELD_TAKE) }
+/// The second part: `visitFields`, which lists every field by name.
 #define ORVANE_FIELDS_VISIT_DEFINE(Record, LIST) \
   void Record::visitFields(::orvane::FieldVisitor& visitor) const { LIST(ORVANE_FIELD_VISIT) }
+/// Both parts, for a record that lists exactly its fields.
 #define ORVANE_FIELDS_DEFINE(Record, LIST) \
   ORVANE_FIELDS_CODING_DEFINE(Record, LIST) ORVANE_FIELDS_VISIT_DEFINE(Record, LIST)
 
@@ -332,9 +345,11 @@ bool isLocal(const T& identifier) {
     MAKE_ORDER(ORVANE_FIELD_TAKE)                                                            \
   }
 
+///@{
+
 /// In the record's source file: `make` stores the fields, `decode` reads them from the
 /// decoder's object and `encode` writes them to the encoder's; `make` and `decode` then run the
-/// wiring member named last, if one is named.
+/// wiring member named last, if one is named. `..._CODING_DEFINE` defines all three.
 #define ORVANE_RECORD_MAKE_DEFINE(Record, ...)                            \
   ::orvane::Ref<Record> Record::make(Fields fields) {                     \
     auto record = ::orvane::makeRef<Record>(::orvane::Passkey<Record>{}); \
@@ -358,6 +373,7 @@ bool isLocal(const T& identifier) {
   ORVANE_RECORD_MAKE_DEFINE(Record __VA_OPT__(, ) __VA_ARGS__)   \
   ORVANE_RECORD_DECODE_DEFINE(Record __VA_OPT__(, ) __VA_ARGS__) \
   ORVANE_RECORD_ENCODE_DEFINE(Record)
+///@}
 
 /// For a record whose `make`, `decode` and `encode` are its fields' alone, then its wiring.
 #define ORVANE_PLAIN_RECORD_DEFINE(Record, LIST, ...) \

@@ -46,6 +46,7 @@ class RecordArena {
   RecordArena(const RecordArena&) = delete;
   RecordArena& operator=(const RecordArena&) = delete;
 
+  /// What the chunks hold now; see `RecordArenaStatistics` for what is not yet counted.
   RecordArenaStatistics statistics() const;
   /// Gives the cached chunks back to the system.
   void releaseCachedChunks();
@@ -68,6 +69,8 @@ class RecordArena {
 /// when the inner one ends. A disabled scope (`enabled == false`) leaves its records on the heap.
 class RecordArenaScope {
  public:
+  /// Packs this thread's records into `arena` until the scope ends, or, when `enabled` is
+  /// false, leaves them on the heap (an inner scope may turn packing off for its part).
   explicit RecordArenaScope(RecordArena& arena, bool enabled = true);
   ~RecordArenaScope();
   RecordArenaScope(const RecordArenaScope&) = delete;

@@ -23,8 +23,11 @@ concept SingleValueCodable = requires(const T& t, std::string_view raw) {
 /// "Decoding <Type> from “<raw>” failed."
 std::string refusedSingleValueMessage(std::string_view typeName, std::string_view raw);
 
+/// A single-value type is coded as its raw string.
 template <SingleValueCodable T>
 struct Coding<T> {
+  /// Text that `T::fromRawValue` refuses fails with dataCorrupted, worded by
+  /// `refusedSingleValueMessage`; a value that is no string fails as a string read does.
   static T decode(const Decoder& d) {
     auto c = d.singleValueContainer();
     // A view into the document: a type that keeps its value inline copies it once, directly.
@@ -32,9 +35,11 @@ struct Coding<T> {
     if (auto value = T::fromRawValue(raw)) return std::move(*value);
     throw DecodingError::dataCorrupted(c.pathLink(), refusedSingleValueMessage(T::typeName, raw));
   }
+  /// Writes the raw value.
   static void encode(Encoder& e, const T& value) {
     e.singleValueContainer().encode(std::string_view(value.rawValue()));
   }
+  /// The raw value, which a keyed container writes as the member in one call.
   static decltype(auto) text(const T& value) { return value.rawValue(); }
 };
 

@@ -37,6 +37,7 @@ struct CssBlendMode {
   std::string_view name;  ///< the `mix-blend-mode` keyword
   bool exact;             ///< whether it composites as the model's mode does
 };
+/// How `mode` is drawn in CSS.
 CssBlendMode cssBlendMode(BlendMode mode);
 
 /// A gradient laid on a box: its end points in the box's coordinates, the circle of a radial
@@ -51,6 +52,7 @@ struct GradientGeometry {
   double rotation = 0;      ///< `angle`, in degrees counter-clockwise (0 without one)
   double crossScale = 1;    ///< a radial gradient's `scale` across its axis (else 1)
 };
+/// The gradient laid on `box` (its unit coordinates scaled to the box).
 GradientGeometry gradientGeometry(const Gradient& gradient, const Rect& box);
 
 }  // namespace orvane::handoff

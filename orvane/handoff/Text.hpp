@@ -22,6 +22,7 @@ struct FontFace {
   int weight = 400;     ///< 100 to 900, as CSS `font-weight` counts
   bool italic = false;  ///< the face is italic
 };
+/// The face that `fontName` names.
 FontFace fontFace(std::string_view fontName);
 
 /// A stretch of a text layer's content set in one style, as byte offsets into the content.

@@ -23,8 +23,11 @@ class Extension::Author {
   ORVANE_FIELDS(Author, ORVANE_EXTENSION_AUTHOR_FIELDS)
 
  public:
+  /// Takes name, e-mail address and address, each of which may be empty.
   static Ref<Author> make(Fields fields);
+  /// Every member may be missing; an "url" that is no valid address fails.
   static Ref<Author> decode(const Decoder& decoder);
+  /// Writes each member that is present.
   void encode(Encoder& encoder) const;
 };
 
@@ -47,6 +50,7 @@ class Extension::Manifest {
   ORVANE_FIELDS(Manifest, ORVANE_EXTENSION_MANIFEST_FIELDS)
 
  public:
+  /// Takes every coded field; `extension` stays empty.
   static Ref<Manifest> make(Fields fields);
   /// Leaves `extension` empty: whoever loads the manifest for an extension sets it.
   static Ref<Manifest> decode(const Decoder& decoder);

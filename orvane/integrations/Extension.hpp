@@ -31,7 +31,9 @@ class Extension {
   ORVANE_FIELDS(Extension, ORVANE_EXTENSION_FIELDS)
 
  public:
+  /// The identifier defaults to a fresh local one.
   static Ref<Extension> make(Fields fields);
+  /// Fails without "_id", "name", "manifestURL" or "default"; "description" may be missing.
   static Ref<Extension> decode(const Decoder& decoder);
   /// Writes the identifier only when the service assigned it (it is not local).
   void encode(Encoder& encoder) const;

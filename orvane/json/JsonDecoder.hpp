@@ -13,14 +13,17 @@
 
 namespace orvane {
 
+/// How a JsonDecoder reads: dates, user info, depth, packing, and who hears of dropped values.
 struct JsonDecoderOptions {
+  /// How dates are read: ISO 8601 text unless told otherwise.
   DateStrategy dates = DateStrategy::iso8601;
-  /// Handed to every record's decoding, e.g. the `fromImportSource` flag.
+  /// Handed to every record's decoding: the `fromImportSource` flag, say.
   UserInfo userInfo;
   /// Documents nested deeper than this many arrays and objects are refused as invalid (an
   /// empty one does not count as a level). The parser keeps memory for every level, so a
   /// larger limit counts as `kDeepestLimit`.
   std::size_t maxDepth = 512;
+  /// The deepest `maxDepth` that counts as given.
   static constexpr std::size_t kDeepestLimit = std::size_t{1} << 20;
   /// Packs the decoded records into large chunks of the decoder's own `RecordArena`: faster, and
   /// smaller, but a record kept from a released graph keeps its chunk. Turn it off to decode
@@ -38,16 +41,26 @@ struct JsonDecoderOptions {
 /// A JsonDecoder keeps its parser's buffers between calls; use one per thread.
 class JsonDecoder {
  public:
+  /// Keeps `options` for every decode; the parser's buffers are allocated on first use.
   explicit JsonDecoder(JsonDecoderOptions options = {});
   ~JsonDecoder();
+  ///@{
+
+  /// Takes over the parser, its buffers and its arena; the decoder moved from may only be
+  /// assigned to or destroyed.
   JsonDecoder(JsonDecoder&&) noexcept;
   JsonDecoder& operator=(JsonDecoder&&) noexcept;
+  ///@}
 
+  /// As given to the constructor.
   const JsonDecoderOptions& options() const { return options_; }
+  ///@{
+
   /// The chunks that this decoder packs records into (`JsonDecoderOptions::packRecords`), with
   /// their statistics. Records may outlive the decoder.
   RecordArena& recordArena();
   const RecordArena& recordArena() const;
+  ///@}
 
   /// Decodes `T` from `json`, which is copied into a padded buffer first.
   template <class T>
@@ -62,6 +75,7 @@ class JsonDecoder {
     return decodeImpl<T>(json, true);
   }
 
+  /// How many readable bytes `decodePadded` needs after the end of the text.
   static constexpr std::size_t kPadding = 64;
 
  private:

@@ -8,7 +8,9 @@
 
 namespace orvane {
 
+/// How a JsonEncoder writes: dates, and compact or indented text.
 struct JsonEncoderOptions {
+  /// How dates are written: ISO 8601 text in UTC unless told otherwise.
   DateStrategy dates = DateStrategy::iso8601;
   /// Indent by two spaces instead of writing compact text.
   bool pretty = false;
@@ -18,8 +20,11 @@ struct JsonEncoderOptions {
 /// Raises EncodingError for a non-finite number.
 class JsonEncoder {
  public:
+  /// Keeps `options` for every encode.
   explicit JsonEncoder(JsonEncoderOptions options = {}) : options_(options) {}
 
+  /// The JSON text of `value`, as `Coding<T>` writes it; raises EncodingError for a non-finite
+  /// number.
   template <class T>
   std::string encode(const T& value) const {
     std::string out;

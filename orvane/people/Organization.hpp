@@ -20,9 +20,10 @@ class Organization {
  public:
 #define ORVANE_ORGANIZATION_STATUS(C) \
   C(active, "active") C(suspended, "suspended") C(deleted, "deleted")
+  /// The account's standing with the service.
   ORVANE_ENUM(Status, ORVANE_ORGANIZATION_STATUS)
-  /// Distinct from `User::SubscriptionStatus`, though it has the same raw strings.
 #define ORVANE_ORGANIZATION_SUBSCRIPTION_STATUS(C) C(active, "active") C(pastDue, "past_due")
+  /// Distinct from `User::SubscriptionStatus`, though it has the same raw strings.
   ORVANE_ENUM(SubscriptionStatus, ORVANE_ORGANIZATION_SUBSCRIPTION_STATUS)
 
   /// `transitionTimeInterval` is in seconds; documents carry milliseconds. The service expects
@@ -45,6 +46,8 @@ class Organization {
 
   /// Stores the fields unchanged; the interval is in seconds.
   static Ref<Organization> make(Fields fields);
+  /// Fails without "_id" or "name"; "transitionLeft" is read as milliseconds and kept as
+  /// seconds, and an unknown "status" or "subscriptionStatus" gives none.
   static Ref<Organization> decode(const Decoder& decoder);
   /// Writes everything but the identifier, so the result does not decode back on its own.
   void encode(Encoder& encoder) const;

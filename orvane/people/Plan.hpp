@@ -17,8 +17,10 @@ namespace orvane {
 class Plan {
  public:
 #define ORVANE_PLAN_STATUS(C) C(active, "active") C(deprecated, "deprecated")
+  /// Whether the plan is still offered.
   ORVANE_ENUM(Status, ORVANE_PLAN_STATUS)
 #define ORVANE_PLAN_PERIOD(C) C(monthly, "monthly") C(annual, "annual") C(eternal, "eternal")
+  /// How often the plan is billed; `eternal` is paid once.
   ORVANE_ENUM(Period, ORVANE_PLAN_PERIOD)
 
   /// `identifier` is a plain string, not an `Identifier`: plans are named, and always write their
@@ -39,8 +41,12 @@ class Plan {
   ORVANE_FIELDS(Plan, ORVANE_PLAN_FIELDS)
 
  public:
+  /// Takes every coded field; `isFree` follows from the identifier.
   static Ref<Plan> make(Fields fields);
+  /// Fails unless "_id", "name", "price", "multi", "limit", "allowedVersionCount" and
+  /// "allowedComponentCount" are all there; an unknown "status" or "period" gives none.
   static Ref<Plan> decode(const Decoder& decoder);
+  /// Writes every member, "_id" included; "status" and "period" when present.
   void encode(Encoder& encoder) const;
 
   /// True exactly for the plan named "free" (case-sensitive, whole string).

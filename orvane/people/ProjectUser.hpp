@@ -20,11 +20,11 @@ class Project;
 /// that back-reference when it takes the member into its `users`.
 class ProjectUser {
  public:
-  /// A flat set of roles: no case ranks above another.
 #define ORVANE_PROJECT_USER_ROLE(C)                                                       \
   C(user, "user")                                                                         \
   C(admin, "admin") C(owner, "owner") C(pawn, "pawn") C(knight, "knight") C(rook, "rook") \
       C(queen, "queen") C(king, "king")
+  /// A flat set of roles: no case ranks above another.
   ORVANE_ENUM(Role, ORVANE_PROJECT_USER_ROLE)
 
   /// `project` is empty until a project takes this member, or once it is gone.
@@ -41,7 +41,10 @@ class ProjectUser {
 
   /// `project` starts empty.
   static Ref<ProjectUser> make(Fields fields);
+  /// Fails without a valid "user"; an unknown "role" gives none. `project` stays empty until
+  /// a project adopts the member.
   static Ref<ProjectUser> decode(const Decoder& decoder);
+  /// Writes "user", and "role" and "tags" when present.
   void encode(Encoder& encoder) const;
 };
 

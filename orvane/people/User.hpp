@@ -20,10 +20,12 @@ class User {
  public:
 #define ORVANE_USER_STATUS(C) \
   C(invited, "invited") C(registered, "registered") C(verified, "verified")
+  /// The account's state: invited, registered or verified.
   ORVANE_ENUM(Status, ORVANE_USER_STATUS)
 #define ORVANE_USER_SUBSCRIPTION_STATUS(C) C(active, "active") C(pastDue, "past_due")
+  /// Whether the account's payments are up to date.
   ORVANE_ENUM(SubscriptionStatus, ORVANE_USER_SUBSCRIPTION_STATUS)
-  /// One of sixty emoji avatars: its case, its raw value and the emoji it shows.
+  // One of sixty emoji avatars: its case, its raw value and the emoji it shows.
 #define ORVANE_USER_EMOTAR(C)                                         \
   C(sunglasses, "sunglasses", "\U0001F60E")                           \
   C(thinkingFace, "thinking_face", "\U0001F914")                      \
@@ -85,6 +87,7 @@ class User {
   C(dog, "dog", "\U0001F436")                                         \
   C(meatOnBone, "meat_on_bone", "\U0001F356")                         \
   C(pizza, "pizza", "\U0001F355")
+  /// One of sixty emoji avatars; `emoji()` gives the one it shows.
   ORVANE_ENUM(Emotar, ORVANE_USER_EMOTAR)
 
   /// `handle` shows in listings.
@@ -109,8 +112,12 @@ class User {
  public:
   class Partial;
 
+  /// The identifier defaults to a fresh local one.
   static Ref<User> make(Fields fields);
+  /// Fails without "_id" or "email"; an unknown "emotar", "status" or "subscriptionStatus"
+  /// gives none.
   static Ref<User> decode(const Decoder& decoder);
+  /// Writes "_id" only when it is not local, "email", and every other member when present.
   void encode(Encoder& encoder) const;
 
   /// The user name when there is one (even empty), otherwise the e-mail address.

@@ -31,8 +31,12 @@ class Comment {
  public:
   class Partial;
 
+  /// The identifier defaults to a fresh local one and the creation date to now; `dot` stays
+  /// empty until a dot adopts the comment.
   static Ref<Comment> make(Fields fields);
+  /// Fails without "_id", "note", "created" or "updated"; "author" may be missing.
   static Ref<Comment> decode(const Decoder& decoder);
+  /// Writes "note", nothing else.
   void encode(Encoder& encoder) const;
 };
 

@@ -25,9 +25,12 @@ class Commit {
   ORVANE_FIELDS(Commit, ORVANE_COMMIT_FIELDS)
 
  public:
+  /// Takes author, message and color, each of which may be empty; `version` stays empty until
+  /// a version adopts the commit.
   static Ref<Commit> make(Fields fields);
   /// Every key is optional: an empty object is a commit without author, message or color.
   static Ref<Commit> decode(const Decoder& decoder);
+  /// Writes "author", "message" and "color", each when present.
   void encode(Encoder& encoder) const;
 };
 

@@ -26,7 +26,11 @@ class Component : public VersionCollection {
                     ORVANE_FIELD_PARAM_GIVEN)
 
  public:
+  /// Takes the collection's fields, each of which must be given (the identifier and the
+  /// description have no default here), then points the versions back at the new component.
   static Ref<Component> make(Fields fields);
+  /// Reads a version collection's members and wires its versions; section and project stay
+  /// empty until a component section adopts the component.
   static Ref<Component> decode(const Decoder& decoder);
   void visitFields(FieldVisitor& v) const override;
 
@@ -35,8 +39,13 @@ class Component : public VersionCollection {
   /// "projects/<project>/<pathComponent>/versions"; a fatal stop without a project (checked
   /// first), then as `pathComponent` without a section.
   std::string versionsPath() const override;
+  ///@{
+
+  /// The paths, or no value while the section (for the versions path, also the project) is
+  /// missing.
   std::optional<std::string> pathComponentIfAvailable() const override;
   std::optional<std::string> versionsPathIfAvailable() const override;
+  ///@}
 };
 
 /// The decode-only subset of a component; every member optional, nothing wired.

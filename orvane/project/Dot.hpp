@@ -23,6 +23,7 @@ class Screen;
 class Dot : public std::enable_shared_from_this<Dot> {
  public:
 #define ORVANE_DOT_STATUS(C) C(open, "open") C(resolved, "resolved")
+  /// Whether the conversation is still open.
   ORVANE_ENUM(Status, ORVANE_DOT_STATUS)
 
   /// `setComments` points every comment back here; removed comments keep theirs. `screen` is
@@ -42,6 +43,7 @@ class Dot : public std::enable_shared_from_this<Dot> {
  public:
   class Partial;
 
+  /// The identifier defaults to a fresh local one; every comment is pointed back at the new dot.
   static Ref<Dot> make(Fields fields);
   /// An unknown "status" gives a dot without status, never a failure.
   static Ref<Dot> decode(const Decoder& decoder);

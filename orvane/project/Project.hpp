@@ -35,31 +35,37 @@ namespace orvane {
 class Project : public std::enable_shared_from_this<Project> {
  public:
 #define ORVANE_PROJECT_STATUS(C) C(active, "active") C(archived, "archived")
+  /// Whether the project is in use or put away.
   ORVANE_ENUM(Status, ORVANE_PROJECT_STATUS)
 #define ORVANE_PROJECT_KIND(C) C(android, "android") C(iOS, "ios") C(web, "web") C(macOS, "osx")
+  /// The platform the project is designed for.
   ORVANE_ENUM(Kind, ORVANE_PROJECT_KIND)
 #define ORVANE_PROJECT_ICON(C)                                                  \
   C(custom, "custom")                                                           \
   C(broccoli, "broccoli") C(car, "car") C(cook, "cook") C(elephant, "elephant") \
       C(mariachi, "mariachi") C(paw, "paw") C(pear, "pear") C(rocket, "rocket")
+  /// The project's picture in listings: one of the service's own, or `custom`.
   ORVANE_ENUM(Icon, ORVANE_PROJECT_ICON)
 
   /// A text style the client proposes for the style guide; a value, never coded.
   struct CandidateTextStyle {
+    /// Every member must be given.
     CandidateTextStyle(std::string name, std::optional<Identifier> sourceIdentifier,
                        Ref<TextStyle> textStyle)
         : name(std::move(name)),
           sourceIdentifier(std::move(sourceIdentifier)),
           textStyle(std::move(textStyle)) {}
 
-    std::string name;
-    std::optional<Identifier> sourceIdentifier;
-    Ref<TextStyle> textStyle;
+    std::string name;                            ///< as the style guide would show it
+    std::optional<Identifier> sourceIdentifier;  ///< the style in the source document, if known
+    Ref<TextStyle> textStyle;                    ///< the proposed style
 
+    /// Lists the three members.
     void visitFields(FieldVisitor& v) const;
   };
   class Partial;
 
+  /// The screens filed by identifier; canonically equivalent identifiers are one key.
   using ScreensByIdentifier = std::unordered_map<Identifier, Ref<Screen>>;
 
   /// Reading "icon" needs an object even though the icon inside it is optional; a missing
@@ -117,6 +123,10 @@ class Project : public std::enable_shared_from_this<Project> {
   /// Writes the header members only; the result is not a document `decode` accepts.
   void encode(Encoder& encoder) const;
 
+  ///@{
+
+  /// Changes that collection in place through `fn`, then points every element back at this
+  /// project as assigning it would; elements taken out keep their back-reference.
   template <class Fn>
   void editSections(Fn&& fn) {
     std::forward<Fn>(fn)(sections_);
@@ -137,6 +147,7 @@ class Project : public std::enable_shared_from_this<Project> {
     std::forward<Fn>(fn)(users_);
     wireUsers();
   }
+  ///@}
 
  private:
   /// The keys of the object under "icon".

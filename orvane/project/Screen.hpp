@@ -26,7 +26,11 @@ class Screen : public VersionCollection {
   ORVANE_OWN_FIELDS(Screen, VersionCollection, ORVANE_SCREEN_FIELDS, ORVANE_SCREEN_MAKE)
 
  public:
+  /// Takes the collection's fields and the dots, then points the latest version, every listed
+  /// version and every dot back at the new screen.
   static Ref<Screen> make(Fields fields);
+  /// Reads the collection's members and "dots" from one object (what is no object fails before
+  /// anything is read), then wires as `make` does. The project is set when one adopts it.
   static Ref<Screen> decode(const Decoder& decoder);
   /// Writes "dots" (when present) before the collection's members, in one object.
   void encode(Encoder& encoder) const override;
@@ -36,8 +40,12 @@ class Screen : public VersionCollection {
   std::string pathComponent() const override;
   /// "v2/projects/<project>/screens/<screen>/versions"; a fatal stop without a project.
   std::string versionsPath() const override;
+  ///@{
+
+  /// `pathComponent` always; the versions path only while the screen has a project.
   std::optional<std::string> pathComponentIfAvailable() const override;
   std::optional<std::string> versionsPathIfAvailable() const override;
+  ///@}
 
   /// Changes the list in place, then wires it as an assignment would.
   template <class Fn>

@@ -37,7 +37,10 @@ class Section {
   P(name, Name, std::optional<std::string>, optional, readOnly)            \
   P(description, Description, std::optional<std::string>, optional, readOnly)
 
+  /// Takes the fields; `project` stays empty until a project adopts the section.
   static Ref<Section> make(Fields fields);
+  /// Fails without "_id", "name" or "screens" (a list of identifiers); "description" may be
+  /// missing.
   static Ref<Section> decode(const Decoder& decoder);
   /// Writes "_id" only for an identifier the service assigned (not a local one).
   void encode(Encoder& encoder) const;

@@ -39,6 +39,9 @@ class Version : public std::enable_shared_from_this<Version> {
  public:
   /// `snapshot` must not be null: every version carries one.
   static Ref<Version> make(Fields fields);
+  /// Fails without "snapshot", or without "_id" unless the import-source flag is set; a
+  /// missing "created" is the time of decoding. Then points the commit and the snapshot back
+  /// here.
   static Ref<Version> decode(const Decoder& decoder);
   /// Writes the commit (when present) and the snapshot, nothing else.
   void encode(Encoder& encoder) const;

@@ -24,8 +24,9 @@ class VersionCollection : public std::enable_shared_from_this<VersionCollection>
  public:
   /// Set by the caller when the collection takes part in a request; only `index` is written.
   struct RequestProperties {
-    std::string identifier;
-    std::int64_t index = 0;
+    std::string identifier;  ///< the caller's own name for the request; never coded
+    std::int64_t index = 0;  ///< written as "index" beside the collection's members
+    /// Lists both members.
     void visitFields(FieldVisitor& v) const;
   };
 
@@ -62,8 +63,10 @@ class VersionCollection : public std::enable_shared_from_this<VersionCollection>
   // Spelled out from the field statements rather than ORVANE_FIELDS, since the listing is
   // virtual (a subclass adds its own fields and the paths) and subclasses make and decode
   // through the same steps.
+  /// The document keys of the listed fields (see the Fields table), under their names.
   struct CodingKeys {
     ORVANE_VERSION_COLLECTION_FIELDS(ORVANE_FIELD_KEY)
+    /// Where `RequestProperties::index` is written; never read.
     static constexpr std::string_view requestIndex = "index";
   };
   /// What `make` takes, in this order, with its defaults.
@@ -71,12 +74,19 @@ class VersionCollection : public std::enable_shared_from_this<VersionCollection>
     ORVANE_VERSION_COLLECTION_FIELDS(ORVANE_FIELD_PARAM)
   };
 
+  /// Public for `makeRef` only: nobody else can make the passkey, so collections are made by
+  /// `make` and `decode` alone, inside a `Ref`.
   explicit VersionCollection(Passkey<VersionCollection>) {}
   virtual ~VersionCollection();
 
   /// `latestVersion` must not be null.
   static Ref<VersionCollection> make(Fields fields);
+  /// Fails without "name" or "latestVersion", or without "_id" unless the import-source flag
+  /// is set (then the identifier is a fresh local one); a missing "description" is empty.
+  /// Then points the latest version and every listed version back here.
   static Ref<VersionCollection> decode(const Decoder& decoder);
+  /// Writes "name", "description" unless empty, "latestVersion", "sourceId", "tags" and
+  /// "versions" when present, and "index" when there are request properties; never "_id".
   virtual void encode(Encoder& encoder) const;
   /// Lists every field, then the paths that can be read.
   virtual void visitFields(FieldVisitor& v) const;
@@ -87,17 +97,25 @@ class VersionCollection : public std::enable_shared_from_this<VersionCollection>
   /// The relative resource path of the collection's versions. Computed on each read; a fatal
   /// stop while an owner it needs is missing (always, on a plain collection).
   virtual std::string versionsPath() const;
+  ///@{
+
   /// The same paths, or no value where reading them would stop the process.
   virtual std::optional<std::string> pathComponentIfAvailable() const;
   virtual std::optional<std::string> versionsPathIfAvailable() const;
+  ///@}
 
   ORVANE_VERSION_COLLECTION_FIELDS(ORVANE_FIELD_ACCESSORS)
+  ///@{
+
+  /// How many versions the caller counts; starts at 1 and is never coded nor updated here.
   std::int64_t versionCount() const {
     return versionCount_;
   }
   void setVersionCount(std::int64_t value) {
     versionCount_ = value;
   }
+  ///@}
+
   /// Changes the list in place, then wires it as an assignment would.
   template <class Fn>
   void editVersions(Fn&& fn) {
@@ -111,6 +129,7 @@ class VersionCollection : public std::enable_shared_from_this<VersionCollection>
   /// Reads the collection's fields from `c`, the decoder's object; a subclass hands its own
   /// decoder here, so that they stand beside its members.
   void decodeFields(const Decoder& decoder, const KeyedDecodingContainer& c);
+  /// Writes the collection's members into `c`, the encoder's object, beside a subclass's own.
   void encodeFields(KeyedEncodingContainer& c) const;
   /// Stores what `make` was given, without wiring.
   void storeFields(Fields&& fields);
@@ -123,6 +142,7 @@ class VersionCollection : public std::enable_shared_from_this<VersionCollection>
 
   ORVANE_VERSION_COLLECTION_FIELDS(ORVANE_FIELD_HOOKS)
   ORVANE_VERSION_COLLECTION_FIELDS(ORVANE_FIELD_MEMBER)
+  /// See `versionCount`.
   std::int64_t versionCount_ = 1;
 
  private:

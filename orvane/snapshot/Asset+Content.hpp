@@ -12,9 +12,12 @@
 
 namespace orvane {
 
+/// One file of an asset: where it is, at what density, in what format. Refers weakly to its
+/// asset, which sets that when it takes the content.
 class Asset::Content {
  public:
 #define ORVANE_ASSET_CONTENT_FORMAT(C) C(png, "png") C(jpg, "jpg") C(svg, "svg") C(pdf, "pdf")
+  /// The file's format.
   ORVANE_ENUM(Format, ORVANE_ASSET_CONTENT_FORMAT)
 
 #define ORVANE_ASSET_CONTENT_FIELDS(F)                                                         \
@@ -27,8 +30,12 @@ class Asset::Content {
   ORVANE_FIELDS(Content, ORVANE_ASSET_CONTENT_FIELDS)
 
  public:
+  /// Takes the address, density and format, each of which may be empty; `asset` starts empty.
   static Ref<Content> make(Fields fields);
+  /// Every member may be missing: an empty object is a content with nothing known. A "url"
+  /// that is no valid address fails; an unknown "density" or "format" gives none.
   static Ref<Content> decode(const Decoder& decoder);
+  /// Writes "url", "density" and "format", each when present.
   void encode(Encoder& encoder) const;
 };
 

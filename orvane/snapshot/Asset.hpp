@@ -36,7 +36,11 @@ class Asset : public std::enable_shared_from_this<Asset> {
  public:
   /// Stores the fields, then points each content back at the new asset.
   static Ref<Asset> make(Fields fields);
+  /// Fails without "_id", "displayName", "layerName" or "contents". Under the import-source
+  /// flag "_id" is not read and a missing "contents" is an empty list. Then points each content
+  /// back at the new asset.
   static Ref<Asset> decode(const Decoder& decoder);
+  /// Writes the names, "layerId" when present and "contents"; never "_id" nor "isBitmap".
   void encode(Encoder& encoder) const;
 
   /// Changes the list of contents in place, then wires it as `setContents` would.

@@ -25,8 +25,12 @@ class Grid {
     ORVANE_FIELDS(Vertical, ORVANE_GRID_VERTICAL_FIELDS)
 
    public:
+    /// Takes all four fields.
     static Ref<Vertical> make(Fields fields);
+    /// Fails unless "columnWidth", "numberOfCols" (an integer), "gutterWidth" and
+    /// "guttersOnOutside" (a Boolean) are all there.
     static Ref<Vertical> decode(const Decoder& decoder);
+    /// Writes all four members.
     void encode(Encoder& encoder) const;
   };
 
@@ -39,8 +43,11 @@ class Grid {
     ORVANE_FIELDS(Horizontal, ORVANE_GRID_HORIZONTAL_FIELDS)
 
    public:
+    /// Takes both fields.
     static Ref<Horizontal> make(Fields fields);
+    /// Fails unless "rowHeight" and "gutterHeight" are numbers.
     static Ref<Horizontal> decode(const Decoder& decoder);
+    /// Writes both members.
     void encode(Encoder& encoder) const;
   };
 
@@ -54,8 +61,11 @@ class Grid {
   ORVANE_FIELDS(Grid, ORVANE_GRID_FIELDS)
 
  public:
+  /// Takes the offset and the two definitions (either may be null); `snapshot` starts empty.
   static Ref<Grid> make(Fields fields);
+  /// Fails without a numeric "horizontalOffset", or when a definition present fails.
   static Ref<Grid> decode(const Decoder& decoder);
+  /// Writes "horizontalOffset", and each definition when present.
   void encode(Encoder& encoder) const;
 };
 

@@ -33,27 +33,36 @@ class Snapshot;
 /// stop the process with `fatalError` rather than recurse forever.
 class Layer : public std::enable_shared_from_this<Layer> {
  public:
-  /// Where a group stands relative to its children when a tree is flattened.
 #define ORVANE_LAYER_INTERACTION_LEVEL(C) C(top, "top") C(bottom, "bottom")
+  /// Where a group stands relative to its children when a tree is flattened: `bottom` before
+  /// them, `top` after them; a group without a level is left out of the flattened list.
   ORVANE_ENUM(InteractionLevel, ORVANE_LAYER_INTERACTION_LEVEL)
 
   /// What the layer is, with its payload.
   class Kind {
    public:
 #define ORVANE_LAYER_KIND_KEY(C) C(shape, "shape") C(text, "text") C(group, "group")
+    /// The case, as "type" names it.
     ORVANE_ENUM(Key, ORVANE_LAYER_KIND_KEY)
 
+    /// A run of text and the styles of its character ranges.
     struct Text {
-      std::string content;
-      std::vector<Ref<RangedTextStyle>> rangedTextStyles;
+      std::string content;                                 ///< under "content", required
+      std::vector<Ref<RangedTextStyle>> rangedTextStyles;  ///< under "textStyles", required
     };
+    /// Further layers, owned by this one.
     struct Group {
-      std::vector<Ref<Layer>> layers;
-      std::optional<std::string> componentName;
-      std::optional<InteractionLevel> interactionLevel;
+      std::vector<Ref<Layer>> layers;                    ///< under "layers", required
+      std::optional<std::string> componentName;          ///< the component it shows, if any
+      std::optional<InteractionLevel> interactionLevel;  ///< tolerant: unknown is none
     };
+    /// A shape has no payload: its look is its fills, borders and shadows.
     struct Shape {};
 
+    ///@{
+
+    /// The kind of that case, with its payload. A group's children are wired when the kind is
+    /// stored in a layer (`make`, `setKind`), not here.
     static Kind text(std::string content, std::vector<Ref<RangedTextStyle>> rangedTextStyles) {
       return Kind(Text{std::move(content), std::move(rangedTextStyles)});
     }
@@ -62,13 +71,20 @@ class Layer : public std::enable_shared_from_this<Layer> {
       return Kind(Group{std::move(layers), std::move(componentName), interactionLevel});
     }
     static Kind shape() { return Kind(Shape{}); }
+    ///@}
 
+    /// Which case this is.
     Key key() const;
-    /// The payload of that case, or null for another case.
+    ///@{
+
+    /// The payload of that case, or null for another case. Changing a group's layers through
+    /// the mutable one wires nothing; `Layer::editKind` does.
     const Text* asText() const { return std::get_if<Text>(&value_); }
     const Group* asGroup() const { return std::get_if<Group>(&value_); }
     Group* asGroup() { return std::get_if<Group>(&value_); }
+    ///@}
 
+    /// Lists "case", then the payload's members.
     void visitFields(FieldVisitor& v) const;
 
    private:
@@ -78,22 +94,28 @@ class Layer : public std::enable_shared_from_this<Layer> {
 
   /// The keys of the kind's payloads, beside "type".
   struct KindKeys {
-    static constexpr std::string_view content = "content";
-    static constexpr std::string_view componentName = "componentName";
-    static constexpr std::string_view interactionLevel = "interactionLevel";
-    static constexpr std::string_view layers = "layers";
-    static constexpr std::string_view textStyles = "textStyles";
+    static constexpr std::string_view content = "content";              ///< a text's string
+    static constexpr std::string_view componentName = "componentName";  ///< a group's component
+    static constexpr std::string_view interactionLevel = "interactionLevel";  ///< a group's level
+    static constexpr std::string_view layers = "layers";          ///< a group's children
+    static constexpr std::string_view textStyles = "textStyles";  ///< a text's ranged styles
   };
 
+  /// What `flattenedLayersAndComponentNames` gives.
   struct Flattened {
+    /// The layers in drawing order, as `flattenedLayers` gives them.
     std::vector<Ref<Layer>> flattenedLayers;
     /// Canonically equivalent spellings of a name count once.
     CanonicalStringSet componentNames;
   };
 
+  ///@{
+
+  /// An optional list: no list (the key was absent or null) differs from an empty one.
   using Fills = std::optional<std::vector<Ref<Fill>>>;
   using Borders = std::optional<std::vector<Ref<Border>>>;
   using Shadows = std::optional<std::vector<Ref<Shadow>>>;
+  ///@}
 
   // Imported layers carry the source's identifiers, which mean nothing to the service
   // (`localOnImport`). Setting the kind gives a group's children this layer as parent and
@@ -127,7 +149,14 @@ class Layer : public std::enable_shared_from_this<Layer> {
   /// Stores the fields; a group's children then get the new layer as parent (their snapshot
   /// is not touched).
   static Ref<Layer> make(Fields fields);
+  /// Fails without "_id" (not read under the import-source flag, which gives a fresh local
+  /// one), "name", "sourceId", "rect" or "opacity", when a known "type" lacks its payload
+  /// ("content" and "textStyles", or "layers"), or when an optional member is present but
+  /// invalid; an unknown "type" or "blendMode" gives none. A group's children get the new
+  /// layer as parent; the snapshot is set when one adopts the tree.
   static Ref<Layer> decode(const Decoder& decoder);
+  /// Writes every coded member but "_id"; "sourceId" only when it is not local, "type" with its
+  /// payload when there is a kind, the optional ones when present.
   void encode(Encoder& encoder) const;
 
   /// The layers in drawing order, each with its absolute frame stored on the way.
@@ -143,6 +172,10 @@ class Layer : public std::enable_shared_from_this<Layer> {
     std::forward<Fn>(fn)(kind_);
     kindChanged();
   }
+  ///@{
+
+  /// The fields kept in packed storage (see the Fields table); each accessor touches only its
+  /// own field.
   std::optional<double> rotation() const {
     return (flags_ & kHasRotation) ? std::optional<double>(rotation_) : std::nullopt;
   }
@@ -165,11 +198,13 @@ class Layer : public std::enable_shared_from_this<Layer> {
   void setExportsBitmap(bool value) { setFlag(kExportsBitmap, value); }
   const std::optional<Url>& sketchFileURL() const;
   void setSketchFileURL(std::optional<Url> value);
+  ///@}
 
   /// The frame in the snapshot's coordinates. Computed through the parents on first read and
   /// kept from then on, so a later move of an ancestor is not seen until it is assigned again.
   /// A layer that is its own ancestor (through `setParent`) stops the process.
   Rect absoluteFrame() const;
+  /// Stores the frame that reads return from now on; flattening sets it on every layer.
   void setAbsoluteFrame(Rect value) {
     absoluteFrame_ = value;
     flags_ |= kHasAbsoluteFrame;

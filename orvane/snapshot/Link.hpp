@@ -22,8 +22,11 @@ class Link {
   ORVANE_FIELDS(Link, ORVANE_LINK_FIELDS)
 
  public:
+  /// Takes the source identifier and destination (either may be empty) and the frame.
   static Ref<Link> make(Fields fields);
+  /// Fails without a "rect", or when "sourceId" or "destination" is present but invalid.
   static Ref<Link> decode(const Decoder& decoder);
+  /// Writes "rect", and "sourceId" and "destination" when present.
   void encode(Encoder& encoder) const;
 };
 

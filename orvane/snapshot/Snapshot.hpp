@@ -27,20 +27,24 @@ class Version;
 /// every layer of the tree. Keeps the tree flattened in drawing order.
 class Snapshot : public std::enable_shared_from_this<Snapshot> {
  public:
-  /// The kind of design source the artboard came from.
 #define ORVANE_SNAPSHOT_SOURCE(C) \
   C(bitmap, "bitmap") C(sketch, "sketch") C(photoshop, "psd") C(figma, "figma") C(xd, "xd")
+  /// The design tool or format the artboard came from.
   ORVANE_ENUM(Source, ORVANE_SNAPSHOT_SOURCE)
 
   /// The keys of the size, which stands in the snapshot's own object.
   struct SizeKeys {
-    static constexpr std::string_view width = "width";
-    static constexpr std::string_view height = "height";
+    static constexpr std::string_view width = "width";    ///< a required number
+    static constexpr std::string_view height = "height";  ///< a required number
   };
 
+  ///@{
+
+  /// An optional list: no list (the key was absent or null) differs from an empty one.
   using Assets = std::optional<std::vector<Ref<Asset>>>;
   using Layers = std::optional<std::vector<Ref<Layer>>>;
   using Links = std::optional<std::vector<Ref<Link>>>;
+  ///@}
 
   // Imported snapshots carry the source's identifiers, which mean nothing to the service
   // (`localOnImport`). Setting the grid, the assets or the layers points them back at this
@@ -76,7 +80,13 @@ class Snapshot : public std::enable_shared_from_this<Snapshot> {
  public:
   /// Stores the fields, then wires itself in as decoding does.
   static Ref<Snapshot> make(Fields fields);
+  /// Fails without "_id" (not read under the import-source flag, which gives a fresh local
+  /// one), without numeric "width" and "height", or when a member that is present fails; an
+  /// unknown "density" or "source" leaves none. Then points the grid, every asset and every
+  /// layer of the tree back here and flattens the tree.
   static Ref<Snapshot> decode(const Decoder& decoder);
+  /// Writes "width" and "height", "componentNames", and the other coded members when present;
+  /// never "_id" nor the flattened tree.
   void encode(Encoder& encoder) const;
 
   /// Changes the assets in place, then wires them as `setAssets` would.

@@ -12,6 +12,7 @@ namespace orvane {
 class Blur {
  public:
 #define ORVANE_BLUR_KIND(C) C(gaussian, "gaussian") C(background, "background")
+  /// What is blurred: the layer itself or what shows through it.
   ORVANE_ENUM(Kind, ORVANE_BLUR_KIND)
 
 #define ORVANE_BLUR_FIELDS(F)                                                     \
@@ -20,8 +21,11 @@ class Blur {
   ORVANE_FIELDS(Blur, ORVANE_BLUR_FIELDS)
 
  public:
+  /// Takes the kind (`std::nullopt` for none) and the radius.
   static Ref<Blur> make(Fields fields);
+  /// Fails without a numeric "radius"; an unknown or unreadable "type" leaves no kind.
   static Ref<Blur> decode(const Decoder& decoder);
+  /// Writes "type" when there is a kind, then "radius".
   void encode(Encoder& encoder) const;
 };
 

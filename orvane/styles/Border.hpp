@@ -14,6 +14,7 @@ namespace orvane {
 class Border {
  public:
 #define ORVANE_BORDER_POSITION(C) C(center, "center") C(inside, "inside") C(outside, "outside")
+  /// Where the stroke lies relative to the outline.
   ORVANE_ENUM(Position, ORVANE_BORDER_POSITION)
 
   // The fill's members share the border's object.
@@ -25,8 +26,13 @@ class Border {
   ORVANE_FIELDS(Border, ORVANE_BORDER_FIELDS)
 
  public:
+  /// Takes the position (`std::nullopt` for none), the thickness and the fill.
   static Ref<Border> make(Fields fields);
+  /// Reads the fill from the border's own object, so a fill that fails fails the border; also
+  /// fails without a numeric "thickness". An unknown "position" leaves none.
   static Ref<Border> decode(const Decoder& decoder);
+  /// Writes "position" when present and "thickness", then the fill's members beside them; a
+  /// null fill writes none.
   void encode(Encoder& encoder) const;
 };
 

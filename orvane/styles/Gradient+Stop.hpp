@@ -7,6 +7,7 @@
 
 namespace orvane {
 
+/// A color at a position along its gradient.
 class Gradient::Stop {
  public:
 #define ORVANE_GRADIENT_STOP_FIELDS(F)                                    \
@@ -15,8 +16,11 @@ class Gradient::Stop {
   ORVANE_FIELDS(Stop, ORVANE_GRADIENT_STOP_FIELDS)
 
  public:
+  /// Takes the position and the color.
   static Ref<Stop> make(Fields fields);
+  /// Fails without a numeric "position" or a valid "color".
   static Ref<Stop> decode(const Decoder& decoder);
+  /// Writes "position" and "color".
   void encode(Encoder& encoder) const;
 };
 

@@ -14,6 +14,7 @@ namespace orvane {
 class Gradient {
  public:
 #define ORVANE_GRADIENT_KIND(C) C(linear, "linear") C(radial, "radial") C(angular, "angular")
+  /// The gradient's shape.
   ORVANE_ENUM(Kind, ORVANE_GRADIENT_KIND)
   class Stop;
 
@@ -27,8 +28,12 @@ class Gradient {
   ORVANE_FIELDS(Gradient, ORVANE_GRADIENT_FIELDS)
 
  public:
+  /// Takes every field; the stops in the order they are listed.
   static Ref<Gradient> make(Fields fields);
+  /// Fails without the points "from" and "to" or without "colorStops", a list whose every stop
+  /// must decode; an unknown "type" leaves no kind.
   static Ref<Gradient> decode(const Decoder& decoder);
+  /// Writes every member; "type", "angle" and "scale" only when present.
   void encode(Encoder& encoder) const;
 };
 

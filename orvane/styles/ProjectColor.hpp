@@ -25,6 +25,7 @@ class ProjectColor : public Color {
  public:
   /// Hides the plain color's `make`, which would leave a project color without identity.
   static Ref<ProjectColor> make(Fields fields);
+  /// Reads the required "_id" and "name", then the components from the same object.
   static Ref<ProjectColor> decode(const Decoder& decoder);
   /// Writes the name, then the components; the identifier stays out: the service assigns it.
   void encode(Encoder& encoder) const override;

@@ -29,6 +29,8 @@ class ProjectTextStyle : public TextStyle {
  public:
   /// Hides the plain style's `make`, which would leave a project text style without identity.
   static Ref<ProjectTextStyle> make(Fields fields);
+  /// Reads the required "_id" and "name" and an optional "sourceId", then the style's members
+  /// from the same object.
   static Ref<ProjectTextStyle> decode(const Decoder& decoder);
   /// Writes the name and source, then the style; the identifier stays out: the service
   /// assigns it.

@@ -7,6 +7,7 @@
 
 namespace orvane {
 
+/// The style of one run of a text layer: which characters, and how they are set.
 class RangedTextStyle {
  public:
 #define ORVANE_RANGED_TEXT_STYLE_FIELDS(F)                                       \
@@ -15,8 +16,11 @@ class RangedTextStyle {
   ORVANE_FIELDS(RangedTextStyle, ORVANE_RANGED_TEXT_STYLE_FIELDS)
 
  public:
+  /// Takes the range and the style; the range is not checked against any text.
   static Ref<RangedTextStyle> make(Fields fields);
+  /// Fails without a "range" of two integers or a valid "style".
   static Ref<RangedTextStyle> decode(const Decoder& decoder);
+  /// Writes "range" and "style".
   void encode(Encoder& encoder) const;
 };
 

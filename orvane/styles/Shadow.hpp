@@ -13,6 +13,7 @@ namespace orvane {
 class Shadow {
  public:
 #define ORVANE_SHADOW_KIND(C) C(inner, "inner") C(outer, "outer")
+  /// Whether the shadow falls inside the layer's outline or outside it.
   ORVANE_ENUM(Kind, ORVANE_SHADOW_KIND)
 
   // Older documents carry no spread; such a shadow does not spread.
@@ -26,8 +27,12 @@ class Shadow {
   ORVANE_FIELDS(Shadow, ORVANE_SHADOW_FIELDS)
 
  public:
+  /// Takes all six fields; a `spread` of 0 does not spread.
   static Ref<Shadow> make(Fields fields);
+  /// Fails unless "offsetX", "offsetY", "blurRadius" and "color" are there and valid; a
+  /// missing "spread" is 0 and an unknown "type" leaves no kind.
   static Ref<Shadow> decode(const Decoder& decoder);
+  /// Writes every member, "spread" even when 0; "type" only when there is a kind.
   void encode(Encoder& encoder) const;
 };
 

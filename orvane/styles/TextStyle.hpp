@@ -15,6 +15,7 @@ class TextStyle : public detail::OverridableFields {
  public:
 #define ORVANE_TEXT_STYLE_ALIGNMENT(C) \
   C(left, "left") C(center, "center") C(right, "right") C(justify, "justify")
+  /// How lines are aligned.
   ORVANE_ENUM(Alignment, ORVANE_TEXT_STYLE_ALIGNMENT)
 
 #define ORVANE_TEXT_STYLE_FIELDS(F)                                                             \
@@ -30,15 +31,22 @@ class TextStyle : public detail::OverridableFields {
   ORVANE_FIELDS(TextStyle, ORVANE_TEXT_STYLE_FIELDS)
 
  public:
+  /// Takes every field; only font name and size need a value.
   static Ref<TextStyle> make(Fields fields);
+  /// Fails without a string "fontFace" or a numeric "fontSize"; the other members are optional
+  /// and an unknown "textAlign" leaves no alignment.
   static Ref<TextStyle> decode(const Decoder& decoder);
+  /// Writes "fontFace" and "fontSize", then each other member when present.
   virtual void encode(Encoder& encoder) const;
 
  protected:
-  // For a subclass, whose own `make` or decoding fills the style.
+  ///@{
+
+  /// For a subclass, whose own `make` or decoding fills the style.
   TextStyle() = default;
   TextStyle(const TextStyle&) = default;
   TextStyle& operator=(const TextStyle&) = default;
+  ///@}
 };
 
 ORVANE_ENUM_TRAITS(TextStyle::Alignment, "Alignment", ORVANE_TEXT_STYLE_ALIGNMENT, false)

@@ -41,6 +41,7 @@ namespace orvane {
   C(hardMix, "hard-mix")                                                                      \
   C(substract, "substract")                                                                   \
   C(divide, "divide")
+/// How a fill or a layer is composited onto what lies below it.
 ORVANE_ENUM(BlendMode, ORVANE_BLEND_MODE)
 
 ORVANE_ENUM_TRAITS(BlendMode, "BlendMode", ORVANE_BLEND_MODE, false)

@@ -15,10 +15,14 @@ bool canonicallyEquivalent(std::string_view a, std::string_view b);
 /// A hash that agrees with `canonicallyEquivalent`: equivalent strings hash alike.
 std::size_t canonicalHash(std::string_view text);
 
+/// `canonicalHash` as a function object, for unordered containers.
 struct CanonicalHash {
+  /// `canonicalHash(text)`.
   std::size_t operator()(std::string_view text) const { return canonicalHash(text); }
 };
+/// `canonicallyEquivalent` as a function object, for unordered containers.
 struct CanonicalEqual {
+  /// `canonicallyEquivalent(a, b)`.
   bool operator()(std::string_view a, std::string_view b) const {
     return canonicallyEquivalent(a, b);
   }

@@ -33,15 +33,21 @@ class Color : public detail::OverridableFields {
   ORVANE_FIELDS(Color, ORVANE_COLOR_FIELDS)
 
  public:
+  /// Takes the four components as given.
   static Ref<Color> make(Fields fields);
+  /// Fails unless "r", "g", "b" and "a" are all present and numbers.
   static Ref<Color> decode(const Decoder& decoder);
+  /// Writes "r", "g", "b", "a"; a non-finite component raises EncodingError.
   virtual void encode(Encoder& encoder) const;
 
  protected:
-  // For a subclass, whose own `make` or decoding fills the components.
+  ///@{
+
+  /// For a subclass, whose own `make` or decoding fills the components.
   Color() = default;
   Color(const Color&) = default;
   Color& operator=(const Color&) = default;
+  ///@}
 };
 
 }  // namespace orvane

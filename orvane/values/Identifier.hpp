@@ -27,6 +27,7 @@ namespace orvane {
 /// kept exactly, the empty one and those with NUL bytes or invalid UTF-8 included.
 class Identifier {
  public:
+  /// How messages name the type ("Decoding Identifier from ... failed.").
   static constexpr std::string_view typeName = "Identifier";
   /// The longest raw value held without a heap block.
   static constexpr std::size_t inlineCapacity = 31;
@@ -34,10 +35,13 @@ class Identifier {
   Identifier() noexcept : bytes_{} {}
   /// Accepts any string, the empty one included.
   explicit Identifier(std::string_view rawValue) : bytes_{} { assign(rawValue); }
+  /// Never refuses: every string, the empty one included, is an identifier. Single-value coding
+  /// reads identifiers through it.
   static std::optional<Identifier> fromRawValue(std::string_view rawValue) {
     return Identifier(rawValue);
   }
 
+  /// Copies the value; a long one gets a heap block of its own.
   Identifier(const Identifier& other) : bytes_{} {
     if (other.isInline())
       std::memcpy(bytes_, other.bytes_, sizeof bytes_);
@@ -49,10 +53,12 @@ class Identifier {
     std::memcpy(bytes_, other.bytes_, sizeof bytes_);
     other.clear();
   }
+  /// Copies the value, releasing the old one's heap block, if any.
   Identifier& operator=(const Identifier& other) {
     if (this != &other) *this = Identifier(other);
     return *this;
   }
+  /// Takes over the value, releasing the old one's heap block, if any; leaves `other` empty.
   Identifier& operator=(Identifier&& other) noexcept {
     if (this != &other) {
       release();
@@ -71,10 +77,12 @@ class Identifier {
     if (isInline()) return {bytes_, tag()};
     return {heapData(), heapSize()};
   }
+  /// The raw value, as debug output shows an identifier.
   std::string_view description() const noexcept { return rawValue(); }
   /// True when the raw value begins with "MACOS" (case-sensitive, hyphen not required).
   bool isLocal() const noexcept { return rawValue().starts_with("MACOS"); }
 
+  /// Equal when the raw values are canonically equivalent; byte-equal values answer at once.
   bool operator==(const Identifier& other) const {
     // Inline values keep their unused bytes zero, so equal inline values are equal objects.
     if (isInline() && other.isInline()) {
@@ -84,6 +92,7 @@ class Identifier {
     }
     return canonicallyEqual(rawValue(), other.rawValue());
   }
+  /// Agrees with `==`: canonically equivalent values hash alike.
   std::size_t hash() const;
 
  private:
@@ -118,7 +127,9 @@ class Identifier {
 
 }  // namespace orvane
 
+/// Lets identifiers key unordered containers (a project's screens by identifier).
 template <>
 struct std::hash<orvane::Identifier> {
+  /// `id.hash()`.
   std::size_t operator()(const orvane::Identifier& id) const noexcept { return id.hash(); }
 };
