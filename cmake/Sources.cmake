@@ -11,9 +11,11 @@ set(ORVANE_PUBLIC_HEADERS
     orvane/coding/Ref.hpp
     orvane/coding/SingleValueCodable.hpp
     orvane/coding/UserInfo.hpp
+    orvane/handoff/Code.hpp
     orvane/handoff/Find.hpp
     orvane/handoff/Paint.hpp
     orvane/handoff/Render.hpp
+    orvane/handoff/StyleGuide.hpp
     orvane/handoff/Text.hpp
     orvane/integrations/Extension+Manifest.hpp
     orvane/integrations/Extension+Option.hpp
@@ -123,8 +125,10 @@ set(ORVANE_JSON_SOURCES
 
 # The hand-off outputs: read the model through its public accessors, nothing more.
 set(ORVANE_HANDOFF_SOURCES
+    orvane/handoff/Code.cpp
     orvane/handoff/Find.cpp
     orvane/handoff/Paint.cpp
     orvane/handoff/Render.cpp
+    orvane/handoff/StyleGuide.cpp
     orvane/handoff/Text.cpp
     orvane/internal/Markup.cpp)

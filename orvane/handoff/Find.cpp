@@ -50,4 +50,73 @@ Ref<Version> findVersion(const VersionCollection& collection,
   return nullptr;
 }
 
+std::vector<Ref<Layer>> allLayers(const Snapshot& snapshot) {
+  std::vector<Ref<Layer>> out;
+  std::vector<Ref<Layer>> stack;
+  std::unordered_set<const Layer*> seen;
+  auto push = [&](const std::vector<Ref<Layer>>& layers) {
+    for (auto it = layers.rbegin(); it != layers.rend(); ++it) {
+      if (*it) stack.push_back(*it);
+    }
+  };
+  if (snapshot.layers()) push(*snapshot.layers());
+  while (!stack.empty()) {
+    Ref<Layer> layer = stack.back();
+    stack.pop_back();
+    if (!seen.insert(layer.get()).second) continue;
+    out.push_back(layer);
+    if (layer->kind() && layer->kind()->asGroup()) push(layer->kind()->asGroup()->layers);
+  }
+  return out;
+}
+
+FoundLayer findLayer(const Snapshot& snapshot, std::string_view name) {
+  std::vector<Ref<Layer>> layers = allLayers(snapshot);
+  for (const auto& layer : layers) {
+    if (layer->identifier().rawValue() == name) return {layer, {}};
+  }
+  std::vector<Ref<Layer>> named;
+  for (const auto& layer : layers) {
+    if (layer->name() == name) named.push_back(layer);
+  }
+  if (named.size() == 1) return {named.front(), {}};
+  if (named.size() > 1) {
+    return {nullptr, std::to_string(named.size()) + " layers are named " + std::string(name) +
+                         ": name one by its identifier or its path"};
+  }
+  // A path of names, from the top level down.
+  std::vector<Ref<Layer>> level =
+      snapshot.layers() ? *snapshot.layers() : std::vector<Ref<Layer>>{};
+  std::vector<Ref<Layer>> matches;
+  std::string_view rest = name;
+  bool first = true;
+  while (true) {
+    std::size_t slash = rest.find('/');
+    std::string_view part = rest.substr(0, slash);
+    if (!first) {
+      level.clear();
+      for (const auto& m : matches) {
+        if (m->kind() && m->kind()->asGroup()) {
+          for (const auto& child : m->kind()->asGroup()->layers) {
+            if (child) level.push_back(child);
+          }
+        }
+      }
+    }
+    first = false;
+    matches.clear();
+    for (const auto& layer : level) {
+      if (layer && layer->name() == part) matches.push_back(layer);
+    }
+    if (slash == std::string_view::npos || matches.empty()) break;
+    rest.remove_prefix(slash + 1);
+  }
+  if (matches.size() == 1 && name.find('/') != std::string_view::npos) return {matches.front(), {}};
+  if (matches.size() > 1) {
+    return {nullptr, std::to_string(matches.size()) + " layers lie at " + std::string(name) +
+                         ": name one by its identifier"};
+  }
+  return {nullptr, "no layer " + std::string(name)};
+}
+
 }  // namespace orvane::handoff

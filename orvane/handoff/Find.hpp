@@ -2,11 +2,15 @@
 #pragma once
 
 #include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include <orvane/project/Component.hpp>
 #include <orvane/project/Project.hpp>
 #include <orvane/project/Screen.hpp>
 #include <orvane/project/Version.hpp>
+#include <orvane/snapshot/Snapshot.hpp>
 #include <orvane/values/Identifier.hpp>
 
 namespace orvane::handoff {
@@ -22,5 +26,19 @@ Ref<Component> findComponent(const Project& project, const Identifier& identifie
 /// version with that identifier (the latest first), or null.
 Ref<Version> findVersion(const VersionCollection& collection,
                          const std::optional<Identifier>& identifier = std::nullopt);
+
+/// Every layer of the snapshot's tree, depth first in document order, groups before their
+/// children; a group found twice is walked once.
+std::vector<Ref<Layer>> allLayers(const Snapshot& snapshot);
+
+/// A layer named as a person names it, or why none is.
+struct FoundLayer {
+  Ref<Layer> layer;   ///< the layer; null when none or several match
+  std::string error;  ///< why not, as one line
+};
+
+/// The layer `name` names: its identifier, else its name when exactly one layer has it, else
+/// the path of names from the top (`Card/Title`) when exactly one path matches.
+FoundLayer findLayer(const Snapshot& snapshot, std::string_view name);
 
 }  // namespace orvane::handoff

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
+#include <vector>
 
 #include <orvane/internal/Markup.hpp>
 
@@ -119,6 +121,102 @@ GradientGeometry gradientGeometry(const Gradient& gradient, const Rect& box) {
     if (std::isfinite(scale) && scale > 0) g.crossScale = scale;
   }
   return g;
+}
+
+namespace {
+
+void appendStop(std::string& css, const Gradient::Stop& stop, double opacity, double at) {
+  css += ", ";
+  css += rgba(*stop.color(), opacity).css();
+  css += ' ';
+  detail::appendNumber(css, at * 100, 2);
+  css += '%';
+}
+
+double position(const Gradient::Stop& stop) {
+  return std::isfinite(stop.position()) ? std::clamp(stop.position(), 0.0, 1.0) : 0.0;
+}
+
+}  // namespace
+
+std::string cssGradient(const Gradient& gradient, const Rect& box, double opacity,
+                        std::string* note) {
+  GradientGeometry g = gradientGeometry(gradient, box);
+  const double x = box.minX(), y = box.minY(), w = box.width(), h = box.height();
+  std::string css;
+  auto n = [&](double v) { detail::appendNumber(css, v, 2); };
+  Gradient::Kind kind = gradient.kind().value_or(Gradient::Kind::linear);
+  if (kind == Gradient::Kind::angular) {
+    css = "conic-gradient(from ";
+    n(g.startAngle);
+    css += "deg at ";
+    n(w > 0 ? (g.from.x - x) / w * 100 : 0);
+    css += "% ";
+    n(h > 0 ? (g.from.y - y) / h * 100 : 0);
+    css += '%';
+    for (const auto& stop : gradient.stops()) {
+      if (stop && stop->color()) appendStop(css, *stop, opacity, position(*stop));
+    }
+    return css + ")";
+  }
+  if (kind == Gradient::Kind::radial) {
+    double axis = std::atan2(g.to.y - g.from.y, g.to.x - g.from.x) * 180 / kPi - g.rotation;
+    double turned = std::fmod(std::abs(axis), 90);
+    bool aligned = turned < 1e-9 || 90 - turned < 1e-9;
+    css = "radial-gradient(";
+    if (g.crossScale != 1 && aligned) {
+      // An ellipse whose axes lie along the box's.
+      bool horizontal = std::fmod(std::abs(axis) + 1e-9, 180) < 1;
+      double across = g.radius * g.crossScale;
+      css += "ellipse ";
+      n(horizontal ? g.radius : across);
+      css += "px ";
+      n(horizontal ? across : g.radius);
+      css += "px";
+    } else {
+      if (g.crossScale != 1 && note) *note = "a turned elliptical gradient drawn as a circle";
+      css += "circle ";
+      n(g.radius);
+      css += "px";
+    }
+    css += " at ";
+    n(g.from.x - x);
+    css += "px ";
+    n(g.from.y - y);
+    css += "px";
+    for (const auto& stop : gradient.stops()) {
+      if (stop && stop->color()) appendStop(css, *stop, opacity, position(*stop));
+    }
+    return css + ")";
+  }
+  // Linear: CSS runs its gradient line through the box's centre, as long as the box reaches
+  // along it; each stop is placed where its point projects onto that line.
+  double a = -g.rotation * kPi / 180;
+  double dx = g.to.x - g.from.x, dy = g.to.y - g.from.y;
+  double rx = dx * std::cos(a) - dy * std::sin(a), ry = dx * std::sin(a) + dy * std::cos(a);
+  double length = std::hypot(rx, ry);
+  std::vector<std::pair<const Gradient::Stop*, double>> stops;
+  for (const auto& stop : gradient.stops()) {
+    if (stop && stop->color()) stops.push_back({stop.get(), position(*stop)});
+  }
+  if (length == 0 || stops.empty()) {
+    // No direction: the last color everywhere, as SVG paints it.
+    css = "linear-gradient(";
+    if (stops.empty()) return "none";
+    std::string c = rgba(*stops.back().first->color(), opacity).css();
+    return css + c + ", " + c + ")";
+  }
+  double ux = rx / length, uy = ry / length;
+  double line = std::abs(w * ux) + std::abs(h * uy);
+  double sx = x + w / 2 - ux * line / 2, sy = y + h / 2 - uy * line / 2;
+  double offset = (g.from.x - sx) * ux + (g.from.y - sy) * uy;
+  css = "linear-gradient(";
+  n(std::atan2(ux, -uy) * 180 / kPi);
+  css += "deg";
+  for (const auto& [stop, at] : stops) {
+    appendStop(css, *stop, opacity, line > 0 ? (offset + at * length) / line : at);
+  }
+  return css + ")";
 }
 
 }  // namespace orvane::handoff

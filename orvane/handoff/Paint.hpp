@@ -45,14 +45,21 @@ CssBlendMode cssBlendMode(BlendMode mode);
 /// `conic-gradient` counts). `angle` turns the gradient about `from` counter-clockwise, as a
 /// layer's rotation turns; `scale` stretches a radial gradient across its axis.
 struct GradientGeometry {
-  Point from;               ///< the start, in the box's coordinates
-  Point to;                 ///< the end, in the box's coordinates
-  double radius = 0;        ///< the distance from `from` to `to`: a radial gradient's circle
-  double startAngle = 0;    ///< an angular gradient's start, `angle` included
-  double rotation = 0;      ///< `angle`, in degrees counter-clockwise (0 without one)
-  double crossScale = 1;    ///< a radial gradient's `scale` across its axis (else 1)
+  Point from;             ///< the start, in the box's coordinates
+  Point to;               ///< the end, in the box's coordinates
+  double radius = 0;      ///< the distance from `from` to `to`: a radial gradient's circle
+  double startAngle = 0;  ///< an angular gradient's start, `angle` included
+  double rotation = 0;    ///< `angle`, in degrees counter-clockwise (0 without one)
+  double crossScale = 1;  ///< a radial gradient's `scale` across its axis (else 1)
 };
 /// The gradient laid on `box` (its unit coordinates scaled to the box).
 GradientGeometry gradientGeometry(const Gradient& gradient, const Rect& box);
+
+/// The gradient as a CSS background image on `box` (`linear-gradient`, `radial-gradient` or
+/// `conic-gradient`), drawing what `renderSvg` draws; stop colors take `opacity` into their
+/// alpha. What CSS cannot follow (a turned or stretched radial gradient) is drawn as near as it
+/// can, and said in `note` when one is given.
+std::string cssGradient(const Gradient& gradient, const Rect& box, double opacity = 1,
+                        std::string* note = nullptr);
 
 }  // namespace orvane::handoff

@@ -192,25 +192,6 @@ void appendStops(Svg& defs, const Gradient& gradient) {
   }
 }
 
-std::string conicCss(const Gradient& gradient, const GradientGeometry& g, const Box& box) {
-  std::string css = "conic-gradient(from ";
-  appendNumber(css, g.startAngle);
-  css += "deg at ";
-  appendNumber(css, box.w > 0 ? (g.from.x - box.x) / box.w * 100 : 0);
-  css += "% ";
-  appendNumber(css, box.h > 0 ? (g.from.y - box.y) / box.h * 100 : 0);
-  css += '%';
-  for (const auto& stop : gradient.stops()) {
-    if (!stop || !stop->color()) continue;
-    css += ", ";
-    css += rgba(*stop->color()).css();
-    css += ' ';
-    appendNumber(css, std::clamp(finite(stop->position()), 0.0, 1.0) * 100);
-    css += '%';
-  }
-  return css + ")";
-}
-
 std::optional<Paint> paintOf(const Fill& fill, const Box& box, const std::string& id,
                              std::string& defsText) {
   if (!fill.kind()) return std::nullopt;
@@ -225,7 +206,7 @@ std::optional<Paint> paintOf(const Fill& fill, const Box& box, const std::string
   const Gradient& gradient = *holder->gradient;
   GradientGeometry g = gradientGeometry(gradient, Rect(box.x, box.y, box.w, box.h));
   if (gradient.kind() == Gradient::Kind::angular)
-    return Paint{{}, opacity, conicCss(gradient, g, box)};
+    return Paint{{}, opacity, cssGradient(gradient, Rect(box.x, box.y, box.w, box.h))};
 
   Svg defs(defsText);
   std::string transform;

@@ -127,3 +127,42 @@ void appendCssString(std::string& out, std::string_view text) {
 }
 
 }  // namespace orvane::detail
+
+namespace orvane::detail {
+
+void appendJsonString(std::string& out, std::string_view text) {
+  static constexpr char kHex[] = "0123456789abcdef";
+  out += '"';
+  for (std::size_t at = 0; at < text.size();) {
+    CodePoint c = readCodePoint(text, at);
+    at += c.length;
+    switch (c.value) {
+      case '"':
+        out += "\\\"";
+        break;
+      case '\\':
+        out += "\\\\";
+        break;
+      case '\n':
+        out += "\\n";
+        break;
+      case '\r':
+        out += "\\r";
+        break;
+      case '\t':
+        out += "\\t";
+        break;
+      default:
+        if (c.value < 0x20) {
+          out += "\\u00";
+          out += kHex[c.value >> 4];
+          out += kHex[c.value & 0xF];
+        } else {
+          appendUtf8(out, c.value);
+        }
+    }
+  }
+  out += '"';
+}
+
+}  // namespace orvane::detail

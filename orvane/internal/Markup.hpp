@@ -34,3 +34,10 @@ void appendXml(std::string& out, std::string_view text);
 void appendCssString(std::string& out, std::string_view text);
 
 }  // namespace orvane::detail
+
+namespace orvane::detail {
+
+/// Appends `text` as a JSON string, quotes included; bytes that are not UTF-8 become U+FFFD.
+void appendJsonString(std::string& out, std::string_view text);
+
+}  // namespace orvane::detail

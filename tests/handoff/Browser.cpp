@@ -69,12 +69,15 @@ Image Sheet::shoot(const std::string& browser, const ScratchDir& dir) {
   int width = 1, height = 0;
   std::string page =
       "<!DOCTYPE html><html><head><style>html,body{margin:0;background:#fff}"
-      "img{position:absolute;left:0;display:block}</style></head><body>";
+      "img,iframe{position:absolute;left:0;display:block;border:0}</style></head><body>";
   for (auto& entry : entries) {
     entry.top = height;
-    page += "<img src=\"" + entry.file + "\" style=\"top:" + std::to_string(entry.top) +
+    // Pages go in frames of their own, drawings in images.
+    bool isPage = entry.file.ends_with(".html");
+    page += std::string(isPage ? "<iframe" : "<img") + " src=\"" + entry.file +
+            "\" style=\"top:" + std::to_string(entry.top) +
             "px;width:" + std::to_string(entry.width) +
-            "px;height:" + std::to_string(entry.height) + "px\">";
+            "px;height:" + std::to_string(entry.height) + "px\">" + (isPage ? "</iframe>" : "");
     width = std::max(width, entry.width);
     height += entry.height + 10;
   }

@@ -29,7 +29,7 @@ class ScratchDir {
 /// A page showing each document at its own place, top to bottom, screenshot in one run.
 struct Sheet {
   struct Entry {
-    std::string file;  // an SVG or HTML file in the scratch folder
+    std::string file;  // an SVG drawing or an HTML page in the scratch folder
     int width;
     int height;
     int top = 0;  // where the screenshot shows it

@@ -11,50 +11,13 @@
 #include <orvane/json/JsonDecoder.hpp>
 
 #include "Browser.hpp"
+#include "Documents.hpp"
 
 namespace orvane::test {
 namespace {
 
 const Pixel kWhite{255, 255, 255}, kBlack{0, 0, 0}, kRed{255, 0, 0}, kGreen{0, 255, 0},
     kBlue{0, 0, 255}, kYellow{255, 255, 0};
-
-// A layer document: `rest` adds or overrides members ("type", fills, styles...).
-std::string layer(const std::string& id, double x, double y, double w, double h,
-                  const std::string& rest = "") {
-  return R"({"_id":")" + id + R"(","name":")" + id + R"(","sourceId":")" + id +
-         R"(","type":"shape","rect":{"x":)" + std::to_string(x) + ",\"y\":" + std::to_string(y) +
-         ",\"width\":" + std::to_string(w) + ",\"height\":" + std::to_string(h) +
-         "},\"opacity\":1" + (rest.empty() ? "" : "," + rest) + "}";
-}
-
-std::string color(double r, double g, double b, double a = 1) {
-  return "{\"r\":" + std::to_string(r) + ",\"g\":" + std::to_string(g) +
-         ",\"b\":" + std::to_string(b) + ",\"a\":" + std::to_string(a) + "}";
-}
-
-std::string solid(double r, double g, double b, double a = 1, const std::string& rest = "") {
-  return R"("fills":[{"fillType":"color","color":)" + color(r, g, b, a) +
-         (rest.empty() ? "" : "," + rest) + "}]";
-}
-
-std::string gradient(const std::string& type, const std::string& from, const std::string& to) {
-  return R"("fills":[{"fillType":"gradient","gradient":{"type":")" + type + R"(","from":)" + from +
-         R"(,"to":)" + to + R"(,"colorStops":[{"position":0,"color":)" + color(1, 0, 0) +
-         R"(},{"position":1,"color":)" + color(0, 0, 1) + "}]}}]";
-}
-
-std::string border(const std::string& position) {
-  return R"("borders":[{"position":")" + position +
-         R"(","thickness":4,"fillType":"color","color":)" + color(0, 1, 0) + "}]";
-}
-
-std::string shadow(const std::string& type, int dx, int dy) {
-  return R"("shadows":[{"type":")" + type + R"(","offsetX":)" + std::to_string(dx) +
-         R"(,"offsetY":)" + std::to_string(dy) + R"(,"blurRadius":0,"color":)" + color(0, 0, 0) +
-         "}]";
-}
-
-const std::string kMiddle = R"({"x":0.5,"y":0.5})";
 
 struct Probe {
   int x, y;
@@ -229,11 +192,8 @@ TEST(RenderInBrowser, EachCaseLooksAsDrawn) {
     const Case& c = all[i];
     std::string layers;
     for (const auto& l : c.layers) layers += (layers.empty() ? "" : ",") + l;
-    std::string json = R"({"_id":"s","width":)" + std::to_string(c.width) +
-                       ",\"height\":" + std::to_string(c.height) + R"(,"backgroundColor":)" +
-                       color(1, 1, 1) + ",\"layers\":[" + layers + "]" +
-                       (c.extra.empty() ? "" : "," + c.extra) + "}";
-    auto snapshot = JsonDecoder().decode<Ref<Snapshot>>(json);
+    auto snapshot =
+        JsonDecoder().decode<Ref<Snapshot>>(snapshotJson(c.width, c.height, layers, c.extra));
     std::string name = "case" + std::to_string(i) + ".svg";
     dir.write(name, handoff::renderSvg(*snapshot, c.options));
     sheet.entries.push_back({name, c.width, c.height});

@@ -11,8 +11,10 @@
 #include <vector>
 
 #include <CLI/CLI.hpp>
+#include <orvane/handoff/Code.hpp>
 #include <orvane/handoff/Find.hpp>
 #include <orvane/handoff/Render.hpp>
+#include <orvane/handoff/StyleGuide.hpp>
 #include <orvane/version.hpp>
 
 #include "Output.hpp"
@@ -191,10 +193,10 @@ struct CommandFailure {
   int status;
 };
 
-// Reads the request's document and finds the snapshot it names; on failure, reports it and
-// throws the status to exit with.
+// Reads the request's document and finds the snapshot it names (with the project it lies in,
+// for a Project document); on failure, reports it and throws the status to exit with.
 Ref<Snapshot> loadSnapshot(const Request& request, const SnapshotChoice& choice, Output& out,
-                           JsonDecoder& decoder) {
+                           JsonDecoder& decoder, Ref<Project>* inProject = nullptr) {
   bool fromProject = request.type == "Project";
   if (!fromProject && request.type != "Snapshot") {
     if (!lookUpType(request.type)) throw CommandFailure{kUsage};  // reported with suggestions
@@ -222,6 +224,7 @@ Ref<Snapshot> loadSnapshot(const Request& request, const SnapshotChoice& choice,
   try {
     if (!fromProject) return decoder.decode<Ref<Snapshot>>(json);
     auto project = decoder.decode<Ref<Project>>(json);
+    if (inProject) *inProject = project;
     auto notFound = [](const std::string& what) {
       std::cerr << "error: " << oneLine(what) << '\n';
       return CommandFailure{kDecodingFailed};
@@ -269,6 +272,92 @@ int runRender(const RenderRequest& request, Output& out) {
     return 0;
   } catch (const CommandFailure& failure) {
     return failure.status;
+  } catch (const std::bad_alloc&) {
+    std::cerr << "error: out of memory\n";
+    return kDecodingFailed;
+  }
+}
+
+struct CodeRequest {
+  std::string language;
+  Request document;
+  SnapshotChoice choice;
+  std::string layer;
+  std::string density;
+};
+
+int runCode(const CodeRequest& request, Output& out) {
+  handoff::CodeOptions options;
+  if (!request.density.empty()) {
+    options.density = fromRawValue<Density>(request.density);
+    if (!options.density) {
+      return usageError("--density " + request.density +
+                        " is none of 1x, 2x, 3x, mdpi, hdpi, xhdpi, xxhdpi, xxxhdpi");
+    }
+  }
+  WarningLines warnings;
+  Settings settings =
+      settingsFor(request.document, request.document.warnings ? &warnings : nullptr);
+  try {
+    JsonDecoder decoder(settings.decoding);
+    Ref<Project> project;
+    Ref<Snapshot> snapshot =
+        loadSnapshot(request.document, request.choice, out, decoder, &project);
+    printWarnings(warnings, "");
+    handoff::FoundLayer found = handoff::findLayer(*snapshot, request.layer);
+    if (!found.layer) {
+      std::cerr << "error: " << oneLine(found.error) << '\n';
+      return kDecodingFailed;
+    }
+    handoff::StyleGuide guide = project ? handoff::StyleGuide(*project) : handoff::StyleGuide();
+    options.styleGuide = &guide;
+    const Layer& layer = *found.layer;
+    out.write(request.language == "css"       ? handoff::layerCss(layer, options)
+              : request.language == "swiftui" ? handoff::layerSwiftUI(layer, options)
+                                              : handoff::layerCompose(layer, options));
+    return 0;
+  } catch (const CommandFailure& failure) {
+    return failure.status;
+  } catch (const std::bad_alloc&) {
+    std::cerr << "error: out of memory\n";
+    return kDecodingFailed;
+  }
+}
+
+struct TokensRequest {
+  std::string format;
+  Request document;
+};
+
+int runTokens(const TokensRequest& request, Output& out) {
+  WarningLines warnings;
+  Settings settings =
+      settingsFor(request.document, request.document.warnings ? &warnings : nullptr);
+  try {
+    std::vector<char> buffer;
+    std::size_t size = 0;
+    std::string reason;
+    if (!readInput(request.document.file, buffer, size, reason)) {
+      return usageError("cannot read " + inputName(request.document.file) + ": " + reason);
+    }
+    JsonDecoder decoder(settings.decoding);
+    auto project = decoder.decode<Ref<Project>>(std::string_view(buffer.data(), size));
+    printWarnings(warnings, "");
+    static const std::pair<const char*, handoff::TokenFormat> kFormats[] = {
+        {"dtcg", handoff::TokenFormat::dtcg},
+        {"css", handoff::TokenFormat::css},
+        {"swift", handoff::TokenFormat::swift},
+        {"kotlin", handoff::TokenFormat::kotlin}};
+    handoff::TokenFormat format = handoff::TokenFormat::dtcg;
+    for (const auto& [name, f] : kFormats) {
+      if (request.format == name) format = f;
+    }
+    out.write(handoff::writeTokens(handoff::StyleGuide(*project), format));
+    return 0;
+  } catch (const DecodingError& e) {
+    if (request.document.jsonErrors) out.write(errorJson(e) + '\n');
+    std::cerr << "error: " << oneLine(e.what()) << '\n';
+    return kDecodingFailed;
   } catch (const std::bad_alloc&) {
     std::cerr << "error: out of memory\n";
     return kDecodingFailed;
@@ -364,6 +453,50 @@ int run(int argc, char** argv, Output& out) {
       "success, 1 when the document does not decode or what is named does not exist, 2 for a "
       "usage error, 3 when the output cannot be written.");
 
+  CodeRequest codeRequest;
+  auto* code = app.add_subcommand("code", "Write the code of one layer: CSS, SwiftUI or Compose");
+  code->add_option("LANGUAGE", codeRequest.language, "css, swiftui or compose")
+      ->required()
+      ->check(CLI::IsMember({"css", "swiftui", "compose"}));
+  addDocumentOptions(*code, codeRequest.document, false);
+  addSnapshotOptions(*code, codeRequest.choice);
+  code->add_option("--layer", codeRequest.layer,
+                   "The layer: its identifier, its name when unique, or its path of names "
+                   "(Card/Title)")
+      ->required();
+  code->add_option("--density", codeRequest.density,
+                   "How document units map to points and dp: 1x, 2x, 3x, mdpi ... xxxhdpi "
+                   "(default the snapshot's, else 1x)");
+  code->footer(
+      "TYPE is Snapshot, or Project with --screen ID or --component ID; with a Project, colors "
+      "and text styles of its style guide are named by their tokens. Exit status: 0 on "
+      "success, 1 when the document does not decode or what is named does not exist, 2 for a "
+      "usage error, 3 when the output cannot be written.");
+
+  TokensRequest tokensRequest;
+  auto* tokens =
+      app.add_subcommand("tokens", "Write a Project's style guide as design tokens");
+  tokens->add_option("FORMAT", tokensRequest.format, "dtcg, css, swift or kotlin")
+      ->required()
+      ->check(CLI::IsMember({"dtcg", "css", "swift", "kotlin"}));
+  tokens->add_option("FILE", tokensRequest.document.file,
+                     "The Project document; standard input when absent or -");
+  tokens->add_flag("--import-source", tokensRequest.document.importSource,
+                   "Decode as a document from an import source (fromImportSource = true)");
+  tokens->add_option("--dates", tokensRequest.document.dates, "Date strategy for reading")
+      ->check(CLI::IsMember({"iso8601", "seconds", "milliseconds", "deferred"}));
+  tokens->add_flag("--json-errors", tokensRequest.document.jsonErrors,
+                   "On a decoding failure, print the error as JSON on standard output");
+  tokens->add_flag("--warnings", tokensRequest.document.warnings,
+                   "After a successful decode, list on standard error every value that a "
+                   "tolerant key dropped");
+  tokens->footer(
+      "dtcg: one Design Tokens Community Group (2025.10) JSON document, grouped by the "
+      "/-separated parts of names; css: custom properties in :root; swift: Color and Font "
+      "extensions; kotlin: Compose Color and TextStyle values. Exit status: 0 on success, 1 "
+      "when the document does not decode, 2 for a usage error, 3 when the output cannot be "
+      "written.");
+
   try {
     app.parse(argc, argv);
   } catch (const CLI::Success& e) {
@@ -388,6 +521,8 @@ int run(int argc, char** argv, Output& out) {
   }
   if (check->parsed()) return runCheck(checkRequest, out);
   if (render->parsed()) return runRender(renderRequest, out);
+  if (code->parsed()) return runCode(codeRequest, out);
+  if (tokens->parsed()) return runTokens(tokensRequest, out);
   if (decode->parsed()) return runDocumentCommand(decodeRequest, false, out);
   return runDocumentCommand(dumpRequest, true, out);
 }

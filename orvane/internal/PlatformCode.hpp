@@ -1,0 +1,31 @@
+// How values are spelled in each platform's code; shared by the layer code and the tokens.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include <orvane/styles/TextStyle.hpp>
+#include <orvane/values/Color.hpp>
+
+namespace orvane::handoff {
+
+/// The CSS `font` shorthand of a style: style, weight, size, line height and family.
+std::string cssFont(const TextStyle& style);
+/// A token's name as a Swift `Color` or `Font` member, clear of SwiftUI's own and of keywords.
+std::string swiftName(std::string_view slug, bool font);
+/// A token's name as a Kotlin value, clear of keywords.
+std::string kotlinName(std::string_view slug);
+/// `Color(red: r, green: g, blue: b[, opacity: a])`.
+std::string swiftColor(const Color& color);
+/// `.semibold` and the like for a CSS weight.
+std::string swiftWeight(int weight);
+/// `Font.custom("Face", size: n)` with its weight and italic, sizes divided by `scale`.
+std::string swiftFont(const TextStyle& style, double scale);
+/// `Color(0xAARRGGBB)`.
+std::string kotlinColor(const Color& color);
+/// A Compose `TextStyle(...)` spread over lines after `indent`, sizes divided by `scale`; the
+/// color as the code given, left out when empty.
+std::string kotlinTextStyle(const TextStyle& style, double scale, const std::string& indent,
+                            const std::string& color);
+
+}  // namespace orvane::handoff
