@@ -50,7 +50,9 @@ class StyleGuide {
   explicit StyleGuide(const Project& project);
   StyleGuide() = default;
 
+  /// The colors, in the project's order.
   const std::vector<Token<ProjectColor>>& colors() const { return colors_; }
+  /// The text styles, in the project's order.
   const std::vector<Token<ProjectTextStyle>>& textStyles() const { return textStyles_; }
 
   /// The guide's color that looks like `color` (the same 8-bit channels and alpha), or null.
