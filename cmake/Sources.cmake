@@ -12,7 +12,10 @@ set(ORVANE_PUBLIC_HEADERS
     orvane/coding/SingleValueCodable.hpp
     orvane/coding/UserInfo.hpp
     orvane/handoff/Code.hpp
+    orvane/handoff/Diff.hpp
     orvane/handoff/Find.hpp
+    orvane/handoff/Inspect.hpp
+    orvane/handoff/Measure.hpp
     orvane/handoff/Paint.hpp
     orvane/handoff/Render.hpp
     orvane/handoff/StyleGuide.hpp
@@ -126,7 +129,10 @@ set(ORVANE_JSON_SOURCES
 # The hand-off outputs: read the model through its public accessors, nothing more.
 set(ORVANE_HANDOFF_SOURCES
     orvane/handoff/Code.cpp
+    orvane/handoff/Diff.cpp
     orvane/handoff/Find.cpp
+    orvane/handoff/Inspect.cpp
+    orvane/handoff/Measure.cpp
     orvane/handoff/Paint.cpp
     orvane/handoff/Render.cpp
     orvane/handoff/StyleGuide.cpp

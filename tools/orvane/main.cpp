@@ -12,9 +12,13 @@
 
 #include <CLI/CLI.hpp>
 #include <orvane/handoff/Code.hpp>
+#include <orvane/handoff/Diff.hpp>
 #include <orvane/handoff/Find.hpp>
+#include <orvane/handoff/Inspect.hpp>
+#include <orvane/handoff/Measure.hpp>
 #include <orvane/handoff/Render.hpp>
 #include <orvane/handoff/StyleGuide.hpp>
+#include <orvane/internal/Markup.hpp>
 #include <orvane/version.hpp>
 
 #include "Output.hpp"
@@ -364,6 +368,241 @@ int runTokens(const TokensRequest& request, Output& out) {
   }
 }
 
+struct InspectRequest {
+  Request document;
+  SnapshotChoice choice;
+  bool json = false;
+};
+
+int runInspect(const InspectRequest& request, Output& out) {
+  WarningLines warnings;
+  Settings settings =
+      settingsFor(request.document, request.document.warnings ? &warnings : nullptr);
+  try {
+    JsonDecoder decoder(settings.decoding);
+    handoff::InspectNode tree;
+    const auto& c = request.choice;
+    if (request.document.type == "Project" && c.screen.empty() && c.component.empty()) {
+      if (!c.versionId.empty()) return usageError("--version-id needs --screen or --component");
+      std::vector<char> buffer;
+      std::size_t size = 0;
+      std::string reason;
+      if (!readInput(request.document.file, buffer, size, reason)) {
+        return usageError("cannot read " + inputName(request.document.file) + ": " + reason);
+      }
+      try {
+        auto project = decoder.decode<Ref<Project>>(std::string_view(buffer.data(), size));
+        tree = handoff::inspectProject(*project);
+      } catch (const DecodingError& e) {
+        if (request.document.jsonErrors) out.write(errorJson(e) + '\n');
+        std::cerr << "error: " << oneLine(e.what()) << '\n';
+        return kDecodingFailed;
+      }
+    } else {
+      Ref<Project> project;
+      Ref<Snapshot> snapshot =
+          loadSnapshot(request.document, request.choice, out, decoder, &project);
+      tree = handoff::inspectSnapshot(*snapshot, project.get());
+    }
+    printWarnings(warnings, "");
+    out.write(request.json ? handoff::inspectJson(tree) : handoff::inspectText(tree));
+    return 0;
+  } catch (const CommandFailure& failure) {
+    return failure.status;
+  } catch (const std::bad_alloc&) {
+    std::cerr << "error: out of memory\n";
+    return kDecodingFailed;
+  }
+}
+
+struct MeasureRequest {
+  Request document;
+  SnapshotChoice choice;
+  std::string a, b;
+  bool json = false;
+};
+
+int runMeasure(const MeasureRequest& request, Output& out) {
+  WarningLines warnings;
+  Settings settings =
+      settingsFor(request.document, request.document.warnings ? &warnings : nullptr);
+  try {
+    JsonDecoder decoder(settings.decoding);
+    Ref<Snapshot> snapshot = loadSnapshot(request.document, request.choice, out, decoder);
+    printWarnings(warnings, "");
+    Ref<Layer> layers[2];
+    const std::string* names[2] = {&request.a, &request.b};
+    for (int i = 0; i < 2; ++i) {
+      handoff::FoundLayer found = handoff::findLayer(*snapshot, *names[i]);
+      if (!found.layer) {
+        std::cerr << "error: " << oneLine(found.error) << '\n';
+        return kDecodingFailed;
+      }
+      layers[i] = found.layer;
+    }
+    handoff::Measurement m =
+        handoff::measure(layers[0]->absoluteFrame(), layers[1]->absoluteFrame());
+    auto n = [](double v) { return orvane::detail::number(v); };
+    std::string text;
+    if (request.json) {
+      std::string a, b;
+      orvane::detail::appendJsonString(a, layers[0]->identifier().rawValue());
+      orvane::detail::appendJsonString(b, layers[1]->identifier().rawValue());
+      text = "{\"a\":" + a + ",\"b\":" + b + ",\"relation\":";
+      switch (m.relation) {
+        case handoff::Measurement::Relation::apart:
+          text += "\"apart\",\"horizontal\":" + n(m.horizontal) + ",\"vertical\":" +
+                  n(m.vertical);
+          break;
+        case handoff::Measurement::Relation::inside:
+          text += std::string("\"inside\",\"inner\":\"") + (m.innerIsA ? "a" : "b") +
+                  "\",\"top\":" + n(m.top) + ",\"right\":" + n(m.right) + ",\"bottom\":" +
+                  n(m.bottom) + ",\"left\":" + n(m.left);
+          break;
+        case handoff::Measurement::Relation::overlap:
+          text += "\"overlap\",\"width\":" + n(m.width) + ",\"height\":" + n(m.height);
+          break;
+      }
+      text += "}\n";
+    } else {
+      const std::string& a = layers[0]->name();
+      const std::string& b = layers[1]->name();
+      switch (m.relation) {
+        case handoff::Measurement::Relation::apart:
+          text = a + " and " + b + " are apart: " + n(m.horizontal) + " horizontally, " +
+                 n(m.vertical) + " vertically\n";
+          break;
+        case handoff::Measurement::Relation::inside:
+          text = (m.innerIsA ? a + " lies inside " + b : b + " lies inside " + a) +
+                 ": top " + n(m.top) + ", right " + n(m.right) + ", bottom " + n(m.bottom) +
+                 ", left " + n(m.left) + "\n";
+          break;
+        case handoff::Measurement::Relation::overlap:
+          text = a + " and " + b + " overlap by " + n(m.width) + " \u00d7 " + n(m.height) + "\n";
+          break;
+      }
+    }
+    out.write(text);
+    return 0;
+  } catch (const CommandFailure& failure) {
+    return failure.status;
+  } catch (const std::bad_alloc&) {
+    std::cerr << "error: out of memory\n";
+    return kDecodingFailed;
+  }
+}
+
+struct DiffRequest {
+  Request document;
+  std::string newer;  // the second snapshot document
+  SnapshotChoice choice;
+  std::string from, to;
+  bool json = false;
+};
+
+// As diff(1): 0 nothing changed, 1 something did, 2 any trouble.
+constexpr int kDiffTrouble = 2;
+
+int runDiff(const DiffRequest& request, Output& out) {
+  const auto& type = request.document.type;
+  if (type != "Snapshot" && type != "Project") {
+    if (!lookUpType(type)) return kUsage;
+    return usageError("TYPE must be Snapshot (two documents) or Project (two versions)");
+  }
+  bool versions = !request.from.empty() || !request.to.empty();
+  if (type == "Snapshot" && (request.newer.empty() || versions)) {
+    return usageError("diff Snapshot takes two documents, OLD and NEW, and no --from or --to");
+  }
+  if (type == "Project" && (!request.newer.empty() || request.from.empty() || request.to.empty())) {
+    return usageError("diff Project takes one document and --from VERSION_ID --to VERSION_ID");
+  }
+  if (!request.choice.versionId.empty()) return usageError("diff takes --from and --to");
+  WarningLines warnings;
+  Settings settings =
+      settingsFor(request.document, request.document.warnings ? &warnings : nullptr);
+  try {
+    JsonDecoder decoder(settings.decoding);
+    Ref<Snapshot> before, after;
+    if (type == "Snapshot") {
+      before = loadSnapshot(request.document, request.choice, out, decoder);
+      Request second = request.document;
+      second.file = request.newer;
+      JsonDecoder other(settings.decoding);
+      after = loadSnapshot(second, request.choice, out, other);
+    } else {
+      SnapshotChoice choice = request.choice;
+      if (request.document.importSource) {
+        return usageError(
+            "--import-source gives every record a fresh identifier, so none could be named");
+      }
+      choice.versionId = request.from;
+      Ref<Project> project;
+      before = loadSnapshot(request.document, choice, out, decoder, &project);
+      Ref<VersionCollection> collection =
+          !choice.screen.empty()
+              ? Ref<VersionCollection>(handoff::findScreen(*project, Identifier(choice.screen)))
+              : Ref<VersionCollection>(
+                    handoff::findComponent(*project, Identifier(choice.component)));
+      Ref<Version> version = handoff::findVersion(*collection, Identifier(request.to));
+      if (!version) {
+        std::cerr << "error: no version with identifier " << oneLine(request.to) << " in "
+                  << oneLine(std::string(collection->identifier().rawValue())) << '\n';
+        return kDiffTrouble;
+      }
+      after = Ref<Snapshot>(project, version->snapshot().get());
+    }
+    printWarnings(warnings, "");
+    handoff::SnapshotDiff diff = handoff::diffSnapshots(*before, *after);
+    std::string text;
+    auto layerJson = [](const Layer& l) {
+      std::string s = "{\"sourceIdentifier\":";
+      orvane::detail::appendJsonString(s, l.sourceIdentifier().rawValue());
+      s += ",\"name\":";
+      orvane::detail::appendJsonString(s, l.name());
+      return s + "}";
+    };
+    if (request.json) {
+      text = "{\"added\":[";
+      for (std::size_t i = 0; i < diff.added.size(); ++i) {
+        text += (i ? "," : "") + layerJson(*diff.added[i]);
+      }
+      text += "],\"removed\":[";
+      for (std::size_t i = 0; i < diff.removed.size(); ++i) {
+        text += (i ? "," : "") + layerJson(*diff.removed[i]);
+      }
+      text += "],\"changed\":[";
+      for (std::size_t i = 0; i < diff.changed.size(); ++i) {
+        const auto& c = diff.changed[i];
+        text += (i ? "," : "") + std::string("{\"layer\":") + layerJson(*c.after) +
+                ",\"changes\":[";
+        for (std::size_t k = 0; k < c.changes.size(); ++k) {
+          text += (k ? ",\"" : "\"") + std::string(handoff::changeName(c.changes[k])) + "\"";
+        }
+        text += "]}";
+      }
+      text += "]}\n";
+    } else {
+      for (const auto& l : diff.added) text += "+ " + oneLine(l->name()) + "\n";
+      for (const auto& l : diff.removed) text += "- " + oneLine(l->name()) + "\n";
+      for (const auto& c : diff.changed) {
+        text += "~ " + oneLine(c.after->name()) + ":";
+        for (std::size_t k = 0; k < c.changes.size(); ++k) {
+          text += (k ? ", " : " ") + std::string(handoff::changeName(c.changes[k]));
+        }
+        text += "\n";
+      }
+    }
+    out.write(text);
+    return diff.empty() ? 0 : 1;
+  } catch (const CommandFailure& failure) {
+    // Every trouble is 2 here, a document that does not decode included.
+    return failure.status == kDecodingFailed ? kDiffTrouble : failure.status;
+  } catch (const std::bad_alloc&) {
+    std::cerr << "error: out of memory\n";
+    return kDiffTrouble;
+  }
+}
+
 int runCheck(const Request& request, Output& out) {
   const TypeEntry* type = lookUpType(request.type);
   if (!type) return kUsage;
@@ -497,6 +736,67 @@ int run(int argc, char** argv, Output& out) {
       "when the document does not decode, 2 for a usage error, 3 when the output cannot be "
       "written.");
 
+  InspectRequest inspectRequest;
+  auto* inspect =
+      app.add_subcommand("inspect", "Show a project or a snapshot as a tree a person reads");
+  addDocumentOptions(*inspect, inspectRequest.document, false);
+  addSnapshotOptions(*inspect, inspectRequest.choice);
+  inspect->add_flag("--json", inspectRequest.json, "Print the tree as one JSON value");
+  inspect->footer(
+      "TYPE is Project (its sections, screens, versions, dots, components, style guide and "
+      "members) or Snapshot (its layer tree, links and assets; also a Project with --screen ID "
+      "or --component ID). Long lists are shortened in the tree, never in --json. Exit status: "
+      "0 on success, 1 when the document does not decode or what is named does not exist, 2 "
+      "for a usage error, 3 when the output cannot be written.");
+
+  MeasureRequest measureRequest;
+  auto* measureCommand =
+      app.add_subcommand("measure", "Measure the distances between two layers");
+  measureCommand->add_option("TYPE", measureRequest.document.type, "Snapshot or Project")
+      ->required();
+  measureCommand->add_option("FILE", measureRequest.document.file, "The document; - for "
+                                                                    "standard input")
+      ->required();
+  measureCommand->add_option("LAYER_A", measureRequest.a, "A layer: identifier, name or path")
+      ->required();
+  measureCommand->add_option("LAYER_B", measureRequest.b, "Another layer")->required();
+  addSnapshotOptions(*measureCommand, measureRequest.choice);
+  measureCommand->add_flag("--json", measureRequest.json, "Print the measurement as JSON");
+  measureCommand->add_flag("--import-source", measureRequest.document.importSource,
+                           "Decode as a document from an import source");
+  measureCommand->add_option("--dates", measureRequest.document.dates, "Date strategy")
+      ->check(CLI::IsMember({"iso8601", "seconds", "milliseconds", "deferred"}));
+  measureCommand->add_flag("--json-errors", measureRequest.document.jsonErrors,
+                           "On a decoding failure, print the error as JSON");
+  measureCommand->footer(
+      "Apart (touching counts, with a gap of 0): the horizontal and vertical gaps. One inside "
+      "the other (equal frames count): the four insets of the inner one. Otherwise: the "
+      "overlap's width and height. Exit status: 0 on success, 1 when the document does not "
+      "decode or a layer does not exist, 2 for a usage error, 3 when the output cannot be "
+      "written.");
+
+  DiffRequest diffRequest;
+  auto* diff = app.add_subcommand("diff", "What changed from one snapshot to another");
+  diff->add_option("TYPE", diffRequest.document.type, "Snapshot or Project")->required();
+  diff->add_option("OLD", diffRequest.document.file,
+                   "The older snapshot, or the Project document; - for standard input")
+      ->required();
+  diff->add_option("NEW", diffRequest.newer, "The newer snapshot (Snapshot only)");
+  addSnapshotOptions(*diff, diffRequest.choice);
+  diff->add_option("--from", diffRequest.from, "Project: the older version's identifier");
+  diff->add_option("--to", diffRequest.to, "Project: the newer version's identifier");
+  diff->add_flag("--json", diffRequest.json, "Print the changes as JSON");
+  diff->add_flag("--import-source", diffRequest.document.importSource,
+                 "Decode as documents from an import source");
+  diff->add_option("--dates", diffRequest.document.dates, "Date strategy")
+      ->check(CLI::IsMember({"iso8601", "seconds", "milliseconds", "deferred"}));
+  diff->footer(
+      "Layers are matched by source identifier (shared ones paired in tree order); each "
+      "matched layer reports renamed, moved, resized, rotated, restyled, text, kind, "
+      "reparented. Lines: + NAME, - NAME, ~ NAME: changes. Exit status, as diff(1): 0 when "
+      "nothing changed, 1 when something did, 2 for every trouble, 3 when the output cannot be "
+      "written.");
+
   try {
     app.parse(argc, argv);
   } catch (const CLI::Success& e) {
@@ -523,6 +823,9 @@ int run(int argc, char** argv, Output& out) {
   if (render->parsed()) return runRender(renderRequest, out);
   if (code->parsed()) return runCode(codeRequest, out);
   if (tokens->parsed()) return runTokens(tokensRequest, out);
+  if (inspect->parsed()) return runInspect(inspectRequest, out);
+  if (measureCommand->parsed()) return runMeasure(measureRequest, out);
+  if (diff->parsed()) return runDiff(diffRequest, out);
   if (decode->parsed()) return runDocumentCommand(decodeRequest, false, out);
   return runDocumentCommand(dumpRequest, true, out);
 }
