@@ -1,0 +1,200 @@
+// The tool for people, in the library: project and snapshot trees, measurements between
+// frames, and what changed between two snapshots.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include <simdjson.h>
+
+#include <orvane/handoff/Diff.hpp>
+#include <orvane/handoff/Inspect.hpp>
+#include <orvane/handoff/Measure.hpp>
+#include <orvane/json/JsonDecoder.hpp>
+
+#include "Documents.hpp"
+
+namespace orvane::handoff {
+namespace {
+
+using test::layer;
+using test::snapshotJson;
+
+std::string version(const std::string& id) {
+  return R"({"_id":")" + id +
+         R"(","created":"2024-02-01T00:00:00Z","creator":{"_id":"u","email":)"
+         R"("a@example.com","username":"ana"},"snapshot":{"_id":"s)" +
+         id + R"(","width":10,"height":10}})";
+}
+
+std::string screen(const std::string& id, const std::string& extra = "") {
+  return R"({"_id":")" + id + R"(","name":"Screen )" + id + R"(","latestVersion":)" +
+         version(id + "-2") + R"(,"versions":[)" + version(id + "-1") + "," + version(id + "-2") +
+         "]" + extra + "}";
+}
+
+Ref<Project> project() {
+  std::string screens;
+  for (int i = 0; i < 20; ++i) screens += "," + screen("X" + std::to_string(i));
+  return JsonDecoder().decode<Ref<Project>>(
+      R"({"_id":"P","name":"Shop","icon":{"type":"car"},"created":"2024-01-01T00:00:00Z",)"
+      R"("users":[{"user":{"_id":"u","email":"a@example.com"},"role":"owner"}],)"
+      R"("sections":[{"_id":"sec","name":"Main","screens":["S2","S1","gone"]}],"screens":[)" +
+      screen("S1", R"(,"dots":[{"_id":"d","name":"Logo","x":1,"y":2,"color":)" +
+                       test::color(1, 0, 0) +
+                       R"(,"comments":[{"_id":"c","note":"n",)"
+                       R"("created":"2024-01-01T00:00:00Z","updated":"2024-01-01T00:00:00Z"}]}])") +
+      "," + screen("S2") + screens +
+      R"(],"componentSections":[{"_id":"cs","name":"Controls","componentSections":[{"_id":"in",)"
+      R"("name":"Buttons","components":[{"_id":"C","name":"Button","latestVersion":)" +
+      version("C-1") + "}]}]}]}");
+}
+
+TEST(Inspect, AProjectTreeNamesEverythingWithItsPaths) {
+  simdjson::dom::parser parser;
+  simdjson::dom::element tree = parser.parse(inspectJson(inspectProject(*project())));
+  auto section = tree["sections"].at(0);
+  EXPECT_EQ(std::string_view(section["name"]), "Main");
+  auto named = section["screens"];
+  // In the section's order; an identifier the project lacks is still shown.
+  EXPECT_EQ(std::string_view(named.at(0)["identifier"]), "S2");
+  EXPECT_EQ(std::string_view(named.at(1)["identifier"]), "S1");
+  EXPECT_EQ(std::string_view(named.at(2)["identifier"]), "gone");
+  auto s1 = named.at(1);
+  EXPECT_EQ(std::string_view(s1["versionsPath"]), "v2/projects/P/screens/S1/versions");
+  // The latest and the listed versions, once each.
+  EXPECT_EQ(simdjson::dom::array(s1["versions"]).size(), 2u);
+  EXPECT_EQ(std::string_view(s1["versions"].at(0)["identifier"]), "S1-2");
+  EXPECT_EQ(std::string_view(s1["versions"].at(1)["creator"]), "ana");
+  EXPECT_EQ(int64_t(s1["dots"].at(0)["commentCount"]), 1);
+  // The other screens, by identifier, none shortened in JSON.
+  EXPECT_EQ(simdjson::dom::array(tree["screens"]).size(), 20u);
+  EXPECT_EQ(std::string_view(tree["screens"].at(0)["identifier"]), "X0");
+  auto component = tree["componentSections"].at(0)["componentSections"].at(0)["components"].at(0);
+  EXPECT_EQ(std::string_view(component["versionsPath"]),
+            "projects/P/componentSections/cs/in/components/C/versions");
+  EXPECT_EQ(std::string_view(tree["members"].at(0)["role"]), "owner");
+
+  std::string text = inspectText(inspectProject(*project()), 5);
+  EXPECT_NE(text.find("├─ screens (20)\n│  ├─ screen Screen X0 (X0), 2 versions"),
+            std::string::npos)
+      << text;
+  EXPECT_NE(text.find("│  └─ … and 15 more\n"), std::string::npos) << text;
+}
+
+TEST(Inspect, ASnapshotTreeShowsLayersLinksAndAssets) {
+  auto snapshot = JsonDecoder().decode<Ref<Snapshot>>(snapshotJson(
+      100, 100,
+      layer("Card", 10, 20, 50, 50,
+            R"("type":"group","layers":[)" + layer("Dot", 5, 5, 4, 4, test::solid(1, 0, 0)) + "]"),
+      R"("links":[{"rect":{"x":0,"y":0,"width":5,"height":5},"destination":{"type":"screen",)"
+      R"("name":"Screen S1"}}],"assets":[{"_id":"a","displayName":"dot","layerName":"Dot",)"
+      R"("contents":[{"density":"2x","format":"png"}]}])"));
+  auto p = project();
+  simdjson::dom::parser parser;
+  simdjson::dom::element tree = parser.parse(inspectJson(inspectSnapshot(*snapshot, p.get())));
+  auto dot = tree["layers"].at(0)["layers"].at(0);
+  EXPECT_EQ(std::string_view(dot["kind"]), "shape");
+  EXPECT_EQ(double(dot["absoluteFrame"]["x"]), 15);
+  EXPECT_EQ(double(dot["absoluteFrame"]["y"]), 25);
+  EXPECT_EQ(std::string_view(dot["style"]), "fill #ff0000");
+  EXPECT_EQ(std::string_view(tree["links"].at(0)["screen"]), "S1");
+  EXPECT_EQ(std::string_view(tree["assets"].at(0)["contents"].at(0)["format"]), "png");
+}
+
+TEST(Measure, ApartInsideOrOverlapping) {
+  using R = Measurement::Relation;
+  struct Row {
+    Rect a, b;
+    R relation;
+    std::vector<double> values;  // apart: h, v; inside: top, right, bottom, left; overlap: w, h
+    bool innerIsA = true;
+  } rows[] = {
+      {Rect(0, 0, 10, 10), Rect(30, 50, 10, 10), R::apart, {20, 40}},
+      {Rect(0, 0, 10, 10), Rect(10, 0, 10, 10), R::apart, {0, 0}},  // touching
+      {Rect(0, 0, 10, 10), Rect(5, 20, 10, 10), R::apart, {0, 10}},
+      {Rect(40, 40, 10, -10), Rect(0, 0, 10, 10), R::apart, {30, 20}},  // standardized
+      {Rect(10, 20, 5, 5), Rect(0, 0, 100, 50), R::inside, {20, 85, 25, 10}},
+      {Rect(0, 0, 100, 50), Rect(10, 20, 5, 5), R::inside, {20, 85, 25, 10}, false},
+      {Rect(0, 0, 10, 10), Rect(0, 0, 10, 10), R::inside, {0, 0, 0, 0}},
+      {Rect(0, 0, 10, 10), Rect(6, 7, 10, 10), R::overlap, {4, 3}},
+  };
+  for (const auto& row : rows) {
+    Measurement m = measure(row.a, row.b);
+    ASSERT_EQ(m.relation, row.relation);
+    std::vector<double> seen =
+        m.relation == R::apart    ? std::vector<double>{m.horizontal, m.vertical}
+        : m.relation == R::inside ? std::vector<double>{m.top, m.right, m.bottom, m.left}
+                                  : std::vector<double>{m.width, m.height};
+    EXPECT_EQ(seen, row.values);
+    if (m.relation == R::inside) {
+      EXPECT_EQ(m.innerIsA, row.innerIsA);
+    }
+  }
+}
+
+// Each change kind once, on its own layer, over a group that moves.
+TEST(Diff, ReportsEachKindOfChangeOnce) {
+  auto doc = [](bool after) {
+    auto pick = [&](const std::string& a, const std::string& b) { return after ? b : a; };
+    std::string text = R"("type":"text","textStyles":[],"content":")" + pick("Hi", "Ho") + "\"";
+    std::string children =
+        layer("same", 1, 1, 5, 5) + "," +
+        layer("name", 1, 1, 5, 5, pick("", R"("name":"renamed")")) + "," +
+        layer("move", 1, after ? 2 : 1, 5, 5) + "," + layer("size", 1, 1, 5, after ? 6 : 5) + "," +
+        layer("turn", 1, 1, 5, 5, pick("", R"("rotation":90)")) + "," +
+        layer("paint", 1, 1, 5, 5, pick("", test::solid(1, 0, 0))) + "," +
+        layer("text", 1, 1, 5, 5, text) + "," +
+        layer("kind", 1, 1, 5, 5, pick("", R"("type":"group","layers":[])")) + "," +
+        (after ? "" : layer("gone", 1, 1, 5, 5) + ",") + layer("hop", 1, 1, 5, 5);
+    std::string group = layer("group", after ? 40 : 10, 10, 80, 80,
+                              R"("type":"group","layers":[)" + children + "]");
+    std::string other = layer("other", 0, 0, 5, 5,
+                              R"("type":"group","layers":[)" +
+                                  std::string(after ? layer("hop", 1, 1, 5, 5) + "," : "") +
+                                  (after ? layer("new", 0, 0, 1, 1) : "") + "]");
+    std::string json = snapshotJson(100, 100, group + "," + other);
+    if (after) {
+      // "hop" leaves the group for "other".
+      std::size_t at = json.find(",{\"_id\":\"hop\"");
+      std::size_t end = json.find('}', json.find("\"opacity\"", at)) + 1;
+      json.erase(at, end - at);
+    }
+    return JsonDecoder().decode<Ref<Snapshot>>(json);
+  };
+  SnapshotDiff diff = diffSnapshots(*doc(false), *doc(true));
+  std::vector<std::string> seen;
+  for (const auto& c : diff.changed) {
+    std::string line = std::string(c.after->sourceIdentifier().rawValue()) + ":";
+    for (LayerChange k : c.changes) line += " " + std::string(changeName(k));
+    seen.push_back(line);
+  }
+  EXPECT_EQ(seen, (std::vector<std::string>{"group: moved", "name: renamed", "move: moved",
+                                            "size: resized", "turn: rotated", "paint: restyled",
+                                            "text: text", "kind: kind", "hop: moved reparented"}));
+  ASSERT_EQ(diff.added.size(), 1u);
+  EXPECT_EQ(diff.added[0]->name(), "new");
+  ASSERT_EQ(diff.removed.size(), 1u);
+  EXPECT_EQ(diff.removed[0]->name(), "gone");
+  EXPECT_TRUE(diffSnapshots(*doc(true), *doc(true)).empty());
+}
+
+TEST(Diff, LayersSharingASourceIdentifierPairInTreeOrder) {
+  auto doc = [](const std::vector<std::string>& names) {
+    std::string layers;
+    for (const auto& n : names) {
+      layers += (layers.empty() ? "" : ",") +
+                layer(n, 0, 0, 1, 1, R"("sourceId":"shared","name":")" + n + "\"");
+    }
+    return JsonDecoder().decode<Ref<Snapshot>>(snapshotJson(10, 10, layers));
+  };
+  SnapshotDiff diff = diffSnapshots(*doc({"a", "b", "c"}), *doc({"a", "x"}));
+  ASSERT_EQ(diff.changed.size(), 1u);
+  EXPECT_EQ(diff.changed[0].before->name(), "b");
+  EXPECT_EQ(diff.changed[0].after->name(), "x");
+  ASSERT_EQ(diff.removed.size(), 1u);
+  EXPECT_EQ(diff.removed[0]->name(), "c");
+}
+
+}  // namespace
+}  // namespace orvane::handoff
