@@ -22,6 +22,10 @@
 #include <simdjson.h>
 #include <nlohmann/json.hpp>
 
+#include <orvane/handoff/Diff.hpp>
+#include <orvane/handoff/Find.hpp>
+#include <orvane/handoff/Inspect.hpp>
+#include <orvane/handoff/Measure.hpp>
 #include <orvane/handoff/Render.hpp>
 #include <orvane/json/JsonDecoder.hpp>
 #include <orvane/json/JsonEncoder.hpp>
@@ -199,12 +203,14 @@ void measure(std::size_t megabytes) {
 // Drawing one snapshot against decoding it, at two sizes: the time per layer should not grow.
 void measureRender() {
   std::printf("\n### Drawing one snapshot (orvane render)\n\n");
-  std::printf("| %8s | %9s | %10s | %10s | %12s | %8s | %13s |\n", "layers", "JSON MB",
-              "decode ms", "render ms", "render/decode", "SVG MB", "render us/layer");
-  std::printf("|%s|%s|%s|%s|%s|%s|%s|\n", std::string(10, '-').c_str(),
+  std::printf("| %8s | %9s | %10s | %10s | %12s | %8s | %13s | %12s |\n", "layers", "JSON MB",
+              "decode ms", "render ms", "render/decode", "SVG MB", "render us/layer",
+              "self-diff ms");
+  std::printf("|%s|%s|%s|%s|%s|%s|%s|%s|\n", std::string(10, '-').c_str(),
               std::string(11, '-').c_str(), std::string(12, '-').c_str(),
               std::string(12, '-').c_str(), std::string(14, '-').c_str(),
-              std::string(10, '-').c_str(), std::string(15, '-').c_str());
+              std::string(10, '-').c_str(), std::string(15, '-').c_str(),
+              std::string(14, '-').c_str());
   for (int count : {6000, 60000}) {
     std::string json = orvane::bench::generateSnapshot(count);
     simdjson::padded_string padded(json);
@@ -218,11 +224,71 @@ void measureRender() {
     std::size_t layers = snapshot->flattenedLayers() ? snapshot->flattenedLayers()->size() : 0;
     std::string svg;
     double render = bestSeconds([&] { svg = orvane::handoff::renderSvg(*snapshot); });
-    std::printf("| %8zu | %9.1f | %10.2f | %10.2f | %12.2fx | %8.1f | %15.3f |\n", layers,
-                double(json.size()) / 1e6, decode * 1e3, render * 1e3, render / decode,
-                double(svg.size()) / 1e6, render * 1e6 / double(std::max<std::size_t>(layers, 1)));
+    double diff = bestSeconds([&] {
+      benchmark::DoNotOptimize(orvane::handoff::diffSnapshots(*snapshot, *snapshot).empty());
+    });
+    std::printf("| %8zu | %9.1f | %10.2f | %10.2f | %12.2fx | %8.1f | %15.3f | %12.2f |\n",
+                layers, double(json.size()) / 1e6, decode * 1e3, render * 1e3, render / decode,
+                double(svg.size()) / 1e6, render * 1e6 / double(std::max<std::size_t>(layers, 1)),
+                diff * 1e3);
   }
 }
+
+// The people's questions of a large project against decoding it: what is in it, how far apart
+// two layers are, what changed between two versions of a screen.
+void measurePeoplesQuestions(std::size_t megabytes) {
+  std::string json = orvane::bench::generateProject(megabytes * 1000 * 1000);
+  simdjson::padded_string padded(json);
+  std::string_view view(padded.data(), padded.size());
+  orvane::JsonDecoder decoder;
+  orvane::Ref<orvane::Project> project;
+  double decode =
+      bestSeconds([&] { project = decoder.decodePadded<orvane::Ref<orvane::Project>>(view); },
+                  [&] { project.reset(); });
+  project = decoder.decodePadded<orvane::Ref<orvane::Project>>(view);
+  std::printf("\n### Inspect, measure and diff of a %.0f MB project\n\n", double(json.size()) / 1e6);
+  std::printf("| %-40s | %10s | %10s |\n", "run", "ms", "vs decode");
+  std::printf("|%s|%s|%s|\n", std::string(42, '-').c_str(), std::string(12, '-').c_str(),
+              std::string(12, '-').c_str());
+  auto row = [&](const char* name, double seconds) {
+    std::printf("| %-40s | %10.2f | %9.2fx |\n", name, seconds * 1e3, seconds / decode);
+  };
+  row("decode (wired project)", decode);
+  std::size_t textBytes = 0, jsonBytes = 0;
+  row("inspect (tree and its text)", bestSeconds([&] {
+        textBytes = orvane::handoff::inspectText(orvane::handoff::inspectProject(*project)).size();
+      }));
+  row("inspect --json", bestSeconds([&] {
+        jsonBytes = orvane::handoff::inspectJson(orvane::handoff::inspectProject(*project)).size();
+      }));
+  // A screen with two versions, as the generator makes most of them.
+  orvane::Ref<orvane::Version> older, newer;
+  for (const auto& [id, screen] : *project->screensByIdentifier()) {
+    if (screen->versions() && screen->versions()->size() >= 2) {
+      older = screen->versions()->front();
+      newer = screen->versions()->back();
+      break;
+    }
+  }
+  if (older) {
+    auto layers = orvane::handoff::allLayers(*newer->snapshot());
+    std::string a(layers.front()->identifier().rawValue());
+    std::string b(layers.back()->identifier().rawValue());
+    row("measure (find two layers, measure)", bestSeconds([&] {
+          auto la = orvane::handoff::findLayer(*newer->snapshot(), a).layer;
+          auto lb = orvane::handoff::findLayer(*newer->snapshot(), b).layer;
+          benchmark::DoNotOptimize(
+              orvane::handoff::measure(la->absoluteFrame(), lb->absoluteFrame()).relation);
+        }));
+    row("diff of two versions of a screen", bestSeconds([&] {
+          benchmark::DoNotOptimize(
+              orvane::handoff::diffSnapshots(*older->snapshot(), *newer->snapshot()).empty());
+        }));
+  }
+  std::printf("\nThe tree's text: %.1f MB, its JSON: %.1f MB.\n", double(textBytes) / 1e6,
+              double(jsonBytes) / 1e6);
+}
+
 
 }  // namespace
 
@@ -288,4 +354,5 @@ int main(int argc, char** argv) {
   if (sizes.empty()) sizes = {1, 10, 100};
   for (auto mb : sizes) measure(mb);
   measureRender();
+  measurePeoplesQuestions(*std::max_element(sizes.begin(), sizes.end()));
 }

@@ -81,7 +81,10 @@ std::string textOf(const Layer::Kind::Text& text) {
 
 std::string parentOf(const Layer& layer) {
   Ref<Layer> parent = layer.parent();
-  return parent ? "p" + std::string(parent->sourceIdentifier().rawValue()) : "top";
+  if (!parent) return "top";
+  std::string key = "p";  // appended, not "p" + ...: GCC 12 misreads that as overlapping
+  key += parent->sourceIdentifier().rawValue();
+  return key;
 }
 
 bool same(double a, double b) {

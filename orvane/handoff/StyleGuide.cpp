@@ -238,7 +238,10 @@ std::string cssFont(const TextStyle& style) {
   FontFace face = fontFace(style.fontName());
   std::string font = face.italic ? "italic " : "";
   font += std::to_string(face.weight) + " " + number(style.fontSize()) + "px";
-  if (style.lineHeight()) font += "/" + number(*style.lineHeight()) + "px";
+  if (style.lineHeight()) {
+    font += '/';
+    font += number(*style.lineHeight()) + "px";
+  }
   font += " ";
   detail::appendCssString(font, face.family);
   return font + ", sans-serif";
