@@ -1,7 +1,5 @@
 // Records of a decode live in packed chunks: every chunk comes back once its records are
 // released, whatever keeps them, from whichever thread, and however the decode ended.
-#include <fstream>
-#include <sstream>
 #include <thread>
 
 #include <gtest/gtest.h>
@@ -12,31 +10,15 @@
 
 using namespace orvane;
 
+using test::exampleSnapshots;
+using Graph = std::vector<Ref<Snapshot>>;
+
 namespace {
 
-std::string example() {
-  std::ifstream in(ORVANE_SOURCE_DIR "/examples/snapshot.json", std::ios::binary);
-  std::stringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
-
-// Enough copies of the example to fill several chunks.
-std::string manySnapshots(int copies) {
-  std::string part = example(), json = "[";
-  for (int i = 0; i < copies; ++i) json += (i ? "," : "") + part;
-  return json + "]";
-}
-
-std::vector<Ref<Snapshot>> decodeMany(JsonDecoder& decoder, const std::string& json) {
-  return decoder.decode<std::vector<Ref<Snapshot>>>(json);
-}
-
-std::vector<Ref<Snapshot>> decodeUnpacked(const std::string& json) {
+Graph decodeUnpacked(const std::string& json) {
   JsonDecoderOptions options;
   options.packRecords = false;
-  JsonDecoder decoder(options);
-  return decodeMany(decoder, json);
+  return JsonDecoder(options).decode<Graph>(json);
 }
 
 }  // namespace
@@ -44,7 +26,7 @@ std::vector<Ref<Snapshot>> decodeUnpacked(const std::string& json) {
 TEST(RecordArena, ChunksComeBackWhenTheirRecordsAreReleased) {
   JsonDecoder decoder;
   const auto& arena = decoder.recordArena();
-  auto graph = decodeMany(decoder, manySnapshots(2000));
+  auto graph = decoder.decode<Graph>(exampleSnapshots(2000));
   const std::size_t used = arena.statistics().usedBytes;
   EXPECT_GT(used, std::size_t{2} << 20) << "several chunks filled";
   const std::size_t records = arena.statistics().recordBytes;
@@ -66,9 +48,9 @@ TEST(RecordArena, ChunksComeBackWhenTheirRecordsAreReleased) {
 }
 
 TEST(RecordArena, EachDecoderKeepsItsOwnChunksAndReusesThem) {
-  const std::string json = manySnapshots(600);
+  const std::string json = exampleSnapshots(600);
   JsonDecoder first, second;
-  auto graph = decodeMany(first, json);
+  auto graph = first.decode<Graph>(json);
   EXPECT_GT(first.recordArena().statistics().usedBytes, 0u);
   EXPECT_EQ(second.recordArena().statistics().usedBytes, 0u);
   graph.clear();
@@ -76,7 +58,7 @@ TEST(RecordArena, EachDecoderKeepsItsOwnChunksAndReusesThem) {
   EXPECT_GT(cached, 0u);
   EXPECT_EQ(second.recordArena().statistics().cachedBytes, 0u);
   // The next decode takes its chunks from the cache before the system.
-  graph = decodeMany(first, json);
+  graph = first.decode<Graph>(json);
   EXPECT_LT(first.recordArena().statistics().cachedBytes, cached);
   graph.clear();
   first.recordArena().releaseCachedChunks();
@@ -84,13 +66,13 @@ TEST(RecordArena, EachDecoderKeepsItsOwnChunksAndReusesThem) {
 }
 
 TEST(RecordArena, RecordsOutliveTheirDecoderAndAnyThreadReleasesThem) {
-  const std::string json = manySnapshots(50);
-  std::vector<Ref<Snapshot>> graph;
+  const std::string json = exampleSnapshots(50);
+  Graph graph;
   {
     JsonDecoder decoder;
-    graph = decodeMany(decoder, json);
+    graph = decoder.decode<Graph>(json);
     const std::size_t alone = decoder.recordArena().statistics().recordBytes;
-    auto other = decodeMany(decoder, json);
+    auto other = decoder.decode<Graph>(json);
     EXPECT_GT(decoder.recordArena().statistics().recordBytes, alone);
     std::thread([g = std::move(other)]() mutable { g.clear(); }).join();
     EXPECT_EQ(decoder.recordArena().statistics().recordBytes, alone);
@@ -103,19 +85,19 @@ TEST(RecordArena, RecordsOutliveTheirDecoderAndAnyThreadReleasesThem) {
 
 TEST(RecordArena, AFailedDecodeLeavesNoChunkBehind) {
   // The last snapshot lacks its identifier: everything decoded before it is dropped.
-  std::string json = manySnapshots(20);
+  std::string json = exampleSnapshots(20);
   json.back() = ',';
   json += R"({"width":1,"height":1,"url":"a","layers":[]}])";
   JsonDecoder decoder;
-  EXPECT_THROW(decodeMany(decoder, json), DecodingError);
+  EXPECT_THROW(decoder.decode<Graph>(json), DecodingError);
   EXPECT_EQ(decoder.recordArena().statistics().usedBytes, 0u);
   EXPECT_EQ(decoder.recordArena().statistics().recordBytes, 0u);
 }
 
 TEST(RecordArena, ScopesNestAndCanBeTurnedOff) {
-  const std::string json = manySnapshots(2);
+  const std::string json = exampleSnapshots(2);
   JsonDecoder decoder;
-  EXPECT_EQ(test::encodeJson(decodeUnpacked(json)), test::encodeJson(decodeMany(decoder, json)));
+  EXPECT_EQ(test::encodeJson(decodeUnpacked(json)), test::encodeJson(decoder.decode<Graph>(json)));
   RecordArena arena;
   auto used = [&] { return arena.statistics().usedBytes; };
   {
@@ -142,14 +124,6 @@ TEST(RecordArena, ScopesNestAndCanBeTurnedOff) {
   }
   EXPECT_EQ(used(), 0u);
 }
-
-#if defined(__SANITIZE_ADDRESS__)
-#define ORVANE_TEST_ASAN 1
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define ORVANE_TEST_ASAN 1
-#endif
-#endif
 
 TEST(RecordArenaDeathTest, ARecordUsedAfterItsReleaseIsReportedUnderTheSanitizer) {
 #if defined(ORVANE_TEST_ASAN)

@@ -1,9 +1,7 @@
 // Decoders on several threads at once, and graphs released on threads other than the one that
 // decoded them. Meant for the ThreadSanitizer build (preset `thread`), and run by every build.
 #include <condition_variable>
-#include <fstream>
 #include <mutex>
-#include <sstream>
 #include <thread>
 #include <vector>
 
@@ -14,15 +12,6 @@
 using namespace orvane;
 
 namespace {
-
-std::string manySnapshots(int copies) {
-  std::ifstream in(ORVANE_SOURCE_DIR "/examples/snapshot.json", std::ios::binary);
-  std::stringstream text;
-  text << in.rdbuf();
-  std::string json = "[";
-  for (int i = 0; i < copies; ++i) json += (i ? "," : "") + text.str();
-  return json + "]";
-}
 
 using Graph = std::vector<Ref<Snapshot>>;
 
@@ -49,7 +38,7 @@ class Handover {
 }  // namespace
 
 TEST(Threads, DecodersOnFourThreadsAndGraphsReleasedElsewhere) {
-  const std::string json = manySnapshots(40);
+  const std::string json = test::exampleSnapshots(40);
   const std::string expected = test::encodeJson(JsonDecoder().decode<Graph>(json));
   Handover handover;
   std::vector<std::string> failures(4);
