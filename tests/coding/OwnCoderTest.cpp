@@ -183,9 +183,10 @@ const std::string kScreen =
     R"("height":10,"assets":[{"_id":"A","displayName":"d","layerName":"l"}],"layers":[)" +
     layer("G", R"(,"type":"group","layers":[)" + layer("C") + "]") + R"(]}},"versions":[]})";
 
+// A key made from its name is the library's own key.
 UserInfo importInfo(std::any flag) {
   UserInfo info;
-  info[CodingUserInfoKey::fromImportSource()] = std::move(flag);
+  info[CodingUserInfoKey(std::string("fromImportSource"))] = std::move(flag);
   return info;
 }
 

@@ -41,15 +41,9 @@ struct Probe {
     p.count = c.decodeTolerant<std::int64_t>("count");
     return p;
   }
-  void encode(Encoder& e) const {
-    auto c = e.container();
-    c.encode("name", name);
-    c.encodeIfPresent("weight", weight);
-    c.encodeIfPresent("tone", tone);
-  }
 };
 
-/// A record held by reference with a nested list, a rectangle and a required enumeration.
+/// A record held by reference with a nested list, a rectangle and an enumeration.
 class TreeNode {
  public:
   static Ref<TreeNode> decode(const Decoder& d) {
@@ -61,44 +55,11 @@ class TreeNode {
     n->children = c.decodeIfPresent<std::vector<Ref<TreeNode>>>("children");
     return n;
   }
-  void encode(Encoder& e) const {
-    auto c = e.container();
-    c.encode("title", title);
-    c.encode("rect", frame);
-    c.encodeIfPresent("tone", tone);
-    c.encodeIfPresent("children", children);
-  }
-  void visitFields(FieldVisitor& v) const {
-    v.field("title", title);
-    v.field("frame", frame);
-    v.field("tone", tone);
-    v.field("children", children);
-  }
 
   std::string title;
   Rect frame;
   std::optional<Tone> tone;
   std::optional<std::vector<Ref<TreeNode>>> children;
-};
-
-/// A base and a derived record coded side by side in one object through two key sets.
-struct Base {
-  double size = 0;
-  static void decodeInto(const Decoder& d, Base& b) { b.size = d.container().decodeDouble("size"); }
-  void encodeInto(Encoder& e) const { e.container().encode("size", size); }
-};
-struct Derived : Base {
-  std::string label;
-  static Derived decode(const Decoder& d) {
-    Derived out;
-    out.label = d.container().decode<std::string>("label");
-    Base::decodeInto(d, out);
-    return out;
-  }
-  void encode(Encoder& e) const {
-    e.container().encode("label", label);
-    encodeInto(e);
-  }
 };
 
 }  // namespace orvane::fixtures
