@@ -10,8 +10,10 @@ using namespace orvane::fixtures;
 using namespace orvane::test;
 
 // Written standardized (a corpus case shows it); moved, a rectangle is standardized too.
-TEST(Geometry, OffsetRectanglesAreStandardized) {
+TEST(Geometry, OffsetRectanglesAreStandardizedAndRangesCompareByValue) {
   EXPECT_EQ(Rect(10, 20, -4, 5).offsetBy(1, 1), Rect(7, 21, 4, 5));
+  EXPECT_EQ(decodeJson<Range>(R"({"location":3,"length":0})"), (Range{3, 0}));
+  EXPECT_NE(decodeJson<Range>(R"({"location":3,"length":1})"), (Range{3, 0}));
 }
 
 // Counts every exception thrown in this process (ThrowCounter.cpp).

@@ -42,41 +42,6 @@ void expectProject(const Tree& t, const Ref<Project>& project) {
 
 }  // namespace
 
-TEST(Section, ProjectIsAPlainWeakField) {
-  auto project = makeProject();
-  auto section = decodeJson<Ref<Section>>(R"({"_id":"s1","name":"Flow","screens":["S"]})");
-  EXPECT_EQ(section->project(), nullptr);
-  section->setProject(project);
-  EXPECT_EQ(section->project(), project);
-  project.reset();
-  EXPECT_EQ(section->project(), nullptr);
-}
-
-TEST(ComponentSection, DecodedTreeHasParentsAndSectionsButNoProject) {
-  auto t = decodeTree();
-  EXPECT_EQ(t.a->parent(), nullptr);
-  EXPECT_EQ(t.b->parent(), t.a);
-  EXPECT_EQ(t.c->parent(), t.b);
-  EXPECT_EQ(t.j->section(), t.a);
-  EXPECT_EQ(t.k->section(), t.c);
-  EXPECT_EQ(t.c->description(), "deep");
-  EXPECT_FALSE(t.a->description());
-  expectProject(t, nullptr);
-
-  EXPECT_EQ(t.a->identifierPathComponent(), "A");
-  EXPECT_EQ(t.c->identifierPathComponent(), "A/B/C");
-  EXPECT_EQ(t.k->pathComponent(), "componentSections/A/B/C/components/K");
-  EXPECT_EQ(t.j->pathComponent(), "componentSections/A/components/J");
-
-  // The tree goes; the components that are still held lose section and parents.
-  auto k = t.k;
-  auto c = t.c;
-  t = Tree{};
-  EXPECT_EQ(k->section(), c);
-  EXPECT_EQ(c->parent(), nullptr);
-  EXPECT_EQ(c->identifierPathComponent(), "C");
-}
-
 TEST(ComponentSection, ProjectPassedDownAndClearedAgain) {
   auto t = decodeTree();
   auto project = makeProject("P");
