@@ -202,6 +202,10 @@ TEST(OwnCoder, TheImportSourceFlagComesFromTheUserInfoOfAnyCoder) {
         &snapshot->flattenedLayers()->at(0)->identifier()}) {
     EXPECT_TRUE(id->isLocal()) << id->rawValue();
   }
+  // Each layer gets an identifier of its own; source identifiers are the design's and stay.
+  EXPECT_NE(snapshot->layers()->at(0)->identifier(),
+            snapshot->flattenedLayers()->at(0)->identifier());
+  EXPECT_EQ(snapshot->flattenedLayers()->at(0)->sourceIdentifier(), Identifier("sC"));
   // An asset under the flag does without "contents"; wiring is the coder-independent part.
   EXPECT_TRUE(snapshot->assets()->at(0)->contents().empty());
   EXPECT_EQ(snapshot->flattenedLayers()->at(0)->parent(), snapshot->layers()->at(0));

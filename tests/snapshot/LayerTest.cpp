@@ -101,19 +101,6 @@ TEST(LayerObservers, KindAssignmentWiresChildrenButInitializerOnlyParents) {
   EXPECT_EQ(h->parent(), g);
 }
 
-// Defaults and left-out members are corpus cases; a payload key of another kind is not read.
-TEST(LayerCoding, PayloadKeysOfAnotherKindAreIgnored) {
-  auto layer = decodeJson<Ref<Layer>>(
-      R"({"_id":"g","name":"g","sourceId":"s","type":"group","layers":[],"content":7,)"
-      R"("interactionLevel":"middle","rect":{"x":0,"y":0,"width":1,"height":1},"opacity":1})");
-  ASSERT_TRUE(layer->kind() && layer->kind()->asGroup());
-  EXPECT_FALSE(layer->kind()->asGroup()->interactionLevel);
-  EXPECT_EQ(
-      encodeJson(layer),
-      R"({"name":"g","sourceId":"s","type":"group","layers":[],)"
-      R"("rect":{"x":0,"y":0,"width":1,"height":1},"borderRadius":0,"opacity":1,"exportable":false})");
-}
-
 // The optional members are stored packed; each must hold and clear without touching the others.
 TEST(LayerStorage, OptionalMembersSetAndClearIndependently) {
   auto layer = shape("L");
