@@ -16,6 +16,7 @@
 
 #include <gtest/gtest.h>
 
+#include <orvane/internal/JsonText.hpp>
 #include <orvane/internal/JsonWriter.hpp>
 #include <orvane/json/JsonEncoder.hpp>
 
@@ -41,24 +42,11 @@ std::string significantDigits(std::string_view text) {
   return digits;
 }
 
-// Whether `text` is one JSON number, as the grammar has it (no leading zeros, no bare point).
+// Whether `text` is one JSON number, as the grammar has it (the scanner is checked against the
+// parser in JsonTextTest).
 bool isJsonNumber(std::string_view text) {
-  std::size_t i = 0;
-  auto digits = [&] {
-    std::size_t from = i;
-    while (i < text.size() && text[i] >= '0' && text[i] <= '9') ++i;
-    return i - from;
-  };
-  if (i < text.size() && text[i] == '-') ++i;
-  std::size_t start = i, whole = digits();
-  if (whole == 0 || (whole > 1 && text[start] == '0')) return false;
-  if (i < text.size() && text[i] == '.' && (++i, digits() == 0)) return false;
-  if (i < text.size() && (text[i] == 'e' || text[i] == 'E')) {
-    ++i;
-    if (i < text.size() && (text[i] == '+' || text[i] == '-')) ++i;
-    if (digits() == 0) return false;
-  }
-  return i == text.size();
+  return !text.empty() && (text[0] == '-' || (text[0] >= '0' && text[0] <= '9')) &&
+         !scanJsonText(text, 1).invalidAt;
 }
 
 }  // namespace

@@ -100,27 +100,28 @@ TEST(RecordArena, ScopesNestAndCanBeTurnedOff) {
   EXPECT_EQ(test::encodeJson(decodeUnpacked(json)), test::encodeJson(decoder.decode<Graph>(json)));
   RecordArena arena;
   auto used = [&] { return arena.statistics().usedBytes; };
+  auto color = [](double red) {
+    return Color::make({.red = red, .green = 0, .blue = 0, .alpha = 1});
+  };
   {
     RecordArenaScope outer(arena);
-    auto color = Color::make(
-        {.red = 1, .green = 0, .blue = 0, .alpha = 1});  // placed in the outer scope's chunk
+    auto first = color(1);  // placed in the outer scope's chunk
     const std::size_t outerOnly = used();
     EXPECT_GT(outerOnly, 0u);
     {
       RecordArenaScope off(arena, false);
-      auto plain = Color::make({.red = 0, .green = 1, .blue = 0, .alpha = 1});
+      auto plain = color(0.5);
       EXPECT_EQ(used(), outerOnly);
     }
     {
       RecordArenaScope inner(arena);  // a chunk of its own
-      auto nested = Color::make({.red = 0, .green = 1, .blue = 1, .alpha = 1});
+      auto nested = color(0.5);
       EXPECT_GT(used(), outerOnly);
     }
-    auto another =
-        Color::make({.red = 0, .green = 0, .blue = 1, .alpha = 1});  // the outer chunk again
+    auto another = color(0.25);  // the outer chunk again
     EXPECT_EQ(used(), outerOnly);
-    EXPECT_EQ(color->red(), 1);
-    EXPECT_EQ(another->blue(), 1);
+    EXPECT_EQ(first->red(), 1);
+    EXPECT_EQ(another->red(), 0.25);
   }
   EXPECT_EQ(used(), 0u);
 }
