@@ -143,6 +143,8 @@ TEST(JsonNumbers, IntegersFitAndNumbersBeyondTheParserAreNumbersStill) {
   }
 }
 
+// Every strategy reads and writes a bare date; dates that do not read, and numbers out of
+// range, are corpus cases.
 TEST(JsonDates, EveryStrategyReadsAndWrites) {
   using namespace std::chrono;
   Date noonish = Date(sys_days{2024y / 5 / 1} + 12h + 30min);
@@ -160,28 +162,6 @@ TEST(JsonDates, EveryStrategyReadsAndWrites) {
             Date(sys_days{2001y / 1 / 1}.time_since_epoch()));
   EXPECT_EQ(decodeJson<Date>("1500", dated(DateStrategy::milliseconds)), Date(1500ms));
   EXPECT_EQ(decodeJson<Date>("-1.5", dated(DateStrategy::seconds)), Date(-1500ms));
-  // A date that does not read quotes what it found (as a JSON string, so it stays one line).
-  for (const char* bad : {R"("2024-13-01T00:00:00Z")", R"("2024-02-30T00:00:00Z")",
-                          R"("2024-05-01 12:30:00Z")", R"("2024-05-01T12:30:00")",
-                          R"("2024-05-01T12:30:00.Z")", R"("yesterday")", R"("say \"when\"\n")"}) {
-    auto e = decodeError<Date>(bad);
-    EXPECT_EQ(e.kind(), Kind::dataCorrupted) << bad;
-    EXPECT_EQ(e.description(),
-              std::string("Expected date string to be ISO8601-formatted, found ") + bad + ".");
-  }
-  EXPECT_EQ(decodeError<Date>("12").kind(), Kind::typeMismatch);
-  EXPECT_EQ(decodeError<Date>(R"("12")", dated(DateStrategy::seconds)).kind(), Kind::typeMismatch);
-  const std::pair<const char*, const char*> outOfRange[] = {
-      {"1e300", "Date value <1e+300> out of range."},
-      {"-9.3e15", "Date value <-9.3e+15> out of range."},
-      {"100000000000000000000", "Date value <100000000000000000000> out of range."},
-      {"1e400", "Date value <1e400> out of range."},
-  };
-  for (auto [json, message] : outOfRange) {
-    auto e = decodeError<Date>(json, dated(DateStrategy::seconds));
-    EXPECT_EQ(e.kind(), Kind::dataCorrupted) << json;
-    EXPECT_EQ(e.description(), message);
-  }
 }
 
 TEST(JsonUrls, UriReferencesOnlyAndTextKept) {
