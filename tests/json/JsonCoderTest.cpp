@@ -63,8 +63,7 @@ struct DoubleReader {
 };
 
 // Integers must be integral and fit; numbers beyond what the parser holds are numbers still,
-// correctly rounded, or refused at their key with the text quoted. Strings and keys that look
-// like numbers are none.
+// correctly rounded. Strings and keys that look like numbers are none.
 TEST(JsonNumbers, IntegersFitAndNumbersBeyondTheParserAreNumbersStill) {
   EXPECT_EQ(decodeJson<std::int64_t>("-9223372036854775808"),
             std::numeric_limits<std::int64_t>::min());
@@ -101,41 +100,9 @@ TEST(JsonNumbers, IntegersFitAndNumbersBeyondTheParserAreNumbersStill) {
   EXPECT_EQ(got[5], -1e20);
   EXPECT_EQ(got[6], 0.0);
 
-  struct Refused {
-    std::string json;
-    std::string path;
-    std::string description;
-  };
-  const std::string int400 = "1" + std::string(400, '0');
-  const Refused refused[] = {
-      {"1.5", "<root>", "Parsed JSON number <1.5> does not fit in Int."},
-      {"9223372036854775808", "<root>",
-       "Parsed JSON number <9223372036854775808> does not fit in Int."},
-      {"1e19", "<root>", "Parsed JSON number <1e+19> does not fit in Int."},
-      {"1e400", "<root>", "Parsed JSON number <1e400> does not fit in Double."},
-      {"1.8e308", "<root>", "Parsed JSON number <1.8e308> does not fit in Double."},
-      {R"({"location":100000000000000000000,"length":0})", "location",
-       "Parsed JSON number <100000000000000000000> does not fit in Int."},
-      {R"({"location":0,"length":-1E+999})", "length",
-       "Parsed JSON number <-1E+999> does not fit in Int."},
-      {R"({"name":"a","weight":1e400})", "weight",
-       "Parsed JSON number <1e400> does not fit in Double."},
-      {R"({"name":"a","weight":)" + int400 + "}", "weight",
-       "Parsed JSON number <" + int400 + "> does not fit in Double."},
-  };
-  for (const auto& r : refused) {
-    auto e = r.json[0] != '{' ? (r.description.ends_with("Int.") ? decodeError<std::int64_t>(r.json)
-                                                                  : decodeError<double>(r.json))
-             : r.path == "weight" ? decodeError<fixtures::Probe>(r.json)
-                                  : decodeError<Range>(r.json);
-    EXPECT_EQ(e.kind(), Kind::dataCorrupted) << r.json;
-    EXPECT_EQ(pathOf(e), r.path);
-    EXPECT_EQ(e.description(), r.description);
-  }
-  for (auto e : {decodeError<bool>("1"), decodeError<double>("\"1\""), decodeError<bool>("1e400")})
-    EXPECT_EQ(e.kind(), Kind::typeMismatch);
-
-  // Numbers JSON does not allow stay invalid JSON, wherever the others stand.
+  EXPECT_EQ(decodeError<bool>("1e400").kind(), Kind::typeMismatch);  // also as a bare value
+  // Where they do not fit they are refused at their key by their text (corpus cases); numbers
+  // JSON does not allow stay invalid JSON, wherever the others stand.
   for (const char* bad : {"[1e400, 01]", "[01, 1e400]", "[1e400, 1.]", "[1e400, -]", "1e400x",
                           "[1e400 2]", "{\"a\":1e400,}", "[1e400,01,1e400]"}) {
     auto e = decodeError<std::vector<double>>(bad);
@@ -164,6 +131,7 @@ TEST(JsonDates, EveryStrategyReadsAndWrites) {
   EXPECT_EQ(decodeJson<Date>("-1.5", dated(DateStrategy::seconds)), Date(-1500ms));
 }
 
+// Which texts are refused is a corpus case.
 TEST(JsonUrls, UriReferencesOnlyAndTextKept) {
   for (const char* ok : {"https://cdn.example.com/a%20b.png?x=1#f", "relative/path.png", "/abs",
                          "mailto:someone@example.com"}) {
@@ -171,11 +139,7 @@ TEST(JsonUrls, UriReferencesOnlyAndTextKept) {
     EXPECT_EQ(decodeJson<Url>(json).text(), ok);
     EXPECT_EQ(encode(decodeJson<Url>(json)), json);
   }
-  for (const char* bad : {R"("")", R"("http://exa mple.com")", R"("a b")", R"("http://[::1")"}) {
-    auto e = decodeError<Url>(bad);
-    EXPECT_EQ(e.kind(), Kind::dataCorrupted) << bad;
-    EXPECT_EQ(e.description(), "Invalid URL string.");
-  }
+  EXPECT_EQ(decodeError<Url>(R"("a b")").description(), "Invalid URL string.");
 }
 
 TEST(JsonDocuments, InvalidInputFailsAtTheRootAndSaysWhere) {
@@ -207,44 +171,9 @@ TEST(JsonDocuments, InvalidInputFailsAtTheRootAndSaysWhere) {
             decodeError<std::vector<double>>("[1, tru]").reason());
 }
 
-TEST(JsonDocuments, DecodingErrorsSayWhereTheirValueIs) {
-  using fixtures::TreeNode;
-  const std::string rect = R"("rect":{"x":0,"y":0,"width":1,"height":1})";
-  struct Case {
-    std::string json;
-    std::string what;
-  };
-  const Case cases[] = {
-      // keyNotFound: the object that lacks the key.
-      {"{\"title\":\"t\",\n \"rect\": {\"x\":0,\"y\":0,\"width\":1}}",
-       R"(keyNotFound at rect: No value associated with key "height". (line 2, column 10))"},
-      {"\n\n  {}",
-       R"(keyNotFound at <root>: No value associated with key "title". (line 3, column 3))"},
-      {R"({"title":"t",)" + rect + R"(,"children":[{"title":"a",)" + rect + R"(},)" +
-           "\n  {\"title\":\"b\",\"rect\":{\"x\":\"0\"}}]}",
-       "typeMismatch at children[1].rect.x: Expected to decode Double but found a string "
-       "instead. (line 2, column 28)"},
-      {R"({"title":"t",)" + rect + R"(,"tone":"grey"})",
-       "dataCorrupted at tone: Cannot initialize Tone from invalid String value grey (line 1, "
-       "column 63)"},
-      // The last of repeated keys is the one read.
-      {R"({"title":"t","title":null,)" + rect + "}",
-       "valueNotFound at title: Expected String value but found null instead. (line 1, column "
-       "22)"},
-      {R"({"title":"t",)" + rect + R"(,"children":{}})",
-       "typeMismatch at children: Expected to decode an array but found an object instead. "
-       "(line 1, column 67)"},
-      {R"({"title":"r","rect":[1,2]})",
-       "typeMismatch at rect: Expected to decode a keyed object but found an array instead. "
-       "(line 1, column 21)"},
-      {R"({"title":"t",)" + rect + R"(,"children":[null]})",
-       "valueNotFound at children[0]: Expected a keyed object but found null instead. (line 1, "
-       "column 68)"},
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(decodeError<Ref<TreeNode>>(c.json).what(), c.what) << c.json;
-  }
-  // A path the text cannot follow (past an array's end) gives no location.
+// Where a record's errors point is a corpus case; a path the text cannot follow (past an array's
+// end) gives no location.
+TEST(JsonDocuments, APathPastTheTextGivesNoLocation) {
   struct PastTheEnd {
     static PastTheEnd decode(const Decoder& d) {
       auto list = d.unkeyedContainer();

@@ -3,7 +3,6 @@
 
 #include <optional>
 #include <string>
-#include <vector>
 
 #include <orvane/orvane.hpp>
 
@@ -41,25 +40,6 @@ struct Probe {
     p.count = c.decodeTolerant<std::int64_t>("count");
     return p;
   }
-};
-
-/// A record held by reference with a nested list, a rectangle and an enumeration.
-class TreeNode {
- public:
-  static Ref<TreeNode> decode(const Decoder& d) {
-    auto c = d.container();
-    auto n = std::make_shared<TreeNode>();
-    n->title = c.decode<std::string>("title");
-    n->frame = c.decode<Rect>("rect");
-    n->tone = c.decodeIfPresent<Tone>("tone");
-    n->children = c.decodeIfPresent<std::vector<Ref<TreeNode>>>("children");
-    return n;
-  }
-
-  std::string title;
-  Rect frame;
-  std::optional<Tone> tone;
-  std::optional<std::vector<Ref<TreeNode>>> children;
 };
 
 }  // namespace orvane::fixtures
