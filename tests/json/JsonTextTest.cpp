@@ -88,22 +88,18 @@ TEST(JsonText, PathsLeadToTheValueTheDecoderReads) {
     std::optional<TextLocation> at;
   };
   const Case cases[] = {
-      {{}, TextLocation{1, 1}},
-      {{E::key("a")}, TextLocation{1, 7}},
+      {{}, TextLocation{1, 1}}, {{E::key("a")}, TextLocation{1, 7}},
       {{E::key("a"), E::key("b")}, TextLocation{1, 13}},
       {{E::key("a"), E::key("b"), E::index(0)}, TextLocation{1, 14}},
       {{E::key("a"), E::key("b"), E::index(1), E::key("c")}, TextLocation{1, 24}},
       {{E::key("a"), E::key("b"), E::index(2)}, TextLocation{1, 31}},
-      {{E::key("str")}, TextLocation{2, 14}},
+      {{E::key("str")}, TextLocation{2, 14}}, {{E::key("dup"), E::index(0)}, TextLocation{4, 4}},
       {{E::key("dup")}, TextLocation{3, 19}},  // the last one counts
-      {{E::key("dup"), E::index(0)}, TextLocation{4, 4}},
       // Paths the text does not have.
       {{E::key("a"), E::key("b"), E::index(3)}, std::nullopt},
-      {{E::key("a"), E::index(0)}, std::nullopt},
       {{E::key("a"), E::key("b"), E::index(0), E::key("c")}, std::nullopt},
-      {{E::key("missing")}, std::nullopt},
-      {{E::key("st")}, std::nullopt},
-  };
+      {{E::key("a"), E::index(0)}, std::nullopt}, {{E::key("missing")}, std::nullopt},
+      {{E::key("st")}, std::nullopt}};
   for (const auto& c : cases) {
     auto at = findJsonValue(text, c.path);
     std::optional<TextLocation> location;
