@@ -67,12 +67,15 @@ TEST(VersionCollectionPartial, WiresNothingAboveTheVersion) {
 
 TEST(VersionCollection, AssignmentAndEditsPointBack) {
   auto first = makeVersion("a");
-  auto screen = Screen::make({.name = "s",
-                              .latestVersion = first,
-                              .sourceIdentifier = std::nullopt,
-                              .tags = std::nullopt,
-                              .versions = std::nullopt,
-                              .dots = std::nullopt});
+  auto makeScreen = [](Ref<Version> latest, std::optional<std::vector<Ref<Dot>>> dots) {
+    return Screen::make({.name = "s",
+                         .latestVersion = std::move(latest),
+                         .sourceIdentifier = std::nullopt,
+                         .tags = std::nullopt,
+                         .versions = std::nullopt,
+                         .dots = std::move(dots)});
+  };
+  auto screen = makeScreen(first, std::nullopt);
   EXPECT_TRUE(screen->identifier().isLocal());
   EXPECT_EQ(screen->versionCount(), 1);
   EXPECT_EQ(first->collection(), screen);
@@ -101,12 +104,7 @@ TEST(VersionCollection, AssignmentAndEditsPointBack) {
   auto dot = decodeJson<Ref<Dot>>(kDot);
   screen->setDots(std::vector{dot});
   EXPECT_EQ(dot->screen(), screen);
-  auto moved = Screen::make({.name = "t",
-                             .latestVersion = makeVersion("d"),
-                             .sourceIdentifier = std::nullopt,
-                             .tags = std::nullopt,
-                             .versions = std::nullopt,
-                             .dots = std::vector<Ref<Dot>>{}});
+  auto moved = makeScreen(makeVersion("d"), std::vector<Ref<Dot>>{});
   moved->editDots([&](auto& dots) { dots->push_back(dot); });
   EXPECT_EQ(dot->screen(), moved);
   screen->setDots(std::nullopt);

@@ -6,7 +6,6 @@
 
 using namespace orvane;
 using namespace orvane::test;
-using Kind = DecodingError::Kind;
 
 namespace {
 
@@ -33,11 +32,9 @@ Tree decodeTree() {
 
 // Fatal (to the test) on a mismatch, so that no path is read from a half-wired tree.
 void expectProject(const Tree& t, const Ref<Project>& project) {
-  ASSERT_EQ(t.a->project(), project);
-  ASSERT_EQ(t.b->project(), project);
-  ASSERT_EQ(t.c->project(), project);
-  ASSERT_EQ(t.j->project(), project);
-  ASSERT_EQ(t.k->project(), project);
+  for (const auto& p : {t.a->project(), t.b->project(), t.c->project(), t.j->project(),
+                        t.k->project()})
+    ASSERT_EQ(p, project);
 }
 
 }  // namespace

@@ -24,9 +24,10 @@
 
 namespace orvane::test {
 
-inline JsonDecoderOptions importOptions(bool fromImportSource = true) {
+/// Options whose user info holds the import flag.
+inline JsonDecoderOptions importOptions() {
   JsonDecoderOptions options;
-  options.userInfo[CodingUserInfoKey::fromImportSource()] = fromImportSource;
+  options.userInfo[CodingUserInfoKey::fromImportSource()] = true;
   return options;
 }
 
@@ -38,12 +39,6 @@ T decodeJson(std::string_view json, JsonDecoderOptions options = {}) {
 template <class T>
 std::string encodeJson(const T& value) {
   return JsonEncoder().encode(value);
-}
-
-/// Decodes and writes back: what a record keeps of a document.
-template <class T>
-std::string roundTrip(std::string_view json, JsonDecoderOptions options = {}) {
-  return encodeJson(decodeJson<T>(json, std::move(options)));
 }
 
 /// The error a document fails with; a test failure when it decodes.
