@@ -168,9 +168,7 @@ TEST(Dot, AssignedAndEditedCommentsPointBack) {
   EXPECT_EQ(added->dot(), other);
 }
 
-using VersionCollectionDeathTest = ::testing::Test;
-
-TEST_F(VersionCollectionDeathTest, PathsWithoutOwnersStop) {
+TEST(VersionCollectionDeathTest, PathsWithoutOwnersStop) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   auto plain = decodeJson<Ref<VersionCollection>>(collectionJson("X"));
   EXPECT_DEATH(

@@ -11,11 +11,9 @@ using test::encodeJson;
 
 namespace {
 
-constexpr std::string_view kHeader =
-    R"("_id":"P","name":"Shop","icon":{},"created":"2024-01-01T00:00:00Z")";
-
 std::string projectJson(std::string_view members) {
-  std::string json = "{" + std::string(kHeader) + R"(,"users":[])";
+  std::string json = R"({"_id":"P","name":"Shop","icon":{},"created":"2024-01-01T00:00:00Z",)"
+                     R"("users":[])";
   if (!members.empty()) json += "," + std::string(members);
   return json + "}";
 }
