@@ -36,11 +36,13 @@ struct Rule {
   Rule{#name, RULE_KEY_##read(key), #read, #write},
 // A partial reads its record's keys and is never written.
 #define PARTIAL_RULE(name, Name, Type, read, access) Rule{#name, Keys::name, #read, "never"},
-#define PARTIAL_RULES(Record, LIST)               \
-  [] {                                            \
-    using Keys = Record::CodingKeys;              \
-    return std::vector<Rule>{LIST(PARTIAL_RULE)}; \
-  }()
+// A partial with its rules, and the record whose sample document it reads.
+#define PARTIAL(sample, Record, LIST)                                          \
+  {sample, [] {                                                                \
+     using Keys = Record::CodingKeys;                                          \
+     return std::vector<Rule>{LIST(PARTIAL_RULE)};                             \
+   }(),                                                                        \
+   decodeOnly<Record::Partial>}
 
 // A member of a sample document: its key and its value's JSON text.
 struct Member {
@@ -60,10 +62,10 @@ std::string roundTrip(const std::string& json) {
   return JsonEncoder().encode(JsonDecoder().decode<Ref<R>>(json));
 }
 
-// For records that are read but never written.
-template <class R>
+// For records and partials that are read but never written.
+template <class T>
 std::string decodeOnly(const std::string& json) {
-  JsonDecoder().decode<Ref<R>>(json);
+  JsonDecoder().decode<T>(json);
   return "{}";
 }
 
@@ -102,12 +104,6 @@ constexpr std::string_view kVersion =
     R"({"_id":"v1","snapshot":{"_id":"s1","width":375,"height":812},"created":"2024-05-01T09:00:00Z"})";
 constexpr std::string_view kTextStyle =
     R"({"fontFace":"Inter","fontSize":17,"lineHeight":22,"letterSpacing":0,"color":{"r":0,"g":0,"b":0,"a":1},"textAlign":"left"})";
-
-template <class P>
-std::string decodePartial(const std::string& json) {
-  JsonDecoder().decode<P>(json);
-  return "{}";
-}
 
 std::vector<Sample> recordSamples() {
   return {
@@ -260,11 +256,11 @@ std::vector<Sample> recordSamples() {
        {{"name", "\"Colors\""}, {"description", "\"d\""}, {"version", "\"1.0.0\""},
         {"author", R"({"name":"Ana"})"}, {"repository", "\"https://example.com/r\""},
         {"options", "[]"}, {"moduleURL", "\"https://example.com/m.js\""}},
-       decodeOnly<Extension::Manifest>},
+       decodeOnly<Ref<Extension::Manifest>>},
       {"Extension.Option", {ORVANE_EXTENSION_OPTION_FIELDS(RULE)},
        {{"id", "\"o1\""}, {"name", "\"Round\""}, {"type", "\"switch\""},
         {"default", "true"}},
-       decodeOnly<Extension::Option>},
+       decodeOnly<Ref<Extension::Option>>},
   };
 }
 
@@ -276,29 +272,18 @@ std::vector<Sample> samples() {
     std::vector<Rule> rules;
     std::string (*decode)(const std::string& json);
   } partials[] = {
-      {"ProjectColor", PARTIAL_RULES(ProjectColor, ORVANE_PROJECT_COLOR_PARTIAL_FIELDS),
-       decodePartial<ProjectColor::Partial>},
-      {"ProjectTextStyle",
-       PARTIAL_RULES(ProjectTextStyle, ORVANE_PROJECT_TEXT_STYLE_PARTIAL_FIELDS),
-       decodePartial<ProjectTextStyle::Partial>},
-      {"Project", PARTIAL_RULES(Project, ORVANE_PROJECT_PARTIAL_FIELDS),
-       decodePartial<Project::Partial>},
-      {"Section", PARTIAL_RULES(Section, ORVANE_SECTION_PARTIAL_FIELDS),
-       decodePartial<Section::Partial>},
-      {"ComponentSection", PARTIAL_RULES(ComponentSection, ORVANE_SECTION_PARTIAL_FIELDS),
-       decodePartial<ComponentSection::Partial>},
-      {"Screen", PARTIAL_RULES(Screen, ORVANE_VERSION_COLLECTION_PARTIAL_FIELDS),
-       decodePartial<Screen::Partial>},
-      {"VersionCollection", PARTIAL_RULES(Component, ORVANE_VERSION_COLLECTION_PARTIAL_FIELDS),
-       decodePartial<Component::Partial>},
-      {"Dot", PARTIAL_RULES(Dot, ORVANE_DOT_PARTIAL_FIELDS), decodePartial<Dot::Partial>},
-      {"Comment", PARTIAL_RULES(Comment, ORVANE_COMMENT_PARTIAL_FIELDS),
-       decodePartial<Comment::Partial>},
-      {"User", PARTIAL_RULES(User, ORVANE_USER_PARTIAL_FIELDS), decodePartial<User::Partial>},
-      {"ProjectUser", PARTIAL_RULES(ProjectUser, ORVANE_PROJECT_USER_PARTIAL_FIELDS),
-       decodePartial<ProjectUser::Partial>},
-      {"Organization", PARTIAL_RULES(Organization, ORVANE_ORGANIZATION_PARTIAL_FIELDS),
-       decodePartial<Organization::Partial>},
+      PARTIAL("ProjectColor", ProjectColor, ORVANE_PROJECT_COLOR_PARTIAL_FIELDS),
+      PARTIAL("ProjectTextStyle", ProjectTextStyle, ORVANE_PROJECT_TEXT_STYLE_PARTIAL_FIELDS),
+      PARTIAL("Project", Project, ORVANE_PROJECT_PARTIAL_FIELDS),
+      PARTIAL("Section", Section, ORVANE_SECTION_PARTIAL_FIELDS),
+      PARTIAL("ComponentSection", ComponentSection, ORVANE_SECTION_PARTIAL_FIELDS),
+      PARTIAL("Screen", Screen, ORVANE_VERSION_COLLECTION_PARTIAL_FIELDS),
+      PARTIAL("VersionCollection", Component, ORVANE_VERSION_COLLECTION_PARTIAL_FIELDS),
+      PARTIAL("Dot", Dot, ORVANE_DOT_PARTIAL_FIELDS),
+      PARTIAL("Comment", Comment, ORVANE_COMMENT_PARTIAL_FIELDS),
+      PARTIAL("User", User, ORVANE_USER_PARTIAL_FIELDS),
+      PARTIAL("ProjectUser", ProjectUser, ORVANE_PROJECT_USER_PARTIAL_FIELDS),
+      PARTIAL("Organization", Organization, ORVANE_ORGANIZATION_PARTIAL_FIELDS),
   };
   for (const auto& partial : partials) {
     auto record = std::find_if(all.begin(), all.end(),

@@ -1,9 +1,7 @@
 // The records against a coder that is not the library's JSON coder: a caller's own backend over
 // a small tree of values, to show that what the records do depends on the decoding interface
 // alone (the import-source flag above all).
-#include <cctype>
 #include <cmath>
-#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -25,74 +23,27 @@ struct Value {
   Node next = 0;  // the following element of the enclosing array
 };
 
-// Reads the test's documents, which are well-formed JSON without escapes.
+// Builds a document in code.
 class Tree {
  public:
-  explicit Tree(std::string_view text) : text_(text) { root_ = parse(); }
-  Node root() const { return root_; }
+  using Members = std::vector<std::pair<std::string, Node>>;
+  Node str(std::string text) { return add('s', &Value::text, std::move(text)); }
+  Node num(double number) { return add('d', &Value::number, number); }
+  Node obj(Members members) { return add('{', &Value::members, std::move(members)); }
+  Node arr(std::vector<Node> elements) {
+    for (std::size_t i = 1; i < elements.size(); ++i) values_[elements[i - 1]].next = elements[i];
+    return add('[', &Value::elements, std::move(elements));
+  }
   const Value& at(Node n) const { return values_[n]; }
 
  private:
-  void skip() {
-    while (at_ < text_.size() && std::isspace(static_cast<unsigned char>(text_[at_]))) ++at_;
-  }
-  std::string string() {
-    auto end = text_.find('"', ++at_);
-    std::string s(text_.substr(at_, end - at_));
-    at_ = end + 1;
-    return s;
-  }
-  Node add(Value v) {
-    values_.push_back(std::move(v));
+  template <class F>
+  Node add(char kind, F Value::*field, F value) {
+    values_.emplace_back().kind = kind;
+    values_.back().*field = std::move(value);
     return values_.size() - 1;
   }
-  Node parse() {
-    skip();
-    Value v;
-    char c = text_[at_];
-    if (c == '{') {
-      ++at_;
-      v.kind = '{';
-      for (skip(); text_[at_] != '}'; skip()) {
-        if (text_[at_] == ',') ++at_, skip();
-        std::string key = string();
-        skip();
-        ++at_;  // ':'
-        v.members.emplace_back(key, parse());
-      }
-      ++at_;
-    } else if (c == '[') {
-      ++at_;
-      v.kind = '[';
-      for (skip(); text_[at_] != ']'; skip()) {
-        if (text_[at_] == ',') ++at_;
-        Node element = parse();
-        if (!v.elements.empty()) values_[v.elements.back()].next = element;
-        v.elements.push_back(element);
-      }
-      ++at_;
-    } else if (c == '"') {
-      v.kind = 's';
-      v.text = string();
-    } else if (text_.substr(at_, 4) == "null" || text_.substr(at_, 4) == "true") {
-      v.kind = c == 'n' ? 'n' : 't';
-      at_ += 4;
-    } else if (text_.substr(at_, 5) == "false") {
-      v.kind = 'f';
-      at_ += 5;
-    } else {
-      v.kind = 'd';
-      char* end = nullptr;
-      v.number = std::strtod(text_.data() + at_, &end);
-      at_ = static_cast<std::size_t>(end - text_.data());
-    }
-    return add(std::move(v));
-  }
-
-  std::string_view text_;
-  std::size_t at_ = 0;
   std::vector<Value> values_;
-  Node root_ = 0;
 };
 
 class TreeBackend final : public DecoderBackend {
@@ -164,35 +115,56 @@ class TreeBackend final : public DecoderBackend {
 };
 
 template <class T>
-T decodeWith(std::string_view text, const UserInfo& userInfo) {
-  Tree tree(text);
+T decodeWith(Node (*document)(Tree&), const UserInfo& userInfo) {
+  Tree tree;
+  Node root = document(tree);
   TreeBackend backend(tree);
   DecodingContext context(backend, userInfo);
-  return Coding<T>::decode(Decoder(context, tree.root(), nullptr));
+  return Coding<T>::decode(Decoder(context, root, nullptr));
 }
 
-std::string layer(const std::string& id, const std::string& extra = "") {
-  return R"({"_id":")" + id + R"(","name":")" + id + R"(","sourceId":"s)" + id +
-         R"(","rect":{"x":1,"y":2,"width":3,"height":4},"opacity":1)" + extra + "}";
+Node layer(Tree& t, const std::string& id, Tree::Members kind = {}) {
+  Tree::Members members = {
+      {"_id", t.str(id)},
+      {"name", t.str(id)},
+      {"sourceId", t.str("s" + id)},
+      {"rect",
+       t.obj({{"x", t.num(1)}, {"y", t.num(2)}, {"width", t.num(3)}, {"height", t.num(4)}})},
+      {"opacity", t.num(1)}};
+  members.insert(members.end(), kind.begin(), kind.end());
+  return t.obj(std::move(members));
 }
 
 // A screen whose versions carry snapshots with a layer tree and an asset: every record that
 // consults the flag, at several depths.
-const std::string kScreen =
-    R"({"_id":"S","name":"s","latestVersion":{"_id":"V","snapshot":{"_id":"N","width":10,)"
-    R"("height":10,"assets":[{"_id":"A","displayName":"d","layerName":"l"}],"layers":[)" +
-    layer("G", R"(,"type":"group","layers":[)" + layer("C") + "]") + R"(]}},"versions":[]})";
+Node screenDocument(Tree& t) {
+  Node group = layer(t, "G", {{"type", t.str("group")}, {"layers", t.arr({layer(t, "C")})}});
+  Node asset =
+      t.obj({{"_id", t.str("A")}, {"displayName", t.str("d")}, {"layerName", t.str("l")}});
+  Node snapshot = t.obj({{"_id", t.str("N")}, {"width", t.num(10)}, {"height", t.num(10)},
+                         {"assets", t.arr({asset})}, {"layers", t.arr({group})}});
+  return t.obj({{"_id", t.str("S")},
+                {"name", t.str("s")},
+                {"latestVersion", t.obj({{"_id", t.str("V")}, {"snapshot", snapshot}})},
+                {"versions", t.arr({})}});
+}
 
+Node snapshotDocument(Tree& t) {
+  return t.obj({{"_id", t.str("N")}, {"width", t.num(1)}, {"height", t.num(1)},
+                {"layers", t.arr({layer(t, "L")})}});
+}
+
+// A key made from its name is the library's own key.
 UserInfo importInfo(std::any flag) {
   UserInfo info;
-  info[CodingUserInfoKey::fromImportSource()] = std::move(flag);
+  info[CodingUserInfoKey(std::string("fromImportSource"))] = std::move(flag);
   return info;
 }
 
 }  // namespace
 
 TEST(OwnCoder, TheImportSourceFlagComesFromTheUserInfoOfAnyCoder) {
-  auto screen = decodeWith<Ref<Screen>>(kScreen, importInfo(true));
+  auto screen = decodeWith<Ref<Screen>>(screenDocument, importInfo(true));
   auto version = screen->latestVersion();
   auto snapshot = version->snapshot();
   for (const Identifier* id :
@@ -201,6 +173,10 @@ TEST(OwnCoder, TheImportSourceFlagComesFromTheUserInfoOfAnyCoder) {
         &snapshot->flattenedLayers()->at(0)->identifier()}) {
     EXPECT_TRUE(id->isLocal()) << id->rawValue();
   }
+  // Each layer gets an identifier of its own; source identifiers are the design's and stay.
+  EXPECT_NE(snapshot->layers()->at(0)->identifier(),
+            snapshot->flattenedLayers()->at(0)->identifier());
+  EXPECT_EQ(snapshot->flattenedLayers()->at(0)->sourceIdentifier(), Identifier("sC"));
   // An asset under the flag does without "contents"; wiring is the coder-independent part.
   EXPECT_TRUE(snapshot->assets()->at(0)->contents().empty());
   EXPECT_EQ(snapshot->flattenedLayers()->at(0)->parent(), snapshot->layers()->at(0));
@@ -210,15 +186,14 @@ TEST(OwnCoder, TheImportSourceFlagComesFromTheUserInfoOfAnyCoder) {
   // the asset without "contents" is refused.
   for (std::any flag : {std::any(false), std::any(std::string("true")), std::any(1), std::any()}) {
     try {
-      decodeWith<Ref<Screen>>(kScreen, flag.has_value() ? importInfo(flag) : UserInfo{});
+      decodeWith<Ref<Screen>>(screenDocument, flag.has_value() ? importInfo(flag) : UserInfo{});
       ADD_FAILURE() << "decoded without the flag";
     } catch (const DecodingError& e) {
       EXPECT_EQ(e.key(), "contents");
       EXPECT_EQ(formatCodingPath(e.codingPath()), "latestVersion.snapshot.assets[0]");
     }
   }
-  auto plain = decodeWith<Ref<Snapshot>>(
-      R"({"_id":"N","width":1,"height":1,"layers":[)" + layer("L") + "]}", UserInfo{});
+  auto plain = decodeWith<Ref<Snapshot>>(snapshotDocument, UserInfo{});
   EXPECT_EQ(plain->identifier(), Identifier("N"));
   EXPECT_EQ(plain->layers()->at(0)->identifier(), Identifier("L"));
 }

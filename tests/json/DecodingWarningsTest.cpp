@@ -1,4 +1,5 @@
-// The observer of values that tolerant keys drop.
+// The observer of values that tolerant keys drop; what the records' tolerant keys report is in
+// the corpus (the tool's --warnings).
 #include <string>
 #include <vector>
 
@@ -16,12 +17,6 @@ struct Collected : DecodingWarnings {
   }
 };
 
-std::string layer(const std::string& extra) {
-  return R"({"_id":"L","name":"n","sourceId":"s","rect":{"x":0,"y":0,"width":1,"height":1},)"
-         R"("opacity":1)" +
-         extra + "}";
-}
-
 // Tolerant scalars, which no record of the model has, read through the containers directly.
 struct TolerantScalars {
   std::optional<std::string> text;
@@ -33,43 +28,6 @@ struct TolerantScalars {
 };
 
 }  // namespace
-
-TEST(DecodingWarnings, ReportPresentValuesThatTolerantKeysDropAndNothingElse) {
-  struct Case {
-    std::string json;
-    std::vector<std::string> expected;
-  };
-  const Case cases[] = {
-      {layer(R"(,"blendMode":"nope")"),
-       {"blendMode: Cannot initialize BlendMode from invalid String value nope"}},
-      {layer(R"(,"type":7,"blendMode":["multiply"])"),
-       {"type: Expected to decode String but found a number instead.",
-        "blendMode: Expected to decode String but found an array instead."}},
-      // Absent, null and readable values are no warnings.
-      {layer(R"(,"blendMode":null,"type":"shape")"), {}},
-      {layer(R"(,"blendMode":"multiply")"), {}},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.json);
-    Collected collected;
-    JsonDecoderOptions options;
-    options.warnings = &collected;
-    auto decoded = decodeJson<Ref<Layer>>(c.json, std::move(options));
-    EXPECT_EQ(collected.lines, c.expected);
-    // The observer changes nothing in what is decoded.
-    EXPECT_EQ(encodeJson(decoded), roundTrip<Ref<Layer>>(c.json));
-  }
-
-  // A scalar read of another record.
-  Collected collected;
-  JsonDecoderOptions options;
-  options.warnings = &collected;
-  decodeJson<Ref<TextStyle>>(R"({"fontFace":"A","fontSize":1,"textAlign":true})",
-                             std::move(options));
-  EXPECT_EQ(collected.lines,
-            std::vector<std::string>{
-                "textAlign: Expected to decode String but found a boolean instead."});
-}
 
 TEST(DecodingWarnings, TolerantScalarsKeepTheirValueOrSayWhyNot) {
   const std::string longText(300, 'x');  // beyond any inline storage of a string

@@ -4,8 +4,6 @@
 #include <sys/resource.h>
 
 #include <cstdlib>
-#include <fstream>
-#include <sstream>
 
 #include <gtest/gtest.h>
 
@@ -15,14 +13,8 @@ using namespace orvane;
 
 namespace {
 
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(ORVANE_TEST_ASAN)
 constexpr bool kSanitized = true;
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-constexpr bool kSanitized = true;
-#else
-constexpr bool kSanitized = false;
-#endif
 #else
 constexpr bool kSanitized = false;
 #endif
@@ -39,20 +31,13 @@ long peakResidentBytes() {
   return usage.ru_maxrss * 1024L;
 }
 
-std::string readExample() {
-  std::ifstream in(ORVANE_SOURCE_DIR "/examples/snapshot.json", std::ios::binary);
-  std::stringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
-
 }  // namespace
 
 TEST(LargeDocument, SeveralHundredMegabytesDecodeLikeTheirParts) {
   const std::size_t target = largeDocumentBytes();
   if (kSanitized || target == 0) GTEST_SKIP() << "large document disabled here";
 
-  const std::string part = readExample();
+  const std::string part = test::exampleSnapshots();
   ASSERT_FALSE(part.empty());
   const auto single = test::decodeJson<Ref<Snapshot>>(part);
   const std::string singleWritten = test::encodeJson(single);

@@ -1,7 +1,5 @@
 // Records of a decode live in packed chunks: every chunk comes back once its records are
 // released, whatever keeps them, from whichever thread, and however the decode ended.
-#include <fstream>
-#include <sstream>
 #include <thread>
 
 #include <gtest/gtest.h>
@@ -12,31 +10,15 @@
 
 using namespace orvane;
 
+using test::exampleSnapshots;
+using Graph = std::vector<Ref<Snapshot>>;
+
 namespace {
 
-std::string example() {
-  std::ifstream in(ORVANE_SOURCE_DIR "/examples/snapshot.json", std::ios::binary);
-  std::stringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
-
-// Enough copies of the example to fill several chunks.
-std::string manySnapshots(int copies) {
-  std::string part = example(), json = "[";
-  for (int i = 0; i < copies; ++i) json += (i ? "," : "") + part;
-  return json + "]";
-}
-
-std::vector<Ref<Snapshot>> decodeMany(JsonDecoder& decoder, const std::string& json) {
-  return decoder.decode<std::vector<Ref<Snapshot>>>(json);
-}
-
-std::vector<Ref<Snapshot>> decodeUnpacked(const std::string& json) {
+Graph decodeUnpacked(const std::string& json) {
   JsonDecoderOptions options;
   options.packRecords = false;
-  JsonDecoder decoder(options);
-  return decodeMany(decoder, json);
+  return JsonDecoder(options).decode<Graph>(json);
 }
 
 }  // namespace
@@ -44,7 +26,7 @@ std::vector<Ref<Snapshot>> decodeUnpacked(const std::string& json) {
 TEST(RecordArena, ChunksComeBackWhenTheirRecordsAreReleased) {
   JsonDecoder decoder;
   const auto& arena = decoder.recordArena();
-  auto graph = decodeMany(decoder, manySnapshots(2000));
+  auto graph = decoder.decode<Graph>(exampleSnapshots(2000));
   const std::size_t used = arena.statistics().usedBytes;
   EXPECT_GT(used, std::size_t{2} << 20) << "several chunks filled";
   const std::size_t records = arena.statistics().recordBytes;
@@ -66,9 +48,9 @@ TEST(RecordArena, ChunksComeBackWhenTheirRecordsAreReleased) {
 }
 
 TEST(RecordArena, EachDecoderKeepsItsOwnChunksAndReusesThem) {
-  const std::string json = manySnapshots(600);
+  const std::string json = exampleSnapshots(600);
   JsonDecoder first, second;
-  auto graph = decodeMany(first, json);
+  auto graph = first.decode<Graph>(json);
   EXPECT_GT(first.recordArena().statistics().usedBytes, 0u);
   EXPECT_EQ(second.recordArena().statistics().usedBytes, 0u);
   graph.clear();
@@ -76,7 +58,7 @@ TEST(RecordArena, EachDecoderKeepsItsOwnChunksAndReusesThem) {
   EXPECT_GT(cached, 0u);
   EXPECT_EQ(second.recordArena().statistics().cachedBytes, 0u);
   // The next decode takes its chunks from the cache before the system.
-  graph = decodeMany(first, json);
+  graph = first.decode<Graph>(json);
   EXPECT_LT(first.recordArena().statistics().cachedBytes, cached);
   graph.clear();
   first.recordArena().releaseCachedChunks();
@@ -84,13 +66,13 @@ TEST(RecordArena, EachDecoderKeepsItsOwnChunksAndReusesThem) {
 }
 
 TEST(RecordArena, RecordsOutliveTheirDecoderAndAnyThreadReleasesThem) {
-  const std::string json = manySnapshots(50);
-  std::vector<Ref<Snapshot>> graph;
+  const std::string json = exampleSnapshots(50);
+  Graph graph;
   {
     JsonDecoder decoder;
-    graph = decodeMany(decoder, json);
+    graph = decoder.decode<Graph>(json);
     const std::size_t alone = decoder.recordArena().statistics().recordBytes;
-    auto other = decodeMany(decoder, json);
+    auto other = decoder.decode<Graph>(json);
     EXPECT_GT(decoder.recordArena().statistics().recordBytes, alone);
     std::thread([g = std::move(other)]() mutable { g.clear(); }).join();
     EXPECT_EQ(decoder.recordArena().statistics().recordBytes, alone);
@@ -103,53 +85,46 @@ TEST(RecordArena, RecordsOutliveTheirDecoderAndAnyThreadReleasesThem) {
 
 TEST(RecordArena, AFailedDecodeLeavesNoChunkBehind) {
   // The last snapshot lacks its identifier: everything decoded before it is dropped.
-  std::string json = manySnapshots(20);
+  std::string json = exampleSnapshots(20);
   json.back() = ',';
   json += R"({"width":1,"height":1,"url":"a","layers":[]}])";
   JsonDecoder decoder;
-  EXPECT_THROW(decodeMany(decoder, json), DecodingError);
+  EXPECT_THROW(decoder.decode<Graph>(json), DecodingError);
   EXPECT_EQ(decoder.recordArena().statistics().usedBytes, 0u);
   EXPECT_EQ(decoder.recordArena().statistics().recordBytes, 0u);
 }
 
 TEST(RecordArena, ScopesNestAndCanBeTurnedOff) {
-  const std::string json = manySnapshots(2);
+  const std::string json = exampleSnapshots(2);
   JsonDecoder decoder;
-  EXPECT_EQ(test::encodeJson(decodeUnpacked(json)), test::encodeJson(decodeMany(decoder, json)));
+  EXPECT_EQ(test::encodeJson(decodeUnpacked(json)), test::encodeJson(decoder.decode<Graph>(json)));
   RecordArena arena;
   auto used = [&] { return arena.statistics().usedBytes; };
+  auto color = [](double red) {
+    return Color::make({.red = red, .green = 0, .blue = 0, .alpha = 1});
+  };
   {
     RecordArenaScope outer(arena);
-    auto color = Color::make(
-        {.red = 1, .green = 0, .blue = 0, .alpha = 1});  // placed in the outer scope's chunk
+    auto first = color(1);  // placed in the outer scope's chunk
     const std::size_t outerOnly = used();
     EXPECT_GT(outerOnly, 0u);
     {
       RecordArenaScope off(arena, false);
-      auto plain = Color::make({.red = 0, .green = 1, .blue = 0, .alpha = 1});
+      auto plain = color(0.5);
       EXPECT_EQ(used(), outerOnly);
     }
     {
       RecordArenaScope inner(arena);  // a chunk of its own
-      auto nested = Color::make({.red = 0, .green = 1, .blue = 1, .alpha = 1});
+      auto nested = color(0.5);
       EXPECT_GT(used(), outerOnly);
     }
-    auto another =
-        Color::make({.red = 0, .green = 0, .blue = 1, .alpha = 1});  // the outer chunk again
+    auto another = color(0.25);  // the outer chunk again
     EXPECT_EQ(used(), outerOnly);
-    EXPECT_EQ(color->red(), 1);
-    EXPECT_EQ(another->blue(), 1);
+    EXPECT_EQ(first->red(), 1);
+    EXPECT_EQ(another->red(), 0.25);
   }
   EXPECT_EQ(used(), 0u);
 }
-
-#if defined(__SANITIZE_ADDRESS__)
-#define ORVANE_TEST_ASAN 1
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define ORVANE_TEST_ASAN 1
-#endif
-#endif
 
 TEST(RecordArenaDeathTest, ARecordUsedAfterItsReleaseIsReportedUnderTheSanitizer) {
 #if defined(ORVANE_TEST_ASAN)

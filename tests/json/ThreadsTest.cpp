@@ -1,9 +1,6 @@
 // Decoders on several threads at once, and graphs released on threads other than the one that
 // decoded them. Meant for the ThreadSanitizer build (preset `thread`), and run by every build.
-#include <condition_variable>
-#include <fstream>
 #include <mutex>
-#include <sstream>
 #include <thread>
 #include <vector>
 
@@ -13,45 +10,14 @@
 
 using namespace orvane;
 
-namespace {
-
-std::string manySnapshots(int copies) {
-  std::ifstream in(ORVANE_SOURCE_DIR "/examples/snapshot.json", std::ios::binary);
-  std::stringstream text;
-  text << in.rdbuf();
-  std::string json = "[";
-  for (int i = 0; i < copies; ++i) json += (i ? "," : "") + text.str();
-  return json + "]";
-}
-
 using Graph = std::vector<Ref<Snapshot>>;
 
-// Graphs handed from the thread that decoded them to whichever takes them next.
-class Handover {
- public:
-  void put(Graph graph) {
-    std::lock_guard lock(mutex_);
-    graphs_.push_back(std::move(graph));
-  }
-  bool take(Graph& out) {
-    std::lock_guard lock(mutex_);
-    if (graphs_.empty()) return false;
-    out = std::move(graphs_.back());
-    graphs_.pop_back();
-    return true;
-  }
-
- private:
-  std::mutex mutex_;
-  std::vector<Graph> graphs_;
-};
-
-}  // namespace
-
 TEST(Threads, DecodersOnFourThreadsAndGraphsReleasedElsewhere) {
-  const std::string json = manySnapshots(40);
+  const std::string json = test::exampleSnapshots(40);
   const std::string expected = test::encodeJson(JsonDecoder().decode<Graph>(json));
-  Handover handover;
+  // Graphs handed from the thread that decoded them to whichever takes them next.
+  std::mutex mutex;
+  std::vector<Graph> handedOver;
   std::vector<std::string> failures(4);
   std::vector<std::thread> threads;
   for (int t = 0; t < 4; ++t) {
@@ -65,14 +31,19 @@ TEST(Threads, DecodersOnFourThreadsAndGraphsReleasedElsewhere) {
         // Snapshot observers and flattening touch every layer of a graph: do it here, then
         // leave the graph to another thread, and release one that another thread made.
         graph.front()->setLayers(graph.front()->layers());
-        handover.put(std::move(graph));
         Graph other;
-        if (handover.take(other)) other.clear();
+        {
+          std::lock_guard lock(mutex);
+          handedOver.push_back(std::move(graph));
+          other = std::move(handedOver.front());  // one that was left before, while there is one
+          handedOver.erase(handedOver.begin());
+          if (handedOver.empty()) std::swap(other, handedOver.emplace_back());
+        }
+        other.clear();
       }
     });
   }
   for (auto& thread : threads) thread.join();
   for (int t = 0; t < 4; ++t) EXPECT_EQ(failures[t], "") << "thread " << t;
-  Graph rest;
-  while (handover.take(rest)) rest.clear();
+  handedOver.clear();
 }

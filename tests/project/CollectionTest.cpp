@@ -1,12 +1,11 @@
-// Version collections, screens and components: coding, wiring, the import-source rule and the
-// resource paths.
+// Version collections, screens and components, their versions and dots: wiring, the import-source
+// rule and the resource paths. What they read, write and wire on decoding are corpus cases.
 #include <gtest/gtest.h>
 
 #include "Structure.hpp"
 
 using namespace orvane;
 using namespace orvane::test;
-using Kind = DecodingError::Kind;
 
 namespace {
 
@@ -37,56 +36,16 @@ std::string screenJson(std::string_view id = "S1") {
 
 }  // namespace
 
-TEST(VersionCollection, DecodingWiresVersionsAndDots) {
-  auto screen = decodeJson<Ref<Screen>>(screenJson());
-  EXPECT_EQ(screen->identifier(), Identifier("S1"));
-  EXPECT_EQ(screen->description(), "");
-  EXPECT_EQ(screen->versionCount(), 1);
-  EXPECT_FALSE(screen->requestProperties());
-  EXPECT_EQ(screen->latestVersion()->collection(), screen);
-  for (const auto& version : *screen->versions()) EXPECT_EQ(version->collection(), screen);
-  EXPECT_EQ(screen->dots()->at(0)->screen(), screen);
-  EXPECT_EQ(screen->project(), nullptr);
-
-  // Components and plain collections wire their versions the same way.
-  auto component = decodeJson<Ref<Component>>(screenJson("C1"));
-  EXPECT_EQ(component->latestVersion()->collection(), component);
-  EXPECT_EQ(component->versions()->at(1)->collection(), component);
-  EXPECT_EQ(component->section(), nullptr);
-  auto plain = decodeJson<Ref<VersionCollection>>(screenJson("X"));
-  EXPECT_EQ(plain->versions()->at(0)->collection(), plain);
-
-  // The owner gone, nothing dangles.
-  auto latest = screen->latestVersion();
-  auto dot = screen->dots()->at(0);
-  screen.reset();
-  EXPECT_EQ(latest->collection(), nullptr);
-  EXPECT_EQ(dot->screen(), nullptr);
-}
-
-TEST(VersionCollection, ImportSourceReachesNestedVersions) {
+// The import flag reaches every version of the list, not only the latest (OwnCoderTest); dots
+// keep their own identifiers.
+TEST(VersionCollection, ImportSourceReachesEveryVersion) {
   auto imported = decodeJson<Ref<Screen>>(screenJson(), importOptions());
-  EXPECT_TRUE(imported->identifier().isLocal());
-  EXPECT_TRUE(imported->latestVersion()->identifier().isLocal());
-  EXPECT_TRUE(imported->latestVersion()->snapshot()->identifier().isLocal());
   for (const auto& version : *imported->versions()) {
     EXPECT_TRUE(version->identifier().isLocal());
     EXPECT_TRUE(version->snapshot()->identifier().isLocal());
   }
   EXPECT_NE(imported->versions()->at(0)->identifier(), imported->versions()->at(1)->identifier());
-  EXPECT_EQ(imported->dots()->at(0)->identifier(), Identifier("d1"));  // dots keep theirs
-
-  auto plain = decodeJson<Ref<Screen>>(screenJson());
-  EXPECT_EQ(plain->versions()->at(1)->identifier(), Identifier("V2"));
-
-  // Without "_id" a screen decodes only under the flag; the failure names the screen's path.
-  const std::string anonymous =
-      R"({"name":"n","latestVersion":{"snapshot":{"width":1,"height":1}}})";
-  EXPECT_TRUE(decodeJson<Ref<Component>>(anonymous, importOptions())->identifier().isLocal());
-  auto e = decodeError<std::vector<Ref<Screen>>>("[" + screenJson() + "," + anonymous + "]");
-  EXPECT_EQ(e.kind(), Kind::keyNotFound);
-  EXPECT_EQ(e.key(), "_id");
-  EXPECT_EQ(pathOf(e), "[1]");
+  EXPECT_EQ(imported->dots()->at(0)->identifier(), Identifier("d1"));
 }
 
 // What else a collection writes is in the corpus; "index" is written only from request properties.
@@ -100,14 +59,23 @@ TEST(VersionCollection, IndexIsWrittenFromTheRequestProperties) {
             R"("sourceId":"src","tags":["a"],"versions":[],"index":3})");
 }
 
+TEST(VersionCollectionPartial, WiresNothingAboveTheVersion) {
+  auto component = decodeJson<Component::Partial>(collectionJson("C"));
+  EXPECT_EQ(component.latestVersion()->collection(), nullptr);
+  EXPECT_EQ(component.latestVersion()->snapshot()->version(), component.latestVersion());
+}
+
 TEST(VersionCollection, AssignmentAndEditsPointBack) {
   auto first = makeVersion("a");
-  auto screen = Screen::make({.name = "s",
-                              .latestVersion = first,
-                              .sourceIdentifier = std::nullopt,
-                              .tags = std::nullopt,
-                              .versions = std::nullopt,
-                              .dots = std::nullopt});
+  auto makeScreen = [](Ref<Version> latest, std::optional<std::vector<Ref<Dot>>> dots) {
+    return Screen::make({.name = "s",
+                         .latestVersion = std::move(latest),
+                         .sourceIdentifier = std::nullopt,
+                         .tags = std::nullopt,
+                         .versions = std::nullopt,
+                         .dots = std::move(dots)});
+  };
+  auto screen = makeScreen(first, std::nullopt);
   EXPECT_TRUE(screen->identifier().isLocal());
   EXPECT_EQ(screen->versionCount(), 1);
   EXPECT_EQ(first->collection(), screen);
@@ -136,40 +104,71 @@ TEST(VersionCollection, AssignmentAndEditsPointBack) {
   auto dot = decodeJson<Ref<Dot>>(kDot);
   screen->setDots(std::vector{dot});
   EXPECT_EQ(dot->screen(), screen);
-  auto moved = Screen::make({.name = "t",
-                             .latestVersion = makeVersion("d"),
-                             .sourceIdentifier = std::nullopt,
-                             .tags = std::nullopt,
-                             .versions = std::nullopt,
-                             .dots = std::vector<Ref<Dot>>{}});
+  auto moved = makeScreen(makeVersion("d"), std::vector<Ref<Dot>>{});
   moved->editDots([&](auto& dots) { dots->push_back(dot); });
   EXPECT_EQ(dot->screen(), moved);
   screen->setDots(std::nullopt);
   EXPECT_EQ(dot->screen(), moved);
 }
 
-TEST(VersionCollectionPartial, WiresNothingAboveTheVersion) {
-  auto component = decodeJson<Component::Partial>(collectionJson("C"));
-  EXPECT_EQ(component.latestVersion()->collection(), nullptr);
-  EXPECT_EQ(component.latestVersion()->snapshot()->version(), component.latestVersion());
+TEST(Version, MissingCreationDateIsTheTimeOfDecoding) {
+  auto before = now();
+  auto version = decodeJson<Ref<Version>>(versionJson("v1", R"("created":null)"));
+  auto after = now();
+  EXPECT_LE(before, version->createDate());
+  EXPECT_LE(version->createDate(), after);
+  EXPECT_FALSE(version->commit());
 }
 
-TEST(VersionCollection, ScreenVersionsPath) {
-  auto project = makeProject("P1");
-  auto screen = decodeJson<Ref<Screen>>(screenJson("S1"));
-  EXPECT_EQ(screen->pathComponent(), "screens");
-  EXPECT_FALSE(screen->versionsPathIfAvailable());
-  screen->setProject(project);
-  EXPECT_EQ(screen->versionsPath(), "v2/projects/P1/screens/S1/versions");
-  EXPECT_EQ(screen->versionsPathIfAvailable(), screen->versionsPath());
-  project.reset();
-  EXPECT_EQ(screen->project(), nullptr);
-  EXPECT_FALSE(screen->versionsPathIfAvailable());
+TEST(Version, AssignmentPointsTheNewCommitAndSnapshotBack) {
+  auto commit = Commit::make({.author = nullptr, .message = "first", .color = nullptr});
+  auto snapshot = decodeJson<Ref<Snapshot>>(R"({"_id":"s1","width":1,"height":1})");
+  auto version = Version::make(
+      {.commit = commit, .creator = nullptr, .snapshot = snapshot, .snapshotURL = std::nullopt});
+  EXPECT_TRUE(version->identifier().isLocal());
+  EXPECT_EQ(commit->version(), version);
+  EXPECT_EQ(snapshot->version(), version);
+
+  auto other = decodeJson<Ref<Version>>(versionJson("v2"));
+  auto replacement = other->snapshot();
+  version->setSnapshot(replacement);
+  EXPECT_EQ(replacement->version(), version);
+  EXPECT_EQ(snapshot->version(), version);  // the old one is not cleared
+
+  auto second = Commit::make({.author = nullptr, .message = "second", .color = nullptr});
+  version->setCommit(second);
+  EXPECT_EQ(second->version(), version);
+  version->setCommit(nullptr);  // no commit: nothing to wire, nothing cleared
+  EXPECT_EQ(second->version(), version);
 }
 
-using VersionCollectionDeathTest = ::testing::Test;
+TEST(Dot, AssignedAndEditedCommentsPointBack) {
+  auto kept = Comment::make({.note = "kept", .author = nullptr, .updateDate = now()});
+  EXPECT_TRUE(kept->identifier().isLocal());
+  EXPECT_EQ(kept->dot(), nullptr);
+  auto makeDot = [](std::vector<Ref<Comment>> comments) {
+    return Dot::make({.status = std::nullopt,
+                      .name = "d",
+                      .creator = nullptr,
+                      .x = 0,
+                      .y = 0,
+                      .color = Color::make({.red = 0, .green = 0, .blue = 0, .alpha = 1}),
+                      .comments = std::move(comments)});
+  };
+  auto dot = makeDot({kept});
+  EXPECT_EQ(kept->dot(), dot);
 
-TEST_F(VersionCollectionDeathTest, PathsWithoutOwnersStop) {
+  auto added = Comment::make({.note = "added", .author = nullptr, .updateDate = now()});
+  dot->setComments({added});
+  EXPECT_EQ(added->dot(), dot);
+  EXPECT_EQ(kept->dot(), dot);  // removed, but not cleared
+
+  auto other = makeDot({});
+  other->editComments([&](auto& comments) { comments.push_back(added); });
+  EXPECT_EQ(added->dot(), other);
+}
+
+TEST(VersionCollectionDeathTest, PathsWithoutOwnersStop) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   auto plain = decodeJson<Ref<VersionCollection>>(collectionJson("X"));
   EXPECT_DEATH(

@@ -6,7 +6,6 @@
 
 using namespace orvane;
 using namespace orvane::test;
-using Kind = DecodingError::Kind;
 
 namespace {
 
@@ -33,49 +32,12 @@ Tree decodeTree() {
 
 // Fatal (to the test) on a mismatch, so that no path is read from a half-wired tree.
 void expectProject(const Tree& t, const Ref<Project>& project) {
-  ASSERT_EQ(t.a->project(), project);
-  ASSERT_EQ(t.b->project(), project);
-  ASSERT_EQ(t.c->project(), project);
-  ASSERT_EQ(t.j->project(), project);
-  ASSERT_EQ(t.k->project(), project);
+  for (const auto& p : {t.a->project(), t.b->project(), t.c->project(), t.j->project(),
+                        t.k->project()})
+    ASSERT_EQ(p, project);
 }
 
 }  // namespace
-
-TEST(Section, ProjectIsAPlainWeakField) {
-  auto project = makeProject();
-  auto section = decodeJson<Ref<Section>>(R"({"_id":"s1","name":"Flow","screens":["S"]})");
-  EXPECT_EQ(section->project(), nullptr);
-  section->setProject(project);
-  EXPECT_EQ(section->project(), project);
-  project.reset();
-  EXPECT_EQ(section->project(), nullptr);
-}
-
-TEST(ComponentSection, DecodedTreeHasParentsAndSectionsButNoProject) {
-  auto t = decodeTree();
-  EXPECT_EQ(t.a->parent(), nullptr);
-  EXPECT_EQ(t.b->parent(), t.a);
-  EXPECT_EQ(t.c->parent(), t.b);
-  EXPECT_EQ(t.j->section(), t.a);
-  EXPECT_EQ(t.k->section(), t.c);
-  EXPECT_EQ(t.c->description(), "deep");
-  EXPECT_FALSE(t.a->description());
-  expectProject(t, nullptr);
-
-  EXPECT_EQ(t.a->identifierPathComponent(), "A");
-  EXPECT_EQ(t.c->identifierPathComponent(), "A/B/C");
-  EXPECT_EQ(t.k->pathComponent(), "componentSections/A/B/C/components/K");
-  EXPECT_EQ(t.j->pathComponent(), "componentSections/A/components/J");
-
-  // The tree goes; the components that are still held lose section and parents.
-  auto k = t.k;
-  auto c = t.c;
-  t = Tree{};
-  EXPECT_EQ(k->section(), c);
-  EXPECT_EQ(c->parent(), nullptr);
-  EXPECT_EQ(c->identifierPathComponent(), "C");
-}
 
 TEST(ComponentSection, ProjectPassedDownAndClearedAgain) {
   auto t = decodeTree();

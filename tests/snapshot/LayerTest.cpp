@@ -101,58 +101,29 @@ TEST(LayerObservers, KindAssignmentWiresChildrenButInitializerOnlyParents) {
   EXPECT_EQ(h->parent(), g);
 }
 
-// Defaults and left-out members are corpus cases; a payload key of another kind is not read.
-TEST(LayerCoding, PayloadKeysOfAnotherKindAreIgnored) {
-  auto layer = decodeJson<Ref<Layer>>(
-      R"({"_id":"g","name":"g","sourceId":"s","type":"group","layers":[],"content":7,)"
-      R"("interactionLevel":"middle","rect":{"x":0,"y":0,"width":1,"height":1},"opacity":1})");
-  ASSERT_TRUE(layer->kind() && layer->kind()->asGroup());
-  EXPECT_FALSE(layer->kind()->asGroup()->interactionLevel);
-  EXPECT_EQ(
-      encodeJson(layer),
-      R"({"name":"g","sourceId":"s","type":"group","layers":[],)"
-      R"("rect":{"x":0,"y":0,"width":1,"height":1},"borderRadius":0,"opacity":1,"exportable":false})");
-}
-
-// The optional members are stored packed; each must hold and clear without touching the others.
+// The optional members are stored packed; each must hold and clear without touching the others:
+// all set, all clear, alternate ones, and each half, in turn.
 TEST(LayerStorage, OptionalMembersSetAndClearIndependently) {
   auto layer = shape("L");
-  EXPECT_FALSE(layer->rotation());
-  EXPECT_FALSE(layer->blendMode());
-  EXPECT_EQ(layer->blur(), nullptr);
-  EXPECT_FALSE(layer->sketchFileURL());
-  EXPECT_FALSE(layer->isExportable());
-  EXPECT_FALSE(layer->exportsBitmap());
-
-  auto blur = Blur::make({.kind = std::nullopt, .radius = 4});
-  layer->setRotation(0.0);
-  layer->setBlendMode(BlendMode::multiply);
-  layer->setBlur(blur);
-  layer->setSketchFileURL(Url("file:///a.sketch"));
-  layer->setIsExportable(true);
-  layer->setExportsBitmap(true);
-  EXPECT_EQ(layer->rotation(), 0.0) << "a zero rotation is a rotation";
-  EXPECT_EQ(layer->blendMode(), BlendMode::multiply);
-  EXPECT_EQ(layer->blur(), blur);
-  EXPECT_EQ(layer->sketchFileURL(), Url("file:///a.sketch"));
-
-  layer->setRotation(std::nullopt);
-  layer->setBlur(nullptr);
-  layer->setIsExportable(false);
-  EXPECT_FALSE(layer->rotation());
-  EXPECT_EQ(layer->blur(), nullptr);
-  EXPECT_FALSE(layer->isExportable());
-  EXPECT_EQ(layer->blendMode(), BlendMode::multiply);
-  EXPECT_EQ(layer->sketchFileURL(), Url("file:///a.sketch"));
-  EXPECT_TRUE(layer->exportsBitmap());
-
-  layer->setBlendMode(std::nullopt);
-  layer->setSketchFileURL(std::nullopt);
-  layer->setExportsBitmap(false);
-  EXPECT_FALSE(layer->blendMode());
   EXPECT_FALSE(layer->sketchFileURL());
   EXPECT_FALSE(layer->exportsBitmap());
-  EXPECT_FALSE(layer->rotation());
+  const auto blur = Blur::make({.kind = std::nullopt, .radius = 4});
+  const Url file("file:///a.sketch");
+  for (unsigned set : {0u, 63u, 21u, 42u, 1u, 62u, 0u, 7u, 56u, 63u}) {
+    auto on = [&](int member) { return (set >> member & 1) != 0; };
+    layer->setRotation(on(0) ? std::optional(0.0) : std::nullopt);  // a zero rotation is one
+    layer->setBlendMode(on(1) ? std::optional(BlendMode::multiply) : std::nullopt);
+    layer->setBlur(on(2) ? blur : nullptr);
+    layer->setSketchFileURL(on(3) ? std::optional(file) : std::nullopt);
+    layer->setIsExportable(on(4));
+    layer->setExportsBitmap(on(5));
+    EXPECT_EQ(layer->rotation(), on(0) ? std::optional(0.0) : std::nullopt) << set;
+    EXPECT_EQ(layer->blendMode(), on(1) ? std::optional(BlendMode::multiply) : std::nullopt);
+    EXPECT_EQ(layer->blur(), on(2) ? blur : nullptr) << set;
+    EXPECT_EQ(layer->sketchFileURL(), on(3) ? std::optional(file) : std::nullopt) << set;
+    EXPECT_EQ(layer->isExportable(), on(4)) << set;
+    EXPECT_EQ(layer->exportsBitmap(), on(5)) << set;
+  }
 }
 
 TEST(LayerTreeDeathTest, AGroupInsideItsOwnSubtreeStopsEveryWalk) {

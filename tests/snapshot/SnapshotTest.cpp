@@ -1,3 +1,4 @@
+#include <orvane/snapshot/Asset.hpp>
 #include <orvane/snapshot/Snapshot.hpp>
 
 #include "support/Layers.hpp"
@@ -40,18 +41,17 @@ void expectTreeWiredTo(const std::vector<Ref<Layer>>& layers, const Ref<Snapshot
 
 }  // namespace
 
-TEST(Snapshot, DecodingWiresGridAssetsAndTheWholeTree) {
+// How decoding wires the layer tree is a corpus dump; the grid and assets point back too, and
+// every back-reference reads as empty once its owner is gone (the one check of a rule that every
+// backRef statement shares).
+TEST(Snapshot, DecodingWiresGridAndAssetsAndBackReferencesExpire) {
   auto snapshot = decodeJson<Ref<Snapshot>>(kDocument);
-  EXPECT_EQ(snapshot->grid()->snapshot(), snapshot);
-  EXPECT_EQ(snapshot->assets()->at(0)->snapshot(), snapshot);
-  expectTreeWiredTo(*snapshot->layers(), snapshot);
-  EXPECT_EQ(ids(*snapshot->flattenedLayers()), "ABHGC");
-  EXPECT_EQ(snapshot->flattenedLayers()->at(1)->absoluteFrame(), Rect(3, 3, 1, 1));
-
-  // Once the snapshot is gone every back-reference reads as empty.
   auto grid = snapshot->grid();
   auto asset = snapshot->assets()->at(0);
   auto deepest = snapshot->flattenedLayers()->at(1);
+  EXPECT_EQ(grid->snapshot(), snapshot);
+  EXPECT_EQ(asset->snapshot(), snapshot);
+  EXPECT_EQ(deepest->snapshot(), snapshot);
   snapshot.reset();
   EXPECT_EQ(grid->snapshot(), nullptr);
   EXPECT_EQ(asset->snapshot(), nullptr);
@@ -110,40 +110,6 @@ TEST(Snapshot, MakeWiresLikeDecoding) {
   EXPECT_TRUE(snapshot->componentNames().empty());
 }
 
-TEST(Snapshot, ImportSourceGivesFreshIdentifiersThroughout) {
-  auto snapshot = decodeJson<Ref<Snapshot>>(kDocument, importOptions());
-  EXPECT_TRUE(snapshot->identifier().isLocal());
-  EXPECT_TRUE(snapshot->assets()->at(0)->identifier().isLocal());
-  std::unordered_set<std::string> seen;
-  for (const auto& layer : *snapshot->flattenedLayers()) {
-    EXPECT_TRUE(layer->identifier().isLocal()) << layer->name();
-    seen.emplace(layer->identifier().rawValue());
-  }
-  EXPECT_EQ(seen.size(), 5u);
-  // Source identifiers are the design's own and stay.
-  EXPECT_EQ(snapshot->layers()->at(1)->sourceIdentifier(), Identifier("sC"));
-}
-
-TEST(Snapshot, ErrorsDeepInTheTreeCarryTheirPath) {
-  struct Case {
-    std::string layers;
-    ErrorKind kind;
-    const char* path;
-  };
-  const Case cases[] = {
-      {groupJson("G", groupJson("H", layerJson("B", R"(,"type":"text","content":"x")"))),
-       ErrorKind::keyNotFound, "layers[0].layers[0].layers[0]"},
-      {layerJson("A", R"(,"type":"group")"), ErrorKind::keyNotFound, "layers[0]"},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.layers);
-    auto e = decodeError<Ref<Snapshot>>(R"({"_id":"S","width":1,"height":1,"layers":[)" + c.layers +
-                                        "]}");
-    EXPECT_EQ(e.kind(), c.kind);
-    EXPECT_EQ(pathOf(e), c.path);
-  }
-}
-
 TEST(Snapshot, LayerTreesUpToTheDepthLimitDecodeAndDeeperOnesFailCleanly) {
   auto nested = [](int depth) {
     std::string open, close;
@@ -163,4 +129,34 @@ TEST(Snapshot, LayerTreesUpToTheDepthLimitDecodeAndDeeperOnesFailCleanly) {
   auto e = decodeError<Ref<Snapshot>>(nested(300));
   EXPECT_EQ(e.kind(), ErrorKind::dataCorrupted);
   EXPECT_EQ(pathOf(e), "<root>");
+}
+
+TEST(Asset, ContentsPointBackAfterDecodeMakeAndAssignment) {
+  auto asset =
+      decodeJson<Ref<Asset>>(R"({"_id":"a","displayName":"d","layerName":"l","contents":[{},{}]})");
+  for (const auto& content : asset->contents()) EXPECT_EQ(content->asset(), asset);
+
+  auto first =
+      Asset::Content::make({.url = std::nullopt, .density = std::nullopt, .format = std::nullopt});
+  auto made =
+      Asset::make({.displayName = "d", .layerName = "l", .isBitmap = false, .contents = {first}});
+  EXPECT_EQ(first->asset(), made);
+
+  // Assignment wires the new list and leaves the replaced one alone.
+  auto second =
+      Asset::Content::make({.url = std::nullopt, .density = Density::hdpi, .format = std::nullopt});
+  auto other = Asset::make({.displayName = "o",
+                            .layerName = "l",
+                            .isBitmap = false,
+                            .contents = std::vector<Ref<Asset::Content>>{}});
+  other->setContents({first, second});
+  EXPECT_EQ(first->asset(), other);
+  EXPECT_EQ(second->asset(), other);
+  auto third =
+      Asset::Content::make({.url = std::nullopt, .density = std::nullopt, .format = std::nullopt});
+  made->editContents([&](auto& contents) { contents.push_back(third); });
+  // An in-place edit rewires the whole list, so the shared content comes back to `made`.
+  EXPECT_EQ(third->asset(), made);
+  EXPECT_EQ(first->asset(), made);
+  EXPECT_EQ(second->asset(), other);
 }

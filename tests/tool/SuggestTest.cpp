@@ -14,19 +14,10 @@ TEST(Suggestions, EditDistanceCountsSwapsAsOneAndIgnoresCase) {
     std::string_view a, b;
     std::size_t distance;
   };
-  const Case cases[] = {
-      {"", "", 0},
-      {"", "abc", 3},
-      {"abc", "", 3},
-      {"Layer", "layer", 0},
-      {"ab", "ba", 1},
-      {"ca", "abc", 3},
-      {"kitten", "sitting", 3},
-      {"Colour", "Color", 1},
-      {"abcdef", "badcfe", 3},
-      {"Blur", "Border", 4},
-      {"a.b", "a-b", 1},
-  };
+  const Case cases[] = {{"", "", 0}, {"", "abc", 3}, {"abc", "", 3}, {"Layer", "layer", 0},
+                        {"ab", "ba", 1}, {"ca", "abc", 3}, {"kitten", "sitting", 3},
+                        {"Colour", "Color", 1}, {"abcdef", "badcfe", 3}, {"Blur", "Border", 4},
+                        {"a.b", "a-b", 1}};
   for (const auto& c : cases) {
     EXPECT_EQ(editDistance(c.a, c.b), c.distance) << c.a << " / " << c.b;
     EXPECT_EQ(editDistance(c.b, c.a), c.distance) << c.b << " / " << c.a;
@@ -41,22 +32,14 @@ TEST(Suggestions, TheClosestTypeNamesAndOnlyCloseOnes) {
     std::vector<std::string_view> expected;
   };
   const Case cases[] = {
-      {"layer", {"Layer"}},
-      {"Layr", {"Layer"}},
-      {"Colour", {"Color"}},
+      {"layer", {"Layer"}}, {"Layr", {"Layer"}}, {"Colour", {"Color"}},
       {"blendmode", {"BlendMode"}},
       // By a qualified name's last parts.
-      {"Alignment", {"TextStyle.Alignment"}},
-      {"Option.Kind.Key", {"Extension.Option.Kind.Key"}},
+      {"Alignment", {"TextStyle.Alignment"}}, {"Option.Kind.Key", {"Extension.Option.Kind.Key"}},
       // The closest win over those one edit further; ties keep the table's order, three at most.
-      {"Status", {"User.Status", "Organization.Status", "Plan.Status"}},
-      {"Commits", {"Commit"}},
+      {"Status", {"User.Status", "Organization.Status", "Plan.Status"}}, {"Commits", {"Commit"}},
       // Nothing close enough.
-      {"NoSuchType", {}},
-      {"X", {}},
-      {"", {}},
-      {"Rectangle", {}},
-  };
+      {"NoSuchType", {}}, {"X", {}}, {"", {}}, {"Rectangle", {}}};
   for (const auto& c : cases) {
     EXPECT_EQ(closestNames(c.typed, names), c.expected) << c.typed;
   }

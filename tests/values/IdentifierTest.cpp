@@ -1,44 +1,22 @@
+#include <regex>
 #include <string>
 #include <unordered_set>
 #include <vector>
 
 #include <gtest/gtest.h>
 
-#include <orvane/json/JsonDecoder.hpp>
-#include <orvane/json/JsonEncoder.hpp>
 #include <orvane/orvane.hpp>
 
 using namespace orvane;
 
-namespace {
-// "MACOS-" then a version 4 UUID in upper-case hexadecimal, groups of 8-4-4-4-12.
-bool hasLocalForm(std::string_view s) {
-  const std::string pattern = "MACOS-HHHHHHHH-HHHH-4HHH-VHHH-HHHHHHHHHHHH";
-  if (s.size() != pattern.size()) return false;
-  for (std::size_t i = 0; i < s.size(); ++i) {
-    char c = s[i];
-    bool hex = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F');
-    switch (pattern[i]) {
-      case 'H':
-        if (!hex) return false;
-        break;
-      case 'V':
-        if (c != '8' && c != '9' && c != 'A' && c != 'B') return false;
-        break;
-      default:
-        if (c != pattern[i]) return false;
-    }
-  }
-  return true;
-}
-}  // namespace
-
 TEST(Identifier, LocalIdentifiersAreFreshUpperCaseUuids) {
+  // "MACOS-" then a version 4 UUID in upper-case hexadecimal, groups of 8-4-4-4-12.
+  const std::regex form(
+      "MACOS-[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]{3}-[89AB][0-9A-F]{3}-[0-9A-F]{12}");
   std::unordered_set<Identifier> seen;
   for (int i = 0; i < 1000; ++i) {
     Identifier id = Identifier::local();
-    ASSERT_TRUE(hasLocalForm(id.rawValue())) << id.rawValue();
-    ASSERT_EQ(id.rawValue().size(), 42u);  // "MACOS-" and 36 characters of UUID text
+    ASSERT_TRUE(std::regex_match(std::string(id.rawValue()), form)) << id.rawValue();
     ASSERT_TRUE(id.isLocal());
     ASSERT_TRUE(seen.insert(id).second) << "repeated " << id.rawValue();
   }
@@ -52,10 +30,8 @@ TEST(Identifier, IsLocalIsACaseSensitivePrefixTest) {
   for (auto [raw, local] : cases) EXPECT_EQ(Identifier(raw).isLocal(), local) << raw;
 }
 
-TEST(Identifier, CodedAsOneString) {
-  JsonDecoder decoder;
-  EXPECT_EQ(decoder.decode<Identifier>(R"("")").rawValue(), "");
-  EXPECT_EQ(JsonEncoder().encode(Identifier("")), R"("")");
+// Its coding is corpus cases; the message for a refused single value is the tool's to show.
+TEST(Identifier, RefusedSingleValuesAreNamedInTheirMessage) {
   EXPECT_EQ(refusedSingleValueMessage("Identifier", "x"),
             "Decoding Identifier from \u201Cx\u201D failed.");
 }
@@ -153,20 +129,3 @@ TEST(Identifier, CopiesAndMovesBetweenInlineAndHeapValues) {
   }
 }
 
-TEST(Identifier, RoundTripsThroughTheJsonCoderAroundTheLimit) {
-  JsonDecoder decoder;
-  std::vector<std::string> values = {accented(kLimit, true),       accented(kLimit + 1, false),
-                                     std::string("nul\0byte", 8),  std::string(kLimit, 'q'),
-                                     std::string(kLimit + 1, 'q'), std::string(kLimit - 1, 'q')};
-  for (const std::string& raw : values) {
-    SCOPED_TRACE(testing::PrintToString(raw));
-    std::string json = JsonEncoder().encode(Identifier(raw));
-    Identifier decoded = decoder.decode<Identifier>(json);
-    EXPECT_EQ(decoded.rawValue(), raw);
-    EXPECT_EQ(JsonEncoder().encode(decoded), json);
-  }
-  // Escapes are resolved before the value is stored, inline or not.
-  EXPECT_EQ(decoder.decode<Identifier>(R"("\u00e9\t")").rawValue(), "\u00E9\t");
-  std::string longEscaped = "\"" + std::string(kLimit, 'z') + "\\n\"";
-  EXPECT_EQ(decoder.decode<Identifier>(longEscaped).rawValue(), std::string(kLimit, 'z') + "\n");
-}
