@@ -60,41 +60,41 @@ class Fingerprint final : public FieldVisitor {
   std::string text;
 };
 
-std::string styleOf(const Layer& layer) {
-  Fingerprint f;
-  f.field("fills", layer.fills());
-  f.field("borders", layer.borders());
-  f.field("shadows", layer.shadows());
-  f.field("blur", layer.blur());
-  f.field("opacity", layer.opacity());
-  f.field("blendMode", layer.blendMode());
-  f.field("cornerRadius", layer.cornerRadius());
-  return f.text;
+// Two listings compared through buffers kept from one layer to the next.
+template <class T>
+bool sameListing(const T& a, const T& b) {
+  static thread_local Fingerprint x, y;
+  x.text.clear();
+  y.text.clear();
+  describe(x, a);
+  describe(y, b);
+  return x.text == y.text;
 }
 
-std::string textOf(const Layer::Kind::Text& text) {
-  Fingerprint f;
-  f.field("content", text.content);
-  f.field("styles", text.rangedTextStyles);
-  return f.text;
+bool same(double a, double b) { return a == b || (std::isnan(a) && std::isnan(b)); }
+
+bool sameStyle(const Layer& a, const Layer& b) {
+  return same(a.opacity(), b.opacity()) && a.blendMode() == b.blendMode() &&
+         same(a.cornerRadius(), b.cornerRadius()) && sameListing(a.fills(), b.fills()) &&
+         sameListing(a.borders(), b.borders()) && sameListing(a.shadows(), b.shadows()) &&
+         sameListing(a.blur(), b.blur());
 }
 
-std::string parentOf(const Layer& layer) {
-  Ref<Layer> parent = layer.parent();
-  if (!parent) return "top";
-  std::string key = "p";  // appended, not "p" + ...: GCC 12 misreads that as overlapping
-  key += parent->sourceIdentifier().rawValue();
-  return key;
+bool sameText(const Layer::Kind::Text& a, const Layer::Kind::Text& b) {
+  return a.content == b.content && sameListing(a.rangedTextStyles, b.rangedTextStyles);
 }
 
-bool same(double a, double b) {
-  return a == b || (std::isnan(a) && std::isnan(b));
+bool sameParent(const Layer& a, const Layer& b) {
+  Ref<Layer> pa = a.parent(), pb = b.parent();
+  if (!pa || !pb) return !pa && !pb;
+  return pa->sourceIdentifier().rawValue() == pb->sourceIdentifier().rawValue();
 }
+
 
 std::vector<LayerChange> compare(const Layer& a, const Layer& b) {
   std::vector<LayerChange> changes;
   if (a.name() != b.name()) changes.push_back(LayerChange::renamed);
-  bool reparented = parentOf(a) != parentOf(b);
+  bool reparented = !sameParent(a, b);
   // A layer that changed groups is placed anew: its place on the artboard says whether it moved.
   Rect fa = reparented ? a.absoluteFrame() : a.frame();
   Rect fb = reparented ? b.absoluteFrame() : b.frame();
@@ -107,10 +107,10 @@ std::vector<LayerChange> compare(const Layer& a, const Layer& b) {
   if (!same(a.rotation().value_or(0), b.rotation().value_or(0))) {
     changes.push_back(LayerChange::rotated);
   }
-  if (styleOf(a) != styleOf(b)) changes.push_back(LayerChange::restyled);
+  if (!sameStyle(a, b)) changes.push_back(LayerChange::restyled);
   const auto* ta = a.kind() ? a.kind()->asText() : nullptr;
   const auto* tb = b.kind() ? b.kind()->asText() : nullptr;
-  if (ta && tb && textOf(*ta) != textOf(*tb)) changes.push_back(LayerChange::text);
+  if (ta && tb && !sameText(*ta, *tb)) changes.push_back(LayerChange::text);
   auto key = [](const Layer& l) { return l.kind() ? int(l.kind()->key()) : -1; };
   if (key(a) != key(b)) changes.push_back(LayerChange::kind);
   if (reparented) changes.push_back(LayerChange::reparented);
