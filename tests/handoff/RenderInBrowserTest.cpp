@@ -12,6 +12,7 @@
 
 #include "Browser.hpp"
 #include "Documents.hpp"
+#include "support/Layers.hpp"
 
 namespace orvane::test {
 namespace {
@@ -224,29 +225,10 @@ TEST(RenderInBrowser, HostileTextStillParses) {
                                                                     .letterSpacing = std::nullopt,
                                                                     .color = nullptr,
                                                                     .alignment = std::nullopt})});
-  auto text = Layer::make({.identifier = Identifier(hostile),
-                           .name = hostile,
-                           .sourceIdentifier = Identifier("s"),
-                           .kind = Layer::Kind::text(hostile, {style}),
-                           .frame = Rect(0, 0, 100, 20),
-                           .rotation = std::nullopt,
-                           .cornerRadius = 0,
-                           .opacity = 1,
-                           .blendMode = std::nullopt,
-                           .blur = nullptr,
-                           .isExportable = true,
-                           .fills = std::nullopt,
-                           .borders = std::nullopt,
-                           .shadows = std::nullopt});
-  auto snapshot = Snapshot::make({.size = Size{100, 20},
-                                  .url = std::nullopt,
-                                  .density = std::nullopt,
-                                  .source = std::nullopt,
-                                  .backgroundColor = nullptr,
-                                  .grid = nullptr,
-                                  .assets = std::nullopt,
-                                  .layers = std::vector<Ref<Layer>>{text},
-                                  .links = std::nullopt});
+  auto text = layer(hostile.c_str(), Layer::Kind::text(hostile, {style}), Rect(0, 0, 100, 20));
+  text->setIsExportable(true);
+  auto snapshot = makeSnapshot(std::vector<Ref<Layer>>{text});
+  snapshot->setSize(Size{100, 20});
   ScratchDir dir;
   dir.write("hostile.svg", handoff::renderSvg(*snapshot, {.assets = true}));
   std::string dom = dumpDom(*browser, dir.file("hostile.svg"));

@@ -9,6 +9,8 @@
 #include <orvane/handoff/Render.hpp>
 #include <orvane/json/JsonDecoder.hpp>
 
+#include "support/Layers.hpp"
+
 namespace orvane::handoff {
 namespace {
 
@@ -92,28 +94,11 @@ TEST(RenderSvg, SaysWhereABlendModeIsApproximated) {
 }
 
 TEST(RenderSvg, NumbersAreShortAndFinite) {
-  auto layer = Layer::make({.name = "n",
-                            .sourceIdentifier = Identifier("n"),
-                            .kind = Layer::Kind::shape(),
-                            .frame = Rect(0.1 + 0.2, NAN, 1e300 * 1e10, -4),
-                            .rotation = 1.0 / 3,
-                            .cornerRadius = 0,
-                            .opacity = NAN,
-                            .blendMode = std::nullopt,
-                            .blur = nullptr,
-                            .isExportable = false,
-                            .fills = std::nullopt,
-                            .borders = std::nullopt,
-                            .shadows = std::nullopt});
-  auto snapshot = Snapshot::make({.size = Size{NAN, -1},
-                                  .url = std::nullopt,
-                                  .density = std::nullopt,
-                                  .source = std::nullopt,
-                                  .backgroundColor = nullptr,
-                                  .grid = nullptr,
-                                  .assets = std::nullopt,
-                                  .layers = std::vector<Ref<Layer>>{layer},
-                                  .links = std::nullopt});
+  auto layer = test::layer("n", Layer::Kind::shape(), Rect(0.1 + 0.2, NAN, 1e300 * 1e10, -4));
+  layer->setRotation(1.0 / 3);
+  layer->setOpacity(NAN);
+  auto snapshot = test::makeSnapshot(std::vector<Ref<Layer>>{layer});
+  snapshot->setSize(Size{NAN, -1});
   std::string svg = renderSvg(*snapshot);
   EXPECT_NE(svg.find(R"(width="0" height="0")"), std::string::npos) << svg;
   EXPECT_NE(svg.find("rotate(-0.3333 "), std::string::npos) << svg;
