@@ -339,29 +339,26 @@ std::string swiftString(std::string_view text) {
   return out;
 }
 
-CssBlendMode swiftBlend(BlendMode mode, std::string& name) {
+// SwiftUI's name of a blend mode (`.multiply`), and whether it composites as the model's does.
+std::string swiftBlend(BlendMode mode, bool& exact) {
+  exact = true;
   switch (mode) {
     case BlendMode::linearBurn:
-      name = ".plusDarker";
-      return {"", true};
+      return ".plusDarker";
     case BlendMode::linearDodge:
-      name = ".plusLighter";
-      return {"", true};
+      return ".plusLighter";
     case BlendMode::sourceAtop:
-      name = ".sourceAtop";
-      return {"", true};
+      return ".sourceAtop";
     case BlendMode::destinationOver:
-      name = ".destinationOver";
-      return {"", true};
+      return ".destinationOver";
     case BlendMode::destinationOut:
-      name = ".destinationOut";
-      return {"", true};
+      return ".destinationOut";
     default:
       break;
   }
   CssBlendMode css = cssBlendMode(mode);
-  name = "." + camelCase(css.name);
-  return css;
+  exact = css.exact;
+  return "." + camelCase(css.name);
 }
 
 class Swift {
@@ -407,10 +404,9 @@ class Swift {
     }
     if (l.opacity < 1) modifier("opacity(" + number(l.opacity) + ")");
     if (auto mode = l.layer.blendMode(); mode && *mode != BlendMode::normal) {
-      std::string name;
-      CssBlendMode nearest = swiftBlend(*mode, name);
-      if (!nearest.exact)
-        comment(std::string(rawValue(*mode)) + " has no SwiftUI blend mode: nearest");
+      bool exact = true;
+      std::string name = swiftBlend(*mode, exact);
+      if (!exact) comment(std::string(rawValue(*mode)) + " has no SwiftUI blend mode: nearest");
       modifier("blendMode(" + name + ")");
     }
     if (l.rotation != 0) modifier("rotationEffect(.degrees(" + number(-l.rotation) + "))");
