@@ -8,7 +8,6 @@
 #include <orvane/handoff/Render.hpp>
 #include <orvane/json/JsonDecoder.hpp>
 
-#include "support/Layers.hpp"
 #include "support/Text.hpp"
 
 namespace orvane::handoff {
@@ -86,10 +85,12 @@ TEST(RenderSvg, SaysWhereABlendModeIsApproximated) {
 }
 
 TEST(RenderSvg, NumbersAreShortAndFinite) {
-  auto layer = test::layer("n", Layer::Kind::shape(), Rect(0.1 + 0.2, NAN, 1e300 * 1e10, -4));
+  auto snapshot = decode(R"({"_id":"s","width":1,"height":1,"layers":[)" + shape("n") + "]}");
+  Ref<Layer> layer = snapshot->layers()->front();
+  layer->setFrame(Rect(0.1 + 0.2, NAN, 1e300 * 1e10, -4));
   layer->setRotation(1.0 / 3);
   layer->setOpacity(NAN);
-  auto snapshot = test::makeSnapshot(std::vector<Ref<Layer>>{layer});
+  snapshot->setLayers(snapshot->layers());  // flattened anew, with the frame above
   snapshot->setSize(Size{NAN, -1});
   std::string svg = renderSvg(*snapshot);
   EXPECT_NE(svg.find(R"(width="0" height="0")"), std::string::npos) << svg;
