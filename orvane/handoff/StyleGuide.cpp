@@ -166,69 +166,71 @@ void insert(Node& root, const std::vector<std::string>& path, const std::string&
   at->children.push_back({path.back(), std::move(json), {}});
 }
 
-void writeNode(std::string& out, const Node& node, int depth) {
-  std::string indent(2 * depth, ' ');
-  out += "{\n";
+// Groups laid out one member a line when `pretty`, each token on a line of its own.
+void writeNode(std::string& out, const Node& node, int depth, bool pretty) {
+  std::string indent = pretty ? std::string(2 * depth, ' ') : "";
+  out += pretty ? "{\n" : "{";
   for (std::size_t i = 0; i < node.children.size(); ++i) {
     const Node& c = node.children[i];
-    out += indent + "  ";
+    if (pretty) out += indent + "  ";
     detail::appendJsonString(out, c.key);
-    out += ": ";
+    out += pretty ? ": " : ":";
     if (c.token.empty()) {
-      writeNode(out, c, depth + 1);
+      writeNode(out, c, depth + 1, pretty);
     } else {
       out += c.token;
     }
-    out += i + 1 < node.children.size() ? ",\n" : "\n";
+    if (i + 1 < node.children.size()) out += ',';
+    if (pretty) out += '\n';
   }
   out += indent + "}";
 }
 
 std::string dtcgColor(const Color& color) {
   Rgba c = rgba(color);
-  std::string json = R"({"$type": "color", "$value": {"colorSpace": "srgb", "components": [)";
+  std::string json = R"({"$type":"color","$value":{"colorSpace":"srgb","components":[)";
   double components[] = {color.red(), color.green(), color.blue()};
   for (int i = 0; i < 3; ++i) {
-    if (i) json += ", ";
+    if (i) json += ',';
     double v = components[i];
     appendNumber(json, std::isfinite(v) ? std::clamp(v, 0.0, 1.0) : 0.0);
   }
   json += "]";
   if (c.alpha < 1) {
-    json += ", \"alpha\": ";
+    json += ",\"alpha\":";
     appendNumber(json, c.alpha);
   }
-  return json + ", \"hex\": \"" + c.hex() + "\"}}";
+  return json + ",\"hex\":\"" + c.hex() + "\"}}";
 }
 
 void dimension(std::string& json, const char* name, double px) {
-  json += ", \"";
+  json += ",\"";
   json += name;
-  json += "\": {\"value\": ";
+  json += "\":{\"value\":";
   appendNumber(json, px);
-  json += ", \"unit\": \"px\"}";
+  json += ",\"unit\":\"px\"}";
 }
 
 std::string dtcgTypography(const TextStyle& style) {
   FontFace face = fontFace(style.fontName());
-  std::string json = R"({"$type": "typography", "$value": {"fontFamily": )";
+  std::string json = R"({"$type":"typography","$value":{"fontFamily":)";
   detail::appendJsonString(json, face.family);
-  json += ", \"fontWeight\": " + std::to_string(face.weight);
+  json += ",\"fontWeight\":" + std::to_string(face.weight);
   dimension(json, "fontSize", style.fontSize());
   if (style.letterSpacing()) dimension(json, "letterSpacing", *style.letterSpacing());
   if (style.lineHeight() && style.fontSize() > 0) {
-    json += ", \"lineHeight\": ";
+    json += ",\"lineHeight\":";
     appendNumber(json, *style.lineHeight() / style.fontSize());
   }
   return json + "}}";
 }
 
-std::string writeDtcg(const StyleGuide& guide) {
+std::string writeDtcg(const StyleGuide& guide, bool pretty) {
   Node root;
   for (const auto& t : guide.colors()) insert(root, t.path, t.name, dtcgColor(*t.value));
   for (const auto& t : guide.textStyles()) insert(root, t.path, t.name, dtcgTypography(*t.value));
   std::string out;
-  writeNode(out, root, 0);
+  writeNode(out, root, 0, pretty);
   return out + "\n";
 }
 
@@ -436,10 +438,10 @@ std::string writeKotlin(const StyleGuide& guide) {
 
 }  // namespace
 
-std::string writeTokens(const StyleGuide& guide, TokenFormat format) {
+std::string writeTokens(const StyleGuide& guide, TokenFormat format, bool pretty) {
   switch (format) {
     case TokenFormat::dtcg:
-      return writeDtcg(guide);
+      return writeDtcg(guide, pretty);
     case TokenFormat::css:
       return writeCss(guide);
     case TokenFormat::swift:

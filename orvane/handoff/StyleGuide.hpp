@@ -74,7 +74,8 @@ enum class TokenFormat {
   kotlin,  ///< Jetpack Compose `Color` and `TextStyle` values
 };
 
-/// The guide's tokens in `format`, ending with a line break.
-std::string writeTokens(const StyleGuide& guide, TokenFormat format);
+/// The guide's tokens in `format`, ending with a line break. The DTCG document is compact
+/// JSON, or with `pretty` a group member a line, each token on one line.
+std::string writeTokens(const StyleGuide& guide, TokenFormat format, bool pretty = false);
 
 }  // namespace orvane::handoff

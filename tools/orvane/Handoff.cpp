@@ -216,7 +216,8 @@ int tokens(const TokensRequest& request, Output& out) {
     for (const auto& [name, f] : kFormats) {
       if (request.format == name) format = f;
     }
-    out.write(handoff::writeTokens(handoff::StyleGuide(*project), format));
+    out.write(handoff::writeTokens(handoff::StyleGuide(*project), format,
+                                   request.document.pretty));
     return 0;
   });
 }
@@ -490,6 +491,8 @@ HandoffCommands::HandoffCommands(CLI::App& app) : state_(std::make_unique<State>
   s.tokensCommand->add_option("FILE", s.tokens.document.file,
                               "The Project document; standard input when absent or -");
   addDecodingOptions(*s.tokensCommand, s.tokens.document);
+  s.tokensCommand->add_flag("--pretty", s.tokens.document.pretty,
+                            "dtcg: a group member a line, each token on one line");
   s.tokensCommand->footer(
       "dtcg: one Design Tokens Community Group (2025.10) JSON document, grouped by the "
       "/-separated parts of names; css: custom properties in :root; swift: Color and Font "
