@@ -333,12 +333,6 @@ class Css {
 
 // --- SwiftUI ---------------------------------------------------------------------------------
 
-std::string swiftString(std::string_view text) {
-  std::string out;
-  detail::appendJsonString(out, text);  // JSON's escapes are Swift's for these
-  return out;
-}
-
 // SwiftUI's name of a blend mode (`.multiply`), and whether it composites as the model's does.
 std::string swiftBlend(BlendMode mode, bool& exact) {
   exact = true;

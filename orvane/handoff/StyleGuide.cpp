@@ -304,6 +304,42 @@ std::string kotlinName(std::string_view slug) {
   return name;
 }
 
+std::string swiftString(std::string_view text) {
+  std::string out = "\"";
+  for (std::size_t at = 0; at < text.size();) {
+    detail::CodePoint c = detail::readCodePoint(text, at);
+    at += c.length;
+    switch (c.value) {
+      case '"':
+        out += "\\\"";
+        break;
+      case '\\':
+        out += "\\\\";
+        break;
+      case '\n':
+        out += "\\n";
+        break;
+      case '\r':
+        out += "\\r";
+        break;
+      case '\t':
+        out += "\\t";
+        break;
+      default:
+        if (c.value < 0x20 || c.value == 0x7F) {
+          static constexpr char kHex[] = "0123456789abcdef";
+          out += "\\u{";
+          if (c.value >= 0x10) out += kHex[c.value >> 4];
+          out += kHex[c.value & 0xF];
+          out += '}';
+        } else {
+          detail::appendUtf8(out, c.value);
+        }
+    }
+  }
+  return out + "\"";
+}
+
 std::string swiftColor(const Color& color) {
   auto component = [](double v) {
     return number(std::isfinite(v) ? std::clamp(v, 0.0, 1.0) : 0.0);
@@ -340,8 +376,7 @@ std::string swiftWeight(int weight) {
 
 std::string swiftFont(const TextStyle& style, double scale) {
   FontFace face = fontFace(style.fontName());
-  std::string out = "Font.custom(";
-  detail::appendJsonString(out, style.fontName());
+  std::string out = "Font.custom(" + swiftString(style.fontName());
   out += ", size: " + number(style.fontSize() / scale) + ")";
   if (face.weight != 400) out += ".weight(" + swiftWeight(face.weight) + ")";
   if (face.italic) out += ".italic()";

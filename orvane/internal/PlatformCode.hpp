@@ -9,6 +9,9 @@
 
 namespace orvane::handoff {
 
+/// `text` as a Swift string literal: quotes, backslashes and line breaks escaped, other control
+/// characters as `\u{X}`, bytes that are not UTF-8 as U+FFFD.
+std::string swiftString(std::string_view text);
 /// The CSS `font` shorthand of a style: style, weight, size, line height and family.
 std::string cssFont(const TextStyle& style);
 /// A token's name as a Swift `Color` or `Font` member, clear of SwiftUI's own and of keywords.

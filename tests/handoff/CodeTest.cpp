@@ -10,6 +10,7 @@
 #include <orvane/json/JsonDecoder.hpp>
 
 #include "Documents.hpp"
+#include "support/Layers.hpp"
 
 namespace orvane::handoff {
 namespace {
@@ -149,6 +150,21 @@ TEST(FindLayer, ByIdentifierUniqueNameOrPath) {
             "2 layers are named Title: name one by its identifier or its path");
   EXPECT_EQ(findLayer(*snapshot, "Card/Nope").error, "no layer Card/Nope");
   EXPECT_EQ(findLayer(*snapshot, "Nope").error, "no layer Nope");
+}
+
+}  // namespace
+}  // namespace orvane::handoff
+
+namespace orvane::handoff {
+namespace {
+
+// Whatever a text holds, the string literal keeps it in its language's escapes.
+TEST(LayerCode, TextBecomesAStringLiteralOfItsLanguage) {
+  auto text = test::layer("T", Layer::Kind::text("a\"b\\c\x01$x\ny", {}), Rect(0, 0, 10, 10));
+  EXPECT_NE(layerSwiftUI(*text).find(R"(Text("a\"b\\c\u{1}$x\ny"))"), std::string::npos)
+      << layerSwiftUI(*text);
+  EXPECT_NE(layerCompose(*text).find(R"(text = "a\"b\\c\u0001\$x\ny",)"), std::string::npos)
+      << layerCompose(*text);
 }
 
 }  // namespace
