@@ -305,39 +305,15 @@ std::string kotlinName(std::string_view slug) {
 }
 
 std::string swiftString(std::string_view text) {
-  std::string out = "\"";
-  for (std::size_t at = 0; at < text.size();) {
-    detail::CodePoint c = detail::readCodePoint(text, at);
-    at += c.length;
-    switch (c.value) {
-      case '"':
-        out += "\\\"";
-        break;
-      case '\\':
-        out += "\\\\";
-        break;
-      case '\n':
-        out += "\\n";
-        break;
-      case '\r':
-        out += "\\r";
-        break;
-      case '\t':
-        out += "\\t";
-        break;
-      default:
-        if (c.value < 0x20 || c.value == 0x7F) {
-          static constexpr char kHex[] = "0123456789abcdef";
-          out += "\\u{";
-          if (c.value >= 0x10) out += kHex[c.value >> 4];
-          out += kHex[c.value & 0xF];
-          out += '}';
-        } else {
-          detail::appendUtf8(out, c.value);
-        }
-    }
-  }
-  return out + "\"";
+  std::string out;
+  detail::appendQuoted(out, text, [](std::string& o, char32_t c) {
+    static constexpr char kHex[] = "0123456789abcdef";
+    o += "\\u{";
+    if (c >= 0x10) o += kHex[c >> 4];
+    o += kHex[c & 0xF];
+    o += '}';
+  });
+  return out;
 }
 
 std::string swiftColor(const Color& color) {

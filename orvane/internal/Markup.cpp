@@ -130,8 +130,8 @@ void appendCssString(std::string& out, std::string_view text) {
 
 namespace orvane::detail {
 
-void appendJsonString(std::string& out, std::string_view text) {
-  static constexpr char kHex[] = "0123456789abcdef";
+void appendQuoted(std::string& out, std::string_view text,
+                  void (*control)(std::string& out, char32_t c)) {
   out += '"';
   for (std::size_t at = 0; at < text.size();) {
     CodePoint c = readCodePoint(text, at);
@@ -154,15 +154,22 @@ void appendJsonString(std::string& out, std::string_view text) {
         break;
       default:
         if (c.value < 0x20) {
-          out += "\\u00";
-          out += kHex[c.value >> 4];
-          out += kHex[c.value & 0xF];
+          control(out, c.value);
         } else {
           appendUtf8(out, c.value);
         }
     }
   }
   out += '"';
+}
+
+void appendJsonString(std::string& out, std::string_view text) {
+  appendQuoted(out, text, [](std::string& o, char32_t c) {
+    static constexpr char kHex[] = "0123456789abcdef";
+    o += "\\u00";
+    o += kHex[c >> 4];
+    o += kHex[c & 0xF];
+  });
 }
 
 }  // namespace orvane::detail

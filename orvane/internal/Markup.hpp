@@ -37,6 +37,12 @@ void appendCssString(std::string& out, std::string_view text);
 
 namespace orvane::detail {
 
+/// Appends `text` in double quotes with `"`, `\`, line breaks and tabs escaped as C-family
+/// languages write them, other control characters as `control` writes them, and bytes that
+/// are not UTF-8 as U+FFFD.
+void appendQuoted(std::string& out, std::string_view text,
+                  void (*control)(std::string& out, char32_t c));
+
 /// Appends `text` as a JSON string, quotes included; bytes that are not UTF-8 become U+FFFD.
 void appendJsonString(std::string& out, std::string_view text);
 
