@@ -6,12 +6,14 @@
 
 #include <orvane/handoff/Paint.hpp>
 #include <orvane/handoff/Text.hpp>
+#include <orvane/internal/Box.hpp>
 #include <orvane/internal/Markup.hpp>
 #include <orvane/internal/PlatformCode.hpp>
 #include <orvane/snapshot/Snapshot.hpp>
 
 namespace orvane::handoff {
 
+using detail::finite;
 using detail::number;
 
 double densityScale(Density density) {
@@ -35,10 +37,6 @@ double densityScale(Density density) {
 
 namespace {
 
-double finite(double value, double otherwise = 0) {
-  return std::isfinite(value) ? value : otherwise;
-}
-
 // What every language reads of a layer, once.
 struct Look {
   const Layer& layer;
@@ -54,12 +52,12 @@ struct Look {
   std::string name;
 
   explicit Look(const Layer& l) : layer(l) {
-    Rect frame = l.absoluteFrame();
-    x = finite(frame.minX());
-    y = finite(frame.minY());
-    w = std::max(0.0, finite(frame.width()));
-    h = std::max(0.0, finite(frame.height()));
-    radius = std::clamp(finite(l.cornerRadius()), 0.0, std::min(w, h) / 2);
+    detail::Box frame = detail::Box::of(l.absoluteFrame());
+    x = frame.x;
+    y = frame.y;
+    w = frame.w;
+    h = frame.h;
+    radius = detail::fitRadius(l.cornerRadius(), frame);
     opacity = std::clamp(finite(l.opacity(), 1), 0.0, 1.0);
     rotation = finite(l.rotation().value_or(0));
     if (l.fills()) {
@@ -333,28 +331,6 @@ class Css {
 
 // --- SwiftUI ---------------------------------------------------------------------------------
 
-// SwiftUI's name of a blend mode (`.multiply`), and whether it composites as the model's does.
-std::string swiftBlend(BlendMode mode, bool& exact) {
-  exact = true;
-  switch (mode) {
-    case BlendMode::linearBurn:
-      return ".plusDarker";
-    case BlendMode::linearDodge:
-      return ".plusLighter";
-    case BlendMode::sourceAtop:
-      return ".sourceAtop";
-    case BlendMode::destinationOver:
-      return ".destinationOver";
-    case BlendMode::destinationOut:
-      return ".destinationOut";
-    default:
-      break;
-  }
-  CssBlendMode css = cssBlendMode(mode);
-  exact = css.exact;
-  return "." + camelCase(css.name);
-}
-
 class Swift {
  public:
   Swift(const Look& look, const CodeOptions& options)
@@ -399,7 +375,7 @@ class Swift {
     if (l.opacity < 1) modifier("opacity(" + number(l.opacity) + ")");
     if (auto mode = l.layer.blendMode(); mode && *mode != BlendMode::normal) {
       bool exact = true;
-      std::string name = swiftBlend(*mode, exact);
+      std::string name(swiftBlendMode(*mode, exact));
       if (!exact) comment(std::string(rawValue(*mode)) + " has no SwiftUI blend mode: nearest");
       modifier("blendMode(" + name + ")");
     }
@@ -539,40 +515,6 @@ class Swift {
 
 // --- Jetpack Compose -------------------------------------------------------------------------
 
-std::string composeBlend(BlendMode mode, bool& exact) {
-  exact = true;
-  switch (mode) {
-    case BlendMode::sourceIn:
-      return "SrcIn";
-    case BlendMode::sourceOut:
-      return "SrcOut";
-    case BlendMode::sourceAtop:
-      return "SrcAtop";
-    case BlendMode::destinationOver:
-      return "DstOver";
-    case BlendMode::destinationIn:
-      return "DstIn";
-    case BlendMode::destinationOut:
-      return "DstOut";
-    case BlendMode::destinationAtop:
-      return "DstAtop";
-    case BlendMode::linearDodge:
-      return "Plus";
-    case BlendMode::hardLight:
-      return "Hardlight";
-    case BlendMode::softLight:
-      return "Softlight";
-    default:
-      break;
-  }
-  CssBlendMode css = cssBlendMode(mode);
-  exact = css.exact;
-  std::string name = camelCase(css.name);
-  name[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(name[0])));
-  if (name == "HardLight") return "Hardlight";
-  return name == "Normal" ? "SrcOver" : name;
-}
-
 class Compose {
  public:
   Compose(const Look& look, const CodeOptions& options)
@@ -587,7 +529,7 @@ class Compose {
     if (l.opacity < 1) layer += "alpha = " + number(l.opacity) + "f";
     if (auto mode = l.layer.blendMode(); mode && *mode != BlendMode::normal) {
       bool exact = true;
-      std::string name = composeBlend(*mode, exact);
+      std::string name(composeBlendMode(*mode, exact));
       if (!exact) comment(std::string(rawValue(*mode)) + " has no Compose blend mode: nearest");
       layer += (layer.empty() ? "" : "; ") + std::string("blendMode = BlendMode.") + name;
     }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include <orvane/internal/Markup.hpp>
+#include <orvane/internal/PlatformCode.hpp>
 
 namespace orvane::handoff {
 
@@ -51,55 +52,85 @@ Rgba rgba(const Color& color, double opacity) {
   return out;
 }
 
-CssBlendMode cssBlendMode(BlendMode mode) {
-  switch (mode) {
-    case BlendMode::normal:
-    case BlendMode::darken:
-    case BlendMode::multiply:
-    case BlendMode::colorBurn:
-    case BlendMode::lighten:
-    case BlendMode::screen:
-    case BlendMode::colorDodge:
-    case BlendMode::overlay:
-    case BlendMode::softLight:
-    case BlendMode::hardLight:
-    case BlendMode::difference:
-    case BlendMode::exclusion:
-    case BlendMode::hue:
-    case BlendMode::saturation:
-    case BlendMode::color:
-    case BlendMode::luminosity:
-      return {rawValue(mode), true};
+namespace {
+
+// Each blend mode in the three platforms' terms: the same mode where the platform has it, else
+// the nearest one, marked so that the code can say so.
+struct BlendRow {
+  BlendMode mode;
+  std::string_view css;
+  bool cssExact;
+  std::string_view swift;
+  bool swiftExact;
+  std::string_view compose;
+  bool composeExact;
+};
+
+// clang-format off
+constexpr BlendRow kBlendRows[] = {
+    {BlendMode::normal,          "normal",       true,  ".normal",          true,  "SrcOver",    true},
+    {BlendMode::darken,          "darken",       true,  ".darken",          true,  "Darken",     true},
+    {BlendMode::multiply,        "multiply",     true,  ".multiply",        true,  "Multiply",   true},
+    {BlendMode::colorBurn,       "color-burn",   true,  ".colorBurn",       true,  "ColorBurn",  true},
+    {BlendMode::lighten,         "lighten",      true,  ".lighten",         true,  "Lighten",    true},
+    {BlendMode::screen,          "screen",       true,  ".screen",          true,  "Screen",     true},
+    {BlendMode::colorDodge,      "color-dodge",  true,  ".colorDodge",      true,  "ColorDodge", true},
+    {BlendMode::overlay,         "overlay",      true,  ".overlay",         true,  "Overlay",    true},
+    {BlendMode::softLight,       "soft-light",   true,  ".softLight",       true,  "Softlight",  true},
+    {BlendMode::hardLight,       "hard-light",   true,  ".hardLight",       true,  "Hardlight",  true},
+    {BlendMode::difference,      "difference",   true,  ".difference",      true,  "Difference", true},
+    {BlendMode::exclusion,       "exclusion",    true,  ".exclusion",       true,  "Exclusion",  true},
+    {BlendMode::hue,             "hue",          true,  ".hue",             true,  "Hue",        true},
+    {BlendMode::saturation,      "saturation",   true,  ".saturation",      true,  "Saturation", true},
+    {BlendMode::color,           "color",        true,  ".color",           true,  "Color",      true},
+    {BlendMode::luminosity,      "luminosity",   true,  ".luminosity",      true,  "Luminosity", true},
+    // Compositing operators: only Compose has them.
+    {BlendMode::sourceIn,        "normal",       false, ".normal",          false, "SrcIn",      true},
+    {BlendMode::sourceOut,       "normal",       false, ".normal",          false, "SrcOut",     true},
+    {BlendMode::sourceAtop,      "normal",       false, ".sourceAtop",      true,  "SrcAtop",    true},
+    {BlendMode::destinationOver, "normal",       false, ".destinationOver", true,  "DstOver",    true},
+    {BlendMode::destinationIn,   "normal",       false, ".normal",          false, "DstIn",      true},
+    {BlendMode::destinationOut,  "normal",       false, ".destinationOut",  true,  "DstOut",     true},
+    {BlendMode::destinationAtop, "normal",       false, ".normal",          false, "DstAtop",    true},
+    {BlendMode::dissolve,        "normal",       false, ".normal",          false, "SrcOver",    false},
+    {BlendMode::linearBurn,      "multiply",     false, ".plusDarker",      true,  "Multiply",   false},
     // Adding is what plus-lighter does.
-    case BlendMode::linearDodge:
-      return {"plus-lighter", true};
-    case BlendMode::linearBurn:
-      return {"multiply", false};
-    case BlendMode::darkerColor:
-      return {"darken", false};
-    case BlendMode::lighterColor:
-      return {"lighten", false};
-    case BlendMode::vividLight:
-    case BlendMode::linearLight:
-    case BlendMode::pinLight:
-    case BlendMode::hardMix:
-      return {"hard-light", false};
-    case BlendMode::substract:
-      return {"difference", false};
-    case BlendMode::divide:
-      return {"color-dodge", false};
-    // Compositing operators and dissolve have no blending counterpart.
-    case BlendMode::sourceIn:
-    case BlendMode::sourceOut:
-    case BlendMode::sourceAtop:
-    case BlendMode::destinationOver:
-    case BlendMode::destinationIn:
-    case BlendMode::destinationOut:
-    case BlendMode::destinationAtop:
-    case BlendMode::dissolve:
-      break;
+    {BlendMode::linearDodge,     "plus-lighter", true,  ".plusLighter",     true,  "Plus",       true},
+    {BlendMode::darkerColor,     "darken",       false, ".darken",          false, "Darken",     false},
+    {BlendMode::lighterColor,    "lighten",      false, ".lighten",         false, "Lighten",    false},
+    {BlendMode::vividLight,      "hard-light",   false, ".hardLight",       false, "Hardlight",  false},
+    {BlendMode::linearLight,     "hard-light",   false, ".hardLight",       false, "Hardlight",  false},
+    {BlendMode::pinLight,        "hard-light",   false, ".hardLight",       false, "Hardlight",  false},
+    {BlendMode::hardMix,         "hard-light",   false, ".hardLight",       false, "Hardlight",  false},
+    {BlendMode::substract,       "difference",   false, ".difference",      false, "Difference", false},
+    {BlendMode::divide,          "color-dodge",  false, ".colorDodge",      false, "ColorDodge", false},
+};
+// clang-format on
+
+const BlendRow& blendRow(BlendMode mode) {
+  for (const auto& row : kBlendRows) {
+    if (row.mode == mode) return row;
   }
-  return {"normal", false};
+  return kBlendRows[0];
+}
+
+}  // namespace
+
+CssBlendMode cssBlendMode(BlendMode mode) {
+  const BlendRow& row = blendRow(mode);
+  return {row.css, row.cssExact};
+}
+
+std::string_view swiftBlendMode(BlendMode mode, bool& exact) {
+  const BlendRow& row = blendRow(mode);
+  exact = row.swiftExact;
+  return row.swift;
+}
+
+std::string_view composeBlendMode(BlendMode mode, bool& exact) {
+  const BlendRow& row = blendRow(mode);
+  exact = row.composeExact;
+  return row.compose;
 }
 
 GradientGeometry gradientGeometry(const Gradient& gradient, const Rect& box) {

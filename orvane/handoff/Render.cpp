@@ -6,8 +6,10 @@
 #include <unordered_set>
 #include <vector>
 
+#include <orvane/handoff/Find.hpp>
 #include <orvane/handoff/Paint.hpp>
 #include <orvane/handoff/Text.hpp>
+#include <orvane/internal/Box.hpp>
 #include <orvane/internal/Markup.hpp>
 #include <orvane/snapshot/Asset.hpp>
 #include <orvane/snapshot/Destination.hpp>
@@ -21,35 +23,12 @@ namespace {
 
 using detail::appendNumber;
 using detail::appendXml;
+using detail::Box;
+using detail::finite;
+using detail::fitRadius;
 
 constexpr double kPi = 3.14159265358979323846;
 constexpr std::string_view kXhtml = "http://www.w3.org/1999/xhtml";
-
-double finite(double value, double otherwise = 0) {
-  return std::isfinite(value) ? value : otherwise;
-}
-
-// A frame with non-negative size in finite numbers.
-struct Box {
-  double x = 0, y = 0, w = 0, h = 0;
-
-  static Box of(const Rect& r) {
-    return {finite(r.minX()), finite(r.minY()), std::max(0.0, finite(r.width())),
-            std::max(0.0, finite(r.height()))};
-  }
-  Box outset(double by) const {
-    return {x - by, y - by, std::max(0.0, w + 2 * by), std::max(0.0, h + 2 * by)};
-  }
-  Box moved(double dx, double dy) const { return {x + dx, y + dy, w, h}; }
-  bool intersects(const Box& o) const {
-    return x < o.x + o.w && o.x < x + w && y < o.y + o.h && o.y < y + h;
-  }
-};
-
-// The corner radius a box can hold, as CSS clamps it.
-double fitRadius(double radius, const Box& box) {
-  return std::clamp(finite(radius), 0.0, std::min(box.w, box.h) / 2);
-}
 
 class Svg {
  public:
@@ -57,10 +36,6 @@ class Svg {
 
   Svg& raw(std::string_view text) {
     out_ += text;
-    return *this;
-  }
-  Svg& num(double value) {
-    appendNumber(out_, value);
     return *this;
   }
   Svg& attr(std::string_view name, double value) {
@@ -204,9 +179,9 @@ std::optional<Paint> paintOf(const Fill& fill, const Box& box, const std::string
   const auto* holder = fill.kind()->asGradient();
   if (!holder || !holder->gradient) return std::nullopt;
   const Gradient& gradient = *holder->gradient;
-  GradientGeometry g = gradientGeometry(gradient, Rect(box.x, box.y, box.w, box.h));
+  GradientGeometry g = gradientGeometry(gradient, box.rect());
   if (gradient.kind() == Gradient::Kind::angular)
-    return Paint{{}, opacity, cssGradient(gradient, Rect(box.x, box.y, box.w, box.h))};
+    return Paint{{}, opacity, cssGradient(gradient, box.rect())};
 
   Svg defs(defsText);
   std::string transform;
@@ -703,17 +678,7 @@ class Renderer {
         "<g data-assets=\"\" fill=\"none\" stroke=\"#0a84ff\" stroke-width=\"1\" "
         "stroke-dasharray=\"4 2\">");
     // Every layer of the tree, groups the drawing leaves out included.
-    std::vector<const Layer*> stack;
-    std::unordered_set<const Layer*> seen;
-    if (snapshot_.layers()) {
-      for (auto it = snapshot_.layers()->rbegin(); it != snapshot_.layers()->rend(); ++it) {
-        if (*it) stack.push_back(it->get());
-      }
-    }
-    while (!stack.empty()) {
-      const Layer* layer = stack.back();
-      stack.pop_back();
-      if (!seen.insert(layer).second) continue;
+    for (const Ref<Layer>& layer : allLayers(snapshot_)) {
       if (layer->isExportable() || identifiers.count(std::string(layer->identifier().rawValue())) ||
           names.count(layer->name())) {
         Box box = Box::of(layer->absoluteFrame());
@@ -722,12 +687,6 @@ class Renderer {
           svg_.attr("transform", rotateAbout(-turn, box.x + box.w / 2, box.y + box.h / 2));
         }
         svg_.raw("/>");
-      }
-      if (layer->kind() && layer->kind()->asGroup()) {
-        const auto& children = layer->kind()->asGroup()->layers;
-        for (auto it = children.rbegin(); it != children.rend(); ++it) {
-          if (*it) stack.push_back(it->get());
-        }
       }
     }
     svg_.raw("</g>\n");

@@ -327,6 +327,9 @@ std::string swiftColor(const Color& color) {
   return out + ")";
 }
 
+namespace {
+
+// SwiftUI's `Font.Weight` for a CSS weight.
 std::string swiftWeight(int weight) {
   switch (weight) {
     case 100:
@@ -349,6 +352,8 @@ std::string swiftWeight(int weight) {
       return ".regular";
   }
 }
+
+}  // namespace
 
 std::string swiftFont(const TextStyle& style, double scale) {
   FontFace face = fontFace(style.fontName());

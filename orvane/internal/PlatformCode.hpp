@@ -5,10 +5,15 @@
 #include <string_view>
 
 #include <orvane/styles/TextStyle.hpp>
+#include <orvane/values/BlendMode.hpp>
 #include <orvane/values/Color.hpp>
 
 namespace orvane::handoff {
 
+/// A blend mode's name in SwiftUI (`.multiply`) and in Compose (`Multiply`); `exact` says
+/// whether it composites as the model's mode does or is the nearest.
+std::string_view swiftBlendMode(BlendMode mode, bool& exact);
+std::string_view composeBlendMode(BlendMode mode, bool& exact);
 /// `text` as a Swift string literal: quotes, backslashes and line breaks escaped, other control
 /// characters as `\u{X}`, bytes that are not UTF-8 as U+FFFD.
 std::string swiftString(std::string_view text);
@@ -20,8 +25,6 @@ std::string swiftName(std::string_view slug, bool font);
 std::string kotlinName(std::string_view slug);
 /// `Color(red: r, green: g, blue: b[, opacity: a])`.
 std::string swiftColor(const Color& color);
-/// `.semibold` and the like for a CSS weight.
-std::string swiftWeight(int weight);
 /// `Font.custom("Face", size: n)` with its weight and italic, sizes divided by `scale`.
 std::string swiftFont(const TextStyle& style, double scale);
 /// `Color(0xAARRGGBB)`.

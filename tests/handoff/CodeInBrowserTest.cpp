@@ -101,9 +101,7 @@ TEST(CodeInBrowser, CssLooksLikeTheDrawing) {
   const auto all = cases();
   for (std::size_t i = 0; i < all.size(); ++i) {
     const Case& c = all[i];
-    std::string layers;
-    for (const auto& l : c.layers) layers += (layers.empty() ? "" : ",") + l;
-    auto snapshot = JsonDecoder().decode<Ref<Snapshot>>(snapshotJson(c.width, c.height, layers));
+    auto snapshot = JsonDecoder().decode<Ref<Snapshot>>(snapshotJson(c.width, c.height, c.layers));
     std::string name = "case" + std::to_string(i);
     dir.write(name + ".svg", handoff::renderSvg(*snapshot));
     dir.write(name + ".html", cssPage(*snapshot, c.width, c.height));

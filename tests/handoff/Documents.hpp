@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace orvane::test {
 
@@ -51,6 +52,14 @@ inline std::string snapshotJson(int width, int height, const std::string& layers
   return R"({"_id":"s","width":)" + std::to_string(width) +
          ",\"height\":" + std::to_string(height) + R"(,"backgroundColor":)" + color(1, 1, 1) +
          ",\"layers\":[" + layers + "]" + (extra.empty() ? "" : "," + extra) + "}";
+}
+
+/// The same with the layers given one by one.
+inline std::string snapshotJson(int width, int height, const std::vector<std::string>& layers,
+                                const std::string& extra = "") {
+  std::string joined;
+  for (const auto& l : layers) joined += (joined.empty() ? "" : ",") + l;
+  return snapshotJson(width, height, joined, extra);
 }
 
 }  // namespace orvane::test

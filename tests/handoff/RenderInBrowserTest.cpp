@@ -191,10 +191,8 @@ TEST(RenderInBrowser, EachCaseLooksAsDrawn) {
   const auto all = cases();
   for (std::size_t i = 0; i < all.size(); ++i) {
     const Case& c = all[i];
-    std::string layers;
-    for (const auto& l : c.layers) layers += (layers.empty() ? "" : ",") + l;
     auto snapshot =
-        JsonDecoder().decode<Ref<Snapshot>>(snapshotJson(c.width, c.height, layers, c.extra));
+        JsonDecoder().decode<Ref<Snapshot>>(snapshotJson(c.width, c.height, c.layers, c.extra));
     std::string name = "case" + std::to_string(i) + ".svg";
     dir.write(name, handoff::renderSvg(*snapshot, c.options));
     sheet.entries.push_back({name, c.width, c.height});
