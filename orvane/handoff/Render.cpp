@@ -707,7 +707,10 @@ class Renderer {
       svg_.raw("<g").attr("data-link", std::to_string(i)).raw("><rect").box(box);
       svg_.raw(" fill=\"#ff9500\" fill-opacity=\"0.15\" stroke=\"#ff9500\" stroke-width=\"2\"/>");
       svg_.raw("<text").attr("x", box.x + 4).attr("y", box.y + 14);
-      svg_.raw(" font-family=\"sans-serif\" font-size=\"12\" fill=\"#c93400\">").text(label);
+      // A white halo keeps the label readable over whatever lies below it.
+      svg_.raw(" font-family=\"sans-serif\" font-size=\"12\" fill=\"#c93400\" stroke=\"#fff\"");
+      svg_.raw(" stroke-width=\"3\" stroke-linejoin=\"round\" paint-order=\"stroke\">");
+      svg_.text(label);
       svg_.raw("</text></g>\n");
     }
   }
