@@ -114,11 +114,33 @@ double fillOpacity(const Fill& fill) {
   return std::clamp(finite(fill.opacity().value_or(1), 1), 0.0, 1.0);
 }
 
+// What each language's writer starts from: the layer's look, the options, how many document
+// units make one of the platform's, and the style guide's tokens for what it finds there.
+class Writer {
+ protected:
+  Writer(const Look& look, const CodeOptions& options, double scale)
+      : look_(look), options_(options), scale_(scale) {}
+
+  // A color's token, when the guide has the color and it is drawn as it is.
+  const StyleGuide::Token<ProjectColor>* colorToken(const Color& c, double opacity) const {
+    return options_.styleGuide && opacity >= 1 ? options_.styleGuide->color(c) : nullptr;
+  }
+  const StyleGuide::Token<ProjectTextStyle>* styleToken(const TextStyle& style) const {
+    return options_.styleGuide ? options_.styleGuide->textStyle(style) : nullptr;
+  }
+  std::string scaled(double units) const { return number(units / scale_); }
+
+  const Look& look_;
+  const CodeOptions& options_;
+  double scale_;
+};
+
 // --- CSS -------------------------------------------------------------------------------------
 
-class Css {
+class Css : Writer {
  public:
-  Css(const Look& look, const CodeOptions& options) : look_(look), options_(options) {}
+  // CSS keeps document units as pixels.
+  Css(const Look& look, const CodeOptions& options) : Writer(look, options, 1) {}
 
   std::string run() {
     const Look& l = look_;
@@ -156,9 +178,7 @@ class Css {
 
   // A color, by its token where the style guide has it.
   std::string color(const Color& c, double opacity = 1) {
-    if (options_.styleGuide && opacity >= 1) {
-      if (const auto* token = options_.styleGuide->color(c)) return "var(--" + token->name + ")";
-    }
+    if (const auto* token = colorToken(c, opacity)) return "var(--" + token->name + ")";
     return rgba(c, opacity).css();
   }
 
@@ -268,8 +288,7 @@ class Css {
   }
 
   void font(const TextStyle& style) {
-    const StyleGuide::Token<ProjectTextStyle>* token =
-        options_.styleGuide ? options_.styleGuide->textStyle(style) : nullptr;
+    const StyleGuide::Token<ProjectTextStyle>* token = styleToken(style);
     if (token) {
       line("font", "var(--" + token->name + "-font)");
       if (style.letterSpacing())
@@ -323,18 +342,16 @@ class Css {
     }
   }
 
-  const Look& look_;
-  const CodeOptions& options_;
   std::string out_;
   std::vector<std::string> rings_;
 };
 
 // --- SwiftUI ---------------------------------------------------------------------------------
 
-class Swift {
+class Swift : Writer {
  public:
   Swift(const Look& look, const CodeOptions& options)
-      : look_(look), options_(options), scale_(densityOf(look.layer, options)) {}
+      : Writer(look, options, densityOf(look.layer, options)) {}
 
   std::string run() {
     const Look& l = look_;
@@ -387,7 +404,7 @@ class Swift {
   }
 
  private:
-  std::string pt(double units) { return number(units / scale_); }
+  std::string pt(double units) { return scaled(units); }
   void modifier(const std::string& m) { out_ += "\n    ." + m; }
   void comment(const std::string& text) { out_ += "\n    // " + text; }
 
@@ -397,11 +414,7 @@ class Swift {
   }
 
   std::string color(const Color& c, double opacity = 1) {
-    if (options_.styleGuide && opacity >= 1) {
-      if (const auto* token = options_.styleGuide->color(c)) {
-        return "Color." + swiftName(token->name, false);
-      }
-    }
+    if (const auto* token = colorToken(c, opacity)) return "Color." + swiftName(token->name, false);
     std::string out = swiftColor(c);
     if (opacity < 1) out += ".opacity(" + number(opacity) + ")";
     return out;
@@ -475,7 +488,7 @@ class Swift {
   std::string runText(std::string_view part, const Ref<TextStyle>& style) {
     std::string out = "Text(" + swiftString(part) + ")";
     if (!style) return out;
-    const auto* token = options_.styleGuide ? options_.styleGuide->textStyle(*style) : nullptr;
+    const auto* token = styleToken(*style);
     out +=
         ".font(" + (token ? "." + swiftName(token->name, true) : swiftFont(*style, scale_)) + ")";
     if (style->letterSpacing()) out += ".kerning(" + pt(*style->letterSpacing()) + ")";
@@ -507,18 +520,15 @@ class Swift {
     if (!look_.inner.empty()) comment("inner shadows of text have no SwiftUI modifier");
   }
 
-  const Look& look_;
-  const CodeOptions& options_;
-  double scale_;
   std::string out_;
 };
 
 // --- Jetpack Compose -------------------------------------------------------------------------
 
-class Compose {
+class Compose : Writer {
  public:
   Compose(const Look& look, const CodeOptions& options)
-      : look_(look), options_(options), scale_(densityOf(look.layer, options)) {}
+      : Writer(look, options, densityOf(look.layer, options)) {}
 
   std::string run() {
     const Look& l = look_;
@@ -574,7 +584,7 @@ class Compose {
   }
 
  private:
-  std::string dp(double units) { return number(units / scale_) + ".dp"; }
+  std::string dp(double units) { return scaled(units) + ".dp"; }
   void modifier(const std::string& m) { chain_ += "\n        ." + m; }
   void comment(const std::string& text) { chain_ += "\n        // " + text; }
 
@@ -583,9 +593,7 @@ class Compose {
   }
 
   std::string color(const Color& c, double opacity = 1) {
-    if (options_.styleGuide && opacity >= 1) {
-      if (const auto* token = options_.styleGuide->color(c)) return kotlinName(token->name);
-    }
+    if (const auto* token = colorToken(c, opacity)) return kotlinName(token->name);
     return kotlinColor(*Color::make({.red = c.red(),
                                      .green = c.green(),
                                      .blue = c.blue(),
@@ -631,7 +639,7 @@ class Compose {
     }
     std::string style = "TextStyle.Default";
     if (p) {
-      const auto* token = options_.styleGuide ? options_.styleGuide->textStyle(*p) : nullptr;
+      const auto* token = styleToken(*p);
       style = token ? kotlinName(token->name)
                     : kotlinTextStyle(*p, scale_, "    ", p->color() ? color(*p->color()) : "");
     }
@@ -643,9 +651,6 @@ class Compose {
     return out;
   }
 
-  const Look& look_;
-  const CodeOptions& options_;
-  double scale_;
   std::string chain_;
 };
 
