@@ -20,24 +20,70 @@ bool equalNoCase(std::string_view a, std::string_view b) {
          });
 }
 
-bool endsWithNoCase(std::string_view text, std::string_view suffix) {
-  return text.size() >= suffix.size() &&
-         equalNoCase(text.substr(text.size() - suffix.size()), suffix);
+bool isUpper(char c) { return c >= 'A' && c <= 'Z'; }
+bool isLower(char c) { return c >= 'a' && c <= 'z'; }
+
+// A face name's words: split at `-`, `_` and spaces, and where the case turns (`HelveticaNeue`,
+// `SFProText` -> SF Pro Text); digits stay with their word.
+std::vector<std::string_view> faceWords(std::string_view name) {
+  std::vector<std::string_view> words;
+  std::size_t start = 0;
+  auto cut = [&](std::size_t end) {
+    if (end > start) words.push_back(name.substr(start, end - start));
+    start = end;
+  };
+  for (std::size_t i = 0; i < name.size(); ++i) {
+    char c = name[i];
+    if (c == '-' || c == '_' || c == ' ') {
+      cut(i);
+      start = i + 1;
+      continue;
+    }
+    if (i == start || !isUpper(c)) continue;
+    char before = name[i - 1];
+    bool nextLower = i + 1 < name.size() && isLower(name[i + 1]);
+    if (isLower(before) || (isUpper(before) && nextLower)) cut(i);
+  }
+  cut(name.size());
+  return words;
 }
 
-struct WeightName {
-  std::string_view name;
+// Weight words, one word or two (`Extra Light` as camel case splits it); matched without regard
+// to case.
+struct WeightWord {
+  std::string_view first, second;
   int weight;
 };
-constexpr std::array<WeightName, 9> kWeights{{{"Thin", 100},
-                                              {"ExtraLight", 200},
-                                              {"Light", 300},
-                                              {"Regular", 400},
-                                              {"Medium", 500},
-                                              {"SemiBold", 600},
-                                              {"Bold", 700},
-                                              {"ExtraBold", 800},
-                                              {"Black", 900}}};
+constexpr std::array<WeightWord, 26> kWeightWords{{
+    {"Thin", "", 100},        {"Hairline", "", 100},    {"Extra", "Light", 200},
+    {"ExtraLight", "", 200},  {"Ultra", "Light", 200},  {"UltraLight", "", 200},
+    {"Light", "", 300},       {"Regular", "", 400},     {"Normal", "", 400},
+    {"Book", "", 400},        {"Roman", "", 400},       {"Medium", "", 500},
+    {"Semi", "Bold", 600},    {"SemiBold", "", 600},    {"Demi", "Bold", 600},
+    {"DemiBold", "", 600},    {"Demi", "", 600},        {"Bold", "", 700},
+    {"Extra", "Bold", 800},   {"ExtraBold", "", 800},   {"Ultra", "Bold", 800},
+    {"UltraBold", "", 800},   {"Black", "", 900},       {"Heavy", "", 900},
+    {"Extra", "Black", 900},  {"Ultra", "Black", 900},
+}};
+
+bool isStyleWord(std::string_view word) {
+  return equalNoCase(word, "Italic") || equalNoCase(word, "It") || equalNoCase(word, "Oblique");
+}
+
+// The weight word at `words[i]`, and how many words it takes (0: none).
+std::size_t weightAt(const std::vector<std::string_view>& words, std::size_t i, int& weight) {
+  std::size_t best = 0;
+  for (const auto& w : kWeightWords) {
+    if (!equalNoCase(words[i], w.first)) continue;
+    std::size_t length = w.second.empty() ? 1 : 2;
+    if (length == 2 && (i + 1 >= words.size() || !equalNoCase(words[i + 1], w.second))) continue;
+    if (length > best) {
+      best = length;
+      weight = w.weight;
+    }
+  }
+  return best;
+}
 
 // Where each UTF-16 offset of `content` falls, as a byte offset; an offset inside a surrogate
 // pair falls after the pair.
@@ -59,20 +105,29 @@ std::vector<std::size_t> utf16Offsets(std::string_view content) {
 
 FontFace fontFace(std::string_view fontName) {
   FontFace face;
-  std::size_t dash = fontName.rfind('-');
-  if (dash == std::string_view::npos) {
-    face.family = std::string(fontName);
-    return face;
+  std::vector<std::string_view> words = faceWords(fontName);
+  // The family is at least the first word; the weight and style words start after it.
+  std::size_t first = words.size();
+  for (std::size_t i = 1; i < words.size() && first == words.size(); ++i) {
+    int weight = 0;
+    if (weightAt(words, i, weight) > 0 || isStyleWord(words[i])) first = i;
   }
-  std::string_view rest = fontName.substr(dash + 1);
-  if (endsWithNoCase(rest, "Italic")) {
-    face.italic = true;
-    rest.remove_suffix(6);
+  for (std::size_t i = 0; i < first; ++i) {
+    if (i) face.family += ' ';
+    face.family += words[i];
   }
-  for (const auto& w : kWeights) {
-    if (equalNoCase(rest, w.name)) face.weight = w.weight;
+  bool weighed = false;
+  for (std::size_t i = first; i < words.size(); ++i) {
+    int weight = 0;
+    if (std::size_t length = weightAt(words, i, weight)) {
+      // The first weight word names the weight (`Bold Italic`, not a later `Book`).
+      if (!weighed) face.weight = weight;
+      weighed = true;
+      i += length - 1;
+    } else if (isStyleWord(words[i])) {
+      face.italic = true;
+    }
   }
-  face.family = std::string(fontName.substr(0, dash));
   return face;
 }
 

@@ -12,13 +12,15 @@
 
 namespace orvane::handoff {
 
-/// A font face name (`Inter-SemiBold`) read as the family before its last `-` and the weight
-/// and style after it. Weight names are matched without regard to case (Thin 100, ExtraLight
-/// 200, Light 300, Regular 400, Medium 500, SemiBold 600, Bold 700, ExtraBold 800, Black 900),
-/// a trailing Italic sets the style; a rest that names no weight gives 400, and a name
-/// without `-` is a family of weight 400.
+/// A font face name (`Inter-SemiBold`, `Roboto-BoldItalic`, `HelveticaNeue`) read as a family,
+/// a weight and a style. The name is split into words at `-` (and `_`, spaces) and where the
+/// case turns (`SFProText` is SF Pro Text); the words from the first weight or style word on
+/// give the weight and style, the words before it the family, joined by spaces. Weight words,
+/// in any case: Thin, Hairline 100; ExtraLight, UltraLight 200; Light 300; Regular, Normal,
+/// Book, Roman 400; Medium 500; SemiBold, DemiBold, Demi 600; Bold 700; ExtraBold, UltraBold 800;
+/// Black, Heavy 900. Style words: Italic, It, Oblique. Without a weight word the weight is 400.
 struct FontFace {
-  std::string family;   ///< as CSS `font-family` names it
+  std::string family;   ///< the family's words joined by spaces (`Helvetica Neue`)
   int weight = 400;     ///< 100 to 900, as CSS `font-weight` counts
   bool italic = false;  ///< the face is italic
 };

@@ -8,6 +8,18 @@ namespace orvane::detail {
 void appendNumber(std::string& out, double value, int decimals) {
   if (!std::isfinite(value)) value = 0;
   char buffer[400];
+  if (std::abs(value) >= 1e15) {
+    // Mantissa without trailing zeros, then the exponent: 1e+308, 3.402823e+38.
+    int n = std::snprintf(buffer, sizeof buffer, "%.6e", value);
+    std::string_view text(buffer, static_cast<std::size_t>(n));
+    std::size_t e = text.find('e');
+    std::string_view mantissa = text.substr(0, e);
+    while (mantissa.back() == '0') mantissa.remove_suffix(1);
+    if (mantissa.back() == '.') mantissa.remove_suffix(1);
+    out += mantissa;
+    out += text.substr(e);
+    return;
+  }
   int n = std::snprintf(buffer, sizeof buffer, "%.*f", decimals, value);
   if (n <= 0 || n >= static_cast<int>(sizeof buffer)) {
     out += '0';
@@ -170,6 +182,58 @@ void appendJsonString(std::string& out, std::string_view text) {
     o += kHex[c >> 4];
     o += kHex[c & 0xF];
   });
+}
+
+}  // namespace orvane::detail
+
+namespace orvane::detail {
+
+std::string indentJson(std::string_view compact) {
+  std::string out;
+  out.reserve(compact.size() * 2);
+  int depth = 0;
+  auto newline = [&] {
+    out += '\n';
+    out.append(2 * static_cast<std::size_t>(depth), ' ');
+  };
+  for (std::size_t i = 0; i < compact.size(); ++i) {
+    char c = compact[i];
+    switch (c) {
+      case '"': {
+        std::size_t end = i + 1;
+        while (end < compact.size() && compact[end] != '"') end += compact[end] == '\\' ? 2 : 1;
+        out.append(compact, i, std::min(end + 1, compact.size()) - i);
+        i = end;
+        break;
+      }
+      case '{':
+      case '[':
+        out += c;
+        if (i + 1 < compact.size() && (compact[i + 1] == '}' || compact[i + 1] == ']')) {
+          out += compact[++i];
+          break;
+        }
+        ++depth;
+        newline();
+        break;
+      case '}':
+      case ']':
+        --depth;
+        newline();
+        out += c;
+        break;
+      case ',':
+        out += c;
+        newline();
+        break;
+      case ':':
+        out += ": ";
+        break;
+      default:
+        out += c;
+    }
+  }
+  return out;
 }
 
 }  // namespace orvane::detail

@@ -9,7 +9,8 @@
 namespace orvane::detail {
 
 /// Appends `value` rounded to `decimals` places with trailing zeros dropped ("12", "0.5",
-/// "-3.25"); never "-0", and 0 for a value that is not finite.
+/// "-3.25"); never "-0", and 0 for a value that is not finite. From 1e15 on, a number is
+/// written with an exponent (`1e+308`), never as hundreds of digits.
 void appendNumber(std::string& out, double value, int decimals = 4);
 std::string number(double value, int decimals = 4);
 
@@ -45,5 +46,9 @@ void appendQuoted(std::string& out, std::string_view text,
 
 /// Appends `text` as a JSON string, quotes included; bytes that are not UTF-8 become U+FFFD.
 void appendJsonString(std::string& out, std::string_view text);
+
+/// Compact JSON laid out two spaces a level, one member or element a line, `": "` after keys;
+/// empty objects and arrays stay `{}` and `[]`.
+std::string indentJson(std::string_view compact);
 
 }  // namespace orvane::detail

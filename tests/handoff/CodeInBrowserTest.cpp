@@ -3,10 +3,14 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <fstream>
+#include <iostream>
+#include <iterator>
 #include <string>
 #include <vector>
 
 #include <orvane/handoff/Code.hpp>
+#include <orvane/handoff/Find.hpp>
 #include <orvane/handoff/Render.hpp>
 #include <orvane/json/JsonDecoder.hpp>
 
@@ -60,6 +64,24 @@ std::vector<Case> cases() {
                   R"("blurRadius":8,"spread":2,"color":)" +
                   color(0, 0, 0, 0.6) + "}]"),
         layer("sunk", 20, 70, 120, 30, red + "," + shadow("inner", 0, 8))}},
+      {"a group drawn above its children keeps its opacity and rotation to itself",
+       240,
+       120,
+       {layer("card", 40, 20, 160, 80,
+              std::string(R"("type":"group","interactionLevel":"top","opacity":0.5,"rotation":8,)") +
+                  R"("borderRadius":12,"borders":[{"position":"inside","thickness":6,"fillType":"color","color":)" +
+                  color(0, 0, 1) + R"(}],"layers":[)" + layer("inner", 20, 20, 60, 40, solid(1, 0, 0)) +
+                  "]")}},
+      {"an inside border thicker than twice the radius, a fade to transparent",
+       260,
+       60,
+       {layer("ring", 10, 10, 60, 40,
+              R"("borderRadius":6,"borders":[{"position":"inside","thickness":12,)"
+              R"("fillType":"color","color":)" + color(0, 1, 0) + "}]"),
+        layer("fade", 90, 10, 160, 40,
+              R"("fills":[{"fillType":"gradient","gradient":{"type":"linear","from":{"x":0,"y":0.5},)"
+              R"("to":{"x":1,"y":0.5},"colorStops":[{"position":0,"color":)" +
+                  color(1, 0, 0) + R"(},{"position":1,"color":)" + color(0, 0, 0, 0) + "}]}}]")}},
       {"text",
        240,
        70,
@@ -71,6 +93,7 @@ std::vector<Case> cases() {
   };
 }
 
+// A page of one div per drawn layer, each styled by its own rule.
 std::string cssPage(const Snapshot& snapshot, int width, int height) {
   std::string css =
       "html,body{margin:0}.artboard{position:relative;overflow:hidden;background:"
@@ -93,6 +116,36 @@ int distance(Pixel a, Pixel b) {
       {std::abs(a.red - b.red), std::abs(a.green - b.green), std::abs(a.blue - b.blue)});
 }
 
+// How many pixels of a width x height area differ between two places of the screenshot, with
+// the first few named.
+struct Difference {
+  int points = 0, differing = 0, inked = 0;
+  std::string examples;
+};
+
+Difference compare(const Image& image, int width, int height, int topA, int topB) {
+  Difference d;
+  for (int y = 0; y < height; ++y) {
+    for (int x = 0; x < width; ++x) {
+      Pixel a = image.at(x, topA + y), b = image.at(x, topB + y);
+      ++d.points;
+      if (distance(a, Pixel{255, 255, 255}) > 16) ++d.inked;
+      if (distance(a, b) <= 40) continue;
+      if (++d.differing <= 5) d.examples += " (" + std::to_string(x) + ", " + std::to_string(y) + ")";
+    }
+  }
+  return d;
+}
+
+// Edges may round differently; nothing more.
+void expectAlike(const Difference& d, const std::string& what, bool inked = true) {
+  if (inked) {
+    EXPECT_GT(d.inked, d.points / 20) << what << ": the drawing shows next to nothing";
+  }
+  EXPECT_LE(d.differing, d.points / 100) << what << ": " << d.differing << " of " << d.points
+                                         << " pixels differ, for instance at" << d.examples;
+}
+
 TEST(CodeInBrowser, CssLooksLikeTheDrawing) {
   auto browser = chromium();
   if (!browser) GTEST_SKIP() << "chromium is not installed: nothing compared";
@@ -105,30 +158,66 @@ TEST(CodeInBrowser, CssLooksLikeTheDrawing) {
     std::string name = "case" + std::to_string(i);
     dir.write(name + ".svg", handoff::renderSvg(*snapshot));
     dir.write(name + ".html", cssPage(*snapshot, c.width, c.height));
+    dir.write(name + "-whole.html", handoff::snapshotHtml(*snapshot));
     sheet.entries.push_back({name + ".svg", c.width, c.height});
     sheet.entries.push_back({name + ".html", c.width, c.height});
+    sheet.entries.push_back({name + "-whole.html", c.width, c.height});
   }
   Image image = sheet.shoot(*browser, dir);
   for (std::size_t i = 0; i < all.size(); ++i) {
     SCOPED_TRACE(all[i].name);
-    int svgTop = sheet.entries[2 * i].top, cssTop = sheet.entries[2 * i + 1].top;
-    int points = 0, differing = 0, inked = 0;
-    std::string examples;
-    for (int y = 0; y < all[i].height; ++y) {
-      for (int x = 0; x < all[i].width; ++x) {
-        Pixel drawn = image.at(x, svgTop + y), styled = image.at(x, cssTop + y);
-        ++points;
-        if (distance(drawn, Pixel{255, 255, 255}) > 16) ++inked;
-        if (distance(drawn, styled) <= 40) continue;
-        if (++differing <= 5) {
-          examples += " (" + std::to_string(x) + ", " + std::to_string(y) + ")";
-        }
-      }
-    }
-    EXPECT_GT(inked, points / 20) << "the drawing shows next to nothing";
-    // Edges may round differently; nothing more.
-    EXPECT_LE(differing, points / 100)
-        << differing << " of " << points << " pixels differ, for instance at" << examples;
+    int svgTop = sheet.entries[3 * i].top;
+    expectAlike(compare(image, all[i].width, all[i].height, svgTop, sheet.entries[3 * i + 1].top),
+                "each layer's rule");
+    expectAlike(compare(image, all[i].width, all[i].height, svgTop, sheet.entries[3 * i + 2].top),
+                "the whole snapshot's page");
+  }
+}
+
+// The example documents, each screen and component of the project with its style guide: the
+// page `code css` writes for the whole snapshot looks like the drawing.
+TEST(CodeInBrowser, ExamplePagesLookLikeTheirDrawings) {
+  auto browser = chromium();
+  if (!browser) GTEST_SKIP() << "chromium is not installed: nothing compared";
+  struct Page {
+    std::string name;
+    Ref<Snapshot> snapshot;
+  };
+  std::vector<Page> pages;
+  JsonDecoder decoder;
+  auto read = [](const std::string& file) {
+    std::ifstream in(std::string(ORVANE_SOURCE_DIR) + "/examples/" + file);
+    return std::string(std::istreambuf_iterator<char>(in), {});
+  };
+  for (const char* file : {"trail-list.json", "snapshot.json"}) {
+    pages.push_back({file, decoder.decode<Ref<Snapshot>>(read(file))});
+  }
+  auto project = decoder.decode<Ref<Project>>(read("project.json"));
+  handoff::StyleGuide guide(*project);
+  for (const auto& [id, screen] : *project->screensByIdentifier()) {
+    pages.push_back({std::string(id.rawValue()), screen->latestVersion()->snapshot()});
+  }
+  pages.push_back({"cmp-button",
+                   handoff::findComponent(*project, Identifier("cmp-button"))->latestVersion()->snapshot()});
+  ScratchDir dir;
+  Sheet sheet;
+  for (std::size_t i = 0; i < pages.size(); ++i) {
+    const Snapshot& s = *pages[i].snapshot;
+    int w = static_cast<int>(s.size().width), h = static_cast<int>(s.size().height);
+    std::string name = "page" + std::to_string(i);
+    dir.write(name + ".svg", handoff::renderSvg(s));
+    dir.write(name + ".html", handoff::snapshotHtml(s, {.density = Density::_1x, .styleGuide = &guide}));
+    sheet.entries.push_back({name + ".svg", w, h});
+    sheet.entries.push_back({name + ".html", w, h});
+  }
+  Image image = sheet.shoot(*browser, dir);
+  for (std::size_t i = 0; i < pages.size(); ++i) {
+    SCOPED_TRACE(pages[i].name);
+    const Snapshot& s = *pages[i].snapshot;
+    Difference d = compare(image, static_cast<int>(s.size().width), static_cast<int>(s.size().height),
+                           sheet.entries[2 * i].top, sheet.entries[2 * i + 1].top);
+    expectAlike(d, pages[i].name, false);
+    std::cout << pages[i].name << ": " << d.differing << " of " << d.points << " pixels differ\n";
   }
 }
 

@@ -9,7 +9,7 @@
 namespace orvane::handoff {
 namespace {
 
-TEST(FontFace, FamilyBeforeTheLastDashWeightAndStyleAfterIt) {
+TEST(FontFace, WordsGiveFamilyWeightAndStyle) {
   struct Row {
     std::string name, family;
     int weight;
@@ -17,14 +17,29 @@ TEST(FontFace, FamilyBeforeTheLastDashWeightAndStyleAfterIt) {
   } rows[] = {
       {"Inter-SemiBold", "Inter", 600, false},
       {"Inter-semibold", "Inter", 600, false},
-      {"SF-Pro-Text-BoldItalic", "SF-Pro-Text", 700, true},
-      {"Inter-Italic", "Inter", 400, true},
+      {"Inter-Bold-Italic", "Inter", 700, true},
+      {"Roboto-BoldItalic", "Roboto", 700, true},
+      {"SFProText-Semibold", "SF Pro Text", 600, false},
+      {"HelveticaNeue", "Helvetica Neue", 400, false},
+      {"HelveticaNeue-Light", "Helvetica Neue", 300, false},
+      {"SourceSansPro-It", "Source Sans Pro", 400, true},
+      {"Avenir-Heavy", "Avenir", 900, false},
+      {"Lato-Hairline", "Lato", 100, false},
+      {"Roboto-UltraLight", "Roboto", 200, false},
       {"Inter-ExtraLight", "Inter", 200, false},
-      {"Inter-Black", "Inter", 900, false},
-      {"Inter-Thin", "Inter", 100, false},
-      {"Inter-Condensed", "Inter", 400, false},
+      {"NotoSans-DemiBold", "Noto Sans", 600, false},
+      {"Gotham-Demi", "Gotham", 600, false},
+      {"Inter-ExtraBold", "Inter", 800, false},
+      {"Inter-UltraBold", "Inter", 800, false},
+      {"GothamRounded-Book", "Gotham Rounded", 400, false},
+      {"Times-Roman", "Times", 400, false},
+      {"Inter-Oblique", "Inter", 400, true},
+      {"RobotoCondensed-Bold", "Roboto Condensed", 700, false},
+      {"BookAntiqua-Bold", "Book Antiqua", 700, false},
+      {"Black", "Black", 400, false},
+      {"Inter-Condensed", "Inter Condensed", 400, false},
       {"Helvetica", "Helvetica", 400, false},
-      {"-Bold", "", 700, false},
+      {"-Bold", "Bold", 400, false},
       {"", "", 400, false},
   };
   for (const auto& row : rows) {

@@ -177,21 +177,34 @@ struct CodeRequest {
   std::string density;
 };
 
+// The --density option: the scale the design was drawn at (1x when not given).
+bool parseDensity(const std::string& text, Density& density) {
+  if (text.empty()) return true;
+  auto parsed = fromRawValue<Density>(text);
+  if (!parsed) {
+    usageError("--density " + text + " is none of 1x, 2x, 3x, mdpi, hdpi, xhdpi, xxhdpi, xxxhdpi");
+    return false;
+  }
+  density = *parsed;
+  return true;
+}
+
 int code(const CodeRequest& request, Output& out) {
   handoff::CodeOptions options;
-  if (!request.density.empty()) {
-    options.density = fromRawValue<Density>(request.density);
-    if (!options.density) {
-      return usageError("--density " + request.density +
-                        " is none of 1x, 2x, 3x, mdpi, hdpi, xhdpi, xxhdpi, xxxhdpi");
-    }
-  }
+  if (!parseDensity(request.density, options.density)) return kUsage;
   return runWithDecoder(request.document, [&](JsonDecoder& decoder, const Settings&) {
     Loaded loaded = loadSnapshot(request.document, request.choice, out, decoder);
-    Ref<Layer> layer = layerNamed(*loaded.snapshot, request.layer);
     handoff::StyleGuide guide =
         loaded.project ? handoff::StyleGuide(*loaded.project) : handoff::StyleGuide();
-    options.styleGuide = &guide;
+    if (loaded.project) options.styleGuide = &guide;
+    if (request.layer.empty()) {
+      const Snapshot& snapshot = *loaded.snapshot;
+      out.write(request.language == "css"       ? handoff::snapshotHtml(snapshot, options)
+                : request.language == "swiftui" ? handoff::snapshotSwiftUI(snapshot, options)
+                                                : handoff::snapshotCompose(snapshot, options));
+      return 0;
+    }
+    Ref<Layer> layer = layerNamed(*loaded.snapshot, request.layer);
     out.write(request.language == "css"       ? handoff::layerCss(*layer, options)
               : request.language == "swiftui" ? handoff::layerSwiftUI(*layer, options)
                                               : handoff::layerCompose(*layer, options));
@@ -202,9 +215,12 @@ int code(const CodeRequest& request, Output& out) {
 struct TokensRequest {
   std::string format;
   Request document;
+  std::string density;
 };
 
 int tokens(const TokensRequest& request, Output& out) {
+  handoff::TokenOptions options{.density = Density::_1x, .pretty = request.document.pretty};
+  if (!parseDensity(request.density, options.density)) return kUsage;
   return runWithDecoder(request.document, [&](JsonDecoder& decoder, const Settings&) {
     auto project = decodeDocument<Ref<Project>>(request.document, decoder, out);
     static const std::pair<const char*, handoff::TokenFormat> kFormats[] = {
@@ -216,8 +232,7 @@ int tokens(const TokensRequest& request, Output& out) {
     for (const auto& [name, f] : kFormats) {
       if (request.format == name) format = f;
     }
-    out.write(handoff::writeTokens(handoff::StyleGuide(*project), format,
-                                   request.document.pretty));
+    out.write(handoff::writeTokens(handoff::StyleGuide(*project), format, options));
     return 0;
   });
 }
@@ -463,26 +478,28 @@ HandoffCommands::HandoffCommands(CLI::App& app) : state_(std::make_unique<State>
       "success, 1 when the document does not decode or what is named does not exist, 2 for a "
       "usage error, 3 when the output cannot be written.");
 
-  s.codeCommand =
-      app.add_subcommand("code", "Write the code of one layer: CSS, SwiftUI or Compose");
+  s.codeCommand = app.add_subcommand(
+      "code", "Write the code of one layer, or of the whole snapshot: CSS, SwiftUI or Compose");
   s.codeCommand->add_option("LANGUAGE", s.code.language, "css, swiftui or compose")
       ->required()
       ->check(CLI::IsMember({"css", "swiftui", "compose"}));
   addDocumentOptions(*s.codeCommand, s.code.document, false);
   addSnapshotOptions(*s.codeCommand, s.code.choice);
-  s.codeCommand
-      ->add_option("--layer", s.code.layer,
-                   "The layer: its identifier, its name when unique, or its path of names "
-                   "(Card/Title)")
-      ->required();
+  s.codeCommand->add_option("--layer", s.code.layer,
+                            "The layer: its identifier, its name when unique, or its path of "
+                            "names (Card/Title). Without it, the whole snapshot");
   s.codeCommand->add_option("--density", s.code.density,
-                            "How document units map to points and dp: 1x, 2x, 3x, mdpi ... "
-                            "xxxhdpi (default the snapshot's, else 1x)");
+                            "The scale the design was drawn at, by which every length is "
+                            "divided: 1x (default), 2x, 3x, mdpi, hdpi, xhdpi, xxhdpi, xxxhdpi");
   s.codeCommand->footer(
       "TYPE is Snapshot, or Project with --screen ID or --component ID; with a Project, colors "
-      "and text styles of its style guide are named by their tokens. Exit status: 0 on "
-      "success, 1 when the document does not decode or what is named does not exist, 2 for a "
-      "usage error, 3 when the output cannot be written.");
+      "and text styles of its style guide are named by their tokens. With --layer: one CSS "
+      "rule, one SwiftUI view or one Compose composable, placed at the layer's frame on the "
+      "artboard. Without it: one HTML document, one SwiftUI View or one Compose screen "
+      "function, the layers nested as the tree nests them. CSS is in px, SwiftUI in pt, "
+      "Compose in dp and sp. Exit status: 0 on success, 1 when the document does not decode "
+      "or what is named does not exist, 2 for a usage error, 3 when the output cannot be "
+      "written.");
 
   s.tokensCommand = app.add_subcommand("tokens", "Write a Project's style guide as design tokens");
   s.tokensCommand->add_option("FORMAT", s.tokens.format, "dtcg, css, swift or kotlin")
@@ -492,7 +509,10 @@ HandoffCommands::HandoffCommands(CLI::App& app) : state_(std::make_unique<State>
                               "The Project document; standard input when absent or -");
   addDecodingOptions(*s.tokensCommand, s.tokens.document);
   s.tokensCommand->add_flag("--pretty", s.tokens.document.pretty,
-                            "dtcg: a group member a line, each token on one line");
+                            "dtcg: indent the JSON, two spaces a level");
+  s.tokensCommand->add_option("--density", s.tokens.density,
+                              "The scale the design was drawn at, by which every length is "
+                              "divided: 1x (default), 2x, 3x, mdpi, hdpi, xhdpi, xxhdpi, xxxhdpi");
   s.tokensCommand->footer(
       "dtcg: one Design Tokens Community Group (2025.10) JSON document, grouped by the "
       "/-separated parts of names; css: custom properties in :root; swift: Color and Font "
