@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <string_view>
 #include <unordered_set>
 #include <vector>
@@ -11,6 +12,7 @@
 #include <orvane/handoff/Text.hpp>
 #include <orvane/internal/Box.hpp>
 #include <orvane/internal/Markup.hpp>
+#include <orvane/internal/PlatformCode.hpp>
 #include <orvane/snapshot/Asset.hpp>
 #include <orvane/snapshot/Destination.hpp>
 #include <orvane/snapshot/Grid.hpp>
@@ -42,7 +44,9 @@ class Svg {
     out_ += ' ';
     out_ += name;
     out_ += "=\"";
-    appendNumber(out_, value);
+    // Browsers read SVG numbers as floats: what lies beyond is drawn at the float's end.
+    constexpr double kMost = std::numeric_limits<float>::max();
+    appendNumber(out_, std::clamp(value, -kMost, kMost));
     out_ += '"';
     return *this;
   }
@@ -156,14 +160,52 @@ struct Paint {
   std::string conic;  // CSS background, for angular gradients
 };
 
+// A stop as SVG draws it: where it lies, and its color in components 0 to 1.
+struct StopColor {
+  double offset;
+  double red, green, blue, alpha;
+};
+
+void appendStop(Svg& defs, const StopColor& c) {
+  Rgba rgb{static_cast<std::uint8_t>(std::lround(c.red * 255)),
+           static_cast<std::uint8_t>(std::lround(c.green * 255)),
+           static_cast<std::uint8_t>(std::lround(c.blue * 255)), c.alpha};
+  defs.raw("<stop").attr("offset", c.offset).attr("stop-color", rgb.hex());
+  if (c.alpha < 1) defs.attr("stop-opacity", c.alpha);
+  defs.raw("/>");
+}
+
+// SVG mixes the colors of neighbouring stops as they are, CSS (and the design) with each
+// weighed by its alpha: towards a transparent stop SVG would darken or tint. Where two stops'
+// alphas differ, the stops in between are laid as the weighed mix would color them.
 void appendStops(Svg& defs, const Gradient& gradient) {
+  std::vector<StopColor> stops;
+  double last = 0;
   for (const auto& stop : gradient.stops()) {
     if (!stop || !stop->color()) continue;
     Rgba c = rgba(*stop->color());
-    defs.raw("<stop").attr("offset", std::clamp(finite(stop->position()), 0.0, 1.0));
-    defs.attr("stop-color", c.hex());
-    if (c.alpha < 1) defs.attr("stop-opacity", c.alpha);
-    defs.raw("/>");
+    // SVG takes an offset below the one before it as that one.
+    last = std::max(last, std::clamp(finite(stop->position()), 0.0, 1.0));
+    stops.push_back({last, c.red / 255.0, c.green / 255.0, c.blue / 255.0, c.alpha});
+  }
+  constexpr int kSteps = 8;
+  for (std::size_t i = 0; i < stops.size(); ++i) {
+    const StopColor& b = stops[i];
+    if (i == 0 || stops[i - 1].alpha == b.alpha || b.offset == stops[i - 1].offset) {
+      appendStop(defs, b);
+      continue;
+    }
+    const StopColor& a = stops[i - 1];
+    for (int k = 1; k <= kSteps; ++k) {
+      double t = static_cast<double>(k) / kSteps;
+      double alpha = a.alpha + (b.alpha - a.alpha) * t;
+      auto mix = [&](double x, double y) {
+        double weighed = x * a.alpha * (1 - t) + y * b.alpha * t;
+        return alpha > 0 ? std::clamp(weighed / alpha, 0.0, 1.0) : (t < 1 ? y : x);
+      };
+      appendStop(defs, {a.offset + (b.offset - a.offset) * t, mix(a.red, b.red),
+                        mix(a.green, b.green), mix(a.blue, b.blue), alpha});
+    }
   }
 }
 
@@ -222,10 +264,9 @@ std::optional<Paint> paintOf(const Fill& fill, const Box& box, const std::string
 
 void appendFontCss(std::string& css, const TextStyle& style) {
   FontFace face = fontFace(style.fontName());
-  css += "font-family:";
-  detail::appendCssString(css, face.family);
-  css += ",sans-serif;font-weight:" + std::to_string(face.weight) + ';';
-  if (face.italic) css += "font-style:italic;";
+  css += "font-family:" + cssFontFamily(style.fontName());
+  css += ";font-weight:" + std::to_string(face.weight) + ';';
+  css += face.italic ? "font-style:italic;" : "font-style:normal;";
   css += "font-size:";
   appendNumber(css, style.fontSize());
   css += "px;";
@@ -566,24 +607,23 @@ class Renderer {
         paint->opacity = c.alpha;
       }
       std::string blend = blendCss(border->fill()->blendMode(), draw);
+      // The stroke as the ring between two outlines, each rounded as CSS rounds a border's
+      // edges: the outer corner at the radius plus what lies outside, the inner one at the
+      // radius less what lies inside, never below 0.
       auto position = border->position().value_or(Border::Position::center);
-      if (position == Border::Position::inside && 2 * t >= std::min(box.w, box.h)) {
-        // The stroke covers the whole inside.
-        draw.raw("<rect").box(box, radius).attr("fill", paint->value);
-        if (paint->opacity < 1) draw.attr("fill-opacity", paint->opacity);
-      } else {
-        Box path = box;
-        double r = radius;
-        if (position == Border::Position::inside) {
-          path = box.outset(-t / 2);
-          r = std::max(0.0, radius - t / 2);
-        } else if (position == Border::Position::outside) {
-          path = box.outset(t / 2);
-          r = radius > 0 ? radius + t / 2 : 0;
-        }
-        draw.raw("<rect").box(path, r).attr("fill", "none").attr("stroke", paint->value);
-        draw.attr("stroke-width", t);
-        if (paint->opacity < 1) draw.attr("stroke-opacity", paint->opacity);
+      double in = position == Border::Position::inside    ? t
+                  : position == Border::Position::outside ? 0
+                                                          : t / 2;
+      double out = t - in;
+      Box outer = box.outset(out), inner = box.outset(-in);
+      std::string d;
+      appendRoundedRectPath(d, outer, radius > 0 ? fitRadius(radius + out, outer) : 0);
+      if (inner.w > 0 && inner.h > 0) {
+        appendRoundedRectPath(d, inner, fitRadius(radius - in, inner));
+      }
+      draw.raw("<path").attr("d", d).attr("fill-rule", "evenodd").attr("fill", paint->value);
+      if (paint->opacity < 1) {
+        draw.attr(paint->value[0] == '#' ? "fill-opacity" : "opacity", paint->opacity);
       }
       if (!blend.empty()) draw.attr("style", blend);
       draw.raw("/>");
@@ -617,7 +657,10 @@ class Renderer {
       css += ';';
       if (spread) draw.comment("text shadows are drawn without their spread");
     }
-    draw.raw("<foreignObject").box(box).attr("style", "overflow:visible");
+    // Browsers lay the text out as HTML; other viewers, and browsers drawing the layer through
+    // <use> (a backdrop), take the SVG text beside it.
+    draw.raw("<switch><foreignObject").box(box).attr("style", "overflow:visible");
+    draw.attr("requiredExtensions", kXhtml);
     draw.raw("><div").attr("xmlns", kXhtml).attr("style", css).raw(">");
     const std::string& content = text.content;
     for (const TextRun& run : textRuns(content, text.rangedTextStyles)) {
@@ -631,6 +674,128 @@ class Renderer {
       draw.raw("<span").attr("style", span).raw(">").text(part).raw("</span>");
     }
     draw.raw("</div></foreignObject>");
+    drawSvgText(text, box, draw);
+    draw.raw("</switch>");
+  }
+
+  // The text as SVG <text>, laid out without a browser's help: lines break at line breaks and,
+  // by an estimate of the glyphs' widths, between words at the frame's width.
+  static void drawSvgText(const Layer::Kind::Text& text, const Box& box, Svg& draw) {
+    Ref<TextStyle> paragraph = paragraphStyle(text.rangedTextStyles);
+    struct Piece {
+      std::string_view text;
+      const TextStyle* style;
+    };
+    std::vector<std::vector<Piece>> lines(1);
+    double lineWidth = 0;
+    auto size = [&](const TextStyle* style) {
+      return style && std::isfinite(style->fontSize()) ? std::max(0.0, style->fontSize()) : 16.0;
+    };
+    auto advance = [&](std::string_view word, const TextStyle* style) {
+      double ems = 0;
+      std::size_t glyphs = 0;
+      for (std::size_t at = 0; at < word.size();) {
+        detail::CodePoint c = detail::readCodePoint(word, at);
+        ems += glyphWidth(c.value);
+        ++glyphs;
+        at += c.length;
+      }
+      if (style && fontFace(style->fontName()).weight >= 600) ems *= 1.1;
+      double spacing = style && style->letterSpacing() ? finite(*style->letterSpacing()) : 0;
+      return ems * size(style) + static_cast<double>(glyphs) * spacing;
+    };
+    const std::string& content = text.content;
+    for (const TextRun& run : textRuns(content, text.rangedTextStyles)) {
+      const TextStyle* style = run.style ? run.style.get() : paragraph.get();
+      std::string_view rest = std::string_view(content).substr(run.begin, run.end - run.begin);
+      while (!rest.empty()) {
+        if (rest.front() == '\n') {
+          lines.emplace_back();
+          lineWidth = 0;
+          rest.remove_prefix(1);
+          continue;
+        }
+        // A word with the spaces after it.
+        std::size_t end = rest.find_first_of(" \n");
+        if (end == std::string_view::npos) end = rest.size();
+        while (end < rest.size() && rest[end] == ' ') ++end;
+        std::string_view word = rest.substr(0, end);
+        double width = advance(word, style);
+        if (lineWidth > 0 && lineWidth + advance(word.substr(0, word.find_last_not_of(' ') + 1), style) > box.w) {
+          lines.emplace_back();
+          lineWidth = 0;
+        }
+        // Words of one style stay one piece: the text reads as written.
+        if (!lines.back().empty() && lines.back().back().style == style &&
+            lines.back().back().text.data() + lines.back().back().text.size() == word.data()) {
+          lines.back().back().text = {lines.back().back().text.data(),
+                                      lines.back().back().text.size() + word.size()};
+        } else {
+          lines.back().push_back({word, style});
+        }
+        lineWidth += width;
+        rest.remove_prefix(end);
+      }
+    }
+    std::string anchor = "start";
+    double x = box.x;
+    if (paragraph && paragraph->alignment() == TextStyle::Alignment::center) {
+      anchor = "middle";
+      x = box.x + box.w / 2;
+    } else if (paragraph && paragraph->alignment() == TextStyle::Alignment::right) {
+      anchor = "end";
+      x = box.x + box.w;
+    }
+    double top = box.y;
+    draw.raw("<g").attr("text-anchor", anchor).attr("style", "white-space:pre").raw(">");
+    for (const auto& line : lines) {
+      double largest = size(paragraph.get());
+      for (const Piece& piece : line) largest = std::max(largest, size(piece.style));
+      double height = paragraph && paragraph->lineHeight() && std::isfinite(*paragraph->lineHeight())
+                          ? *paragraph->lineHeight()
+                          : 1.2 * largest;
+      if (!line.empty()) {
+        // The baseline where CSS puts it for a common font: half the leading, then the ascent.
+        draw.raw("<text").attr("x", x).attr("y", top + height / 2 + 0.35 * largest).raw(">");
+        for (const Piece& piece : line) {
+          std::string css;
+          if (piece.style) appendFontCss(css, *piece.style);
+          draw.raw("<tspan");
+          if (!css.empty()) draw.attr("style", svgTextCss(css));
+          draw.raw(">").text(piece.text).raw("</tspan>");
+        }
+        draw.raw("</text>");
+      }
+      top += height;
+    }
+    draw.raw("</g>");
+  }
+
+  // A glyph's advance in ems, as common sans-serif faces set it, rather wide than narrow so that
+  // an estimated line breaks before the frame's edge.
+  static double glyphWidth(char32_t c) {
+    static constexpr std::string_view kNarrow = "ijl|!.,:;'`", kSlim = "frt()[]{}-\"/\\I";
+    if (c == ' ') return 0.32;
+    if (c < 0x80) {
+      char ch = static_cast<char>(c);
+      if (kNarrow.find(ch) != std::string_view::npos) return 0.3;
+      if (kSlim.find(ch) != std::string_view::npos) return 0.42;
+      if (ch == 'm' || ch == 'w' || ch == 'M') return 0.9;
+      if (ch == 'W') return 1.0;
+      if (ch >= 'A' && ch <= 'Z') return 0.76;
+      if (ch >= '0' && ch <= '9') return 0.64;
+      return 0.6;
+    }
+    // East Asian scripts and symbols are set a full em wide.
+    return c >= 0x2E80 ? 1.0 : 0.64;
+  }
+
+  // CSS for HTML text as SVG text takes it: `color` is `fill` there.
+  static std::string svgTextCss(std::string css) {
+    for (std::size_t at = 0; (at = css.find("color:", at)) != std::string::npos; at += 5) {
+      if (at == 0 || css[at - 1] == ';') css.replace(at, 6, "fill:");
+    }
+    return css;
   }
 
   void drawGrid(double width, double height) {

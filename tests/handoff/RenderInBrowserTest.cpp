@@ -2,6 +2,7 @@
 // screenshot and the colors a person would see there.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <functional>
 #include <string>
@@ -171,6 +172,40 @@ std::vector<Case> cases() {
          EXPECT_GT(inside, 300) << "no text drawn in the frame";
          EXPECT_EQ(outside, 0) << "text drawn outside the frame";
        }},
+      {"text under a frosted bar shows through it, blurred",
+       200,
+       60,
+       {layer("words", 10, 10, 180, 40,
+              R"("type":"text","content":"HHHHHH","textStyles":[{"range":)"
+              R"({"location":0,"length":6},"style":{"fontFace":"DejaVuSans-Bold",)"
+              R"("fontSize":30}}])"),
+        layer("bar", 0, 0, 200, 60, R"("blur":{"type":"background","radius":3})")},
+       {},
+       [](const Image& image, int top) {
+         int darkest = 255;
+         for (int y = 10; y < 50; ++y) {
+           for (int x = 10; x < 190; ++x) darkest = std::min(darkest, gray(image, x, top + y));
+         }
+         EXPECT_LT(darkest, 160) << "the text below the bar is gone";
+         EXPECT_GT(darkest, 20) << "the text below the bar is not blurred";
+       }},
+      {"a gradient to a transparent stop fades without a dark fringe",
+       200,
+       20,
+       {layer("fade", 0, 0, 200, 20,
+              R"("fills":[{"fillType":"gradient","gradient":{"type":"linear","from":{"x":0,"y":0.5},)"
+              R"("to":{"x":1,"y":0.5},"colorStops":[{"position":0,"color":)" +
+                  color(1, 0, 0) + R"(},{"position":1,"color":)" + color(0, 0, 0, 0) + "}]}}]")},
+       // Half-way, half the red over white: no black mixed in.
+       {{100, 10, {255, 128, 128}, 12}, {2, 10, kRed, 12}, {197, 10, kWhite, 12}}},
+      {"an inside border thicker than twice the radius keeps the corners round",
+       100,
+       60,
+       {layer("ring", 20, 10, 60, 40, R"("borderRadius":6,"borders":[{"position":"inside",)"
+                                      R"("thickness":12,"fillType":"color","color":)" +
+                                          color(0, 1, 0) + "}]")},
+       {{20, 10, kWhite, 30}, {79, 49, kWhite, 30}, {20, 49, kWhite, 30}, {23, 30, kGreen},
+        {50, 14, kGreen}, {50, 30, kWhite}}},
       {"a link outlined where it is",
        100,
        60,
@@ -209,6 +244,41 @@ TEST(RenderInBrowser, EachCaseLooksAsDrawn) {
     }
     if (all[i].check) all[i].check(image, top);
   }
+}
+
+// Viewers that draw no HTML take the SVG text beside it: the same words, in the frame.
+TEST(RenderInBrowser, TextSurvivesWithoutHtml) {
+  auto browser = chromium();
+  if (!browser) GTEST_SKIP() << "chromium is not installed: nothing looked at";
+  auto snapshot = JsonDecoder().decode<Ref<Snapshot>>(snapshotJson(
+      200, 80,
+      layer("t", 10, 10, 180, 60,
+            R"("type":"text","content":"HHHH HHHH HHHH HHHH","textStyles":[{"range":)"
+            R"({"location":0,"length":19},"style":{"fontFace":"DejaVuSans-Bold",)"
+            R"("fontSize":20,"lineHeight":24}}])")));
+  std::string svg = handoff::renderSvg(*snapshot);
+  // What a viewer without HTML sees: the drawing without its foreignObject.
+  std::size_t start = svg.find("<foreignObject");
+  ASSERT_NE(start, std::string::npos);
+  std::size_t end = svg.find("</foreignObject>", start);
+  svg.erase(start, end + std::string_view("</foreignObject>").size() - start);
+  ScratchDir dir;
+  dir.write("plain.svg", svg);
+  Sheet sheet;
+  sheet.entries.push_back({"plain.svg", 200, 80});
+  Image image = sheet.shoot(*browser, dir);
+  int inside = 0, outside = 0, secondLine = 0;
+  for (int y = 0; y < 80; ++y) {
+    for (int x = 0; x < 200; ++x) {
+      if (gray(image, x, y) > 100) continue;
+      bool in = x >= 10 && x < 190 && y >= 10 && y < 70;
+      (in ? inside : outside)++;
+      if (in && y >= 34) ++secondLine;
+    }
+  }
+  EXPECT_GT(inside, 300) << "no text drawn without HTML";
+  EXPECT_EQ(outside, 0) << "text drawn outside the frame";
+  EXPECT_GT(secondLine, 100) << "the text does not wrap at the frame's width";
 }
 
 // Whatever the document holds, the SVG parses: escaped text, no characters XML forbids.
