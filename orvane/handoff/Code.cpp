@@ -557,10 +557,17 @@ class Css : Writer {
                 "</div>\n";
       return;
     }
+    // A group the drawing leaves out has no element: its children lie in its parent's.
+    if (!drawn.count(&layer)) {
+      for (const Layer* child : childrenOf(l.group->layers, seen)) {
+        element(*child, parentX, parentY, depth, names, drawn, seen, rules, markup);
+      }
+      return;
+    }
     // A group is a container; its own look lies in a pseudo-element below or above its
     // children, so that nothing of it carries over to them.
     rules += rule("." + l.name, place);
-    if (drawn.count(&layer) && l.draws()) {
+    if (l.draws()) {
       bool above = l.group->interactionLevel == Layer::InteractionLevel::top;
       rules += rule("." + l.name + (above ? "::after" : "::before"),
                     line("content", "\"\"") + this->place(0, 0, l.w, l.h) + style(l));

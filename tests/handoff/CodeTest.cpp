@@ -346,7 +346,10 @@ Ref<Snapshot> screen() {
                        R"({"range":{"location":6,"length":7},"style":{"fontFace":"Inter-Italic",)"
                        R"("fontSize":14}}])") +
                  "," + layer("Icon", 150, 30, 24, 24, test::solid(0, 0, 1)) + "]"),
-       layer("Title", 16, 140, 120, 20, test::solid(1, 0, 0))}));
+       layer("Title", 16, 140, 120, 20, test::solid(1, 0, 0)),
+       // A group the drawing leaves out: its child lies where the drawing puts it.
+       layer("Loose", 100, 200, 50, 50,
+             R"("type":"group","layers":[)" + layer("Dot", 5, 5, 10, 10, test::solid(0, 0, 0)) + "]")}));
 }
 
 TEST(SnapshotCode, HtmlNestsTheTreeWithUniqueNames) {
@@ -367,8 +370,11 @@ TEST(SnapshotCode, HtmlNestsTheTreeWithUniqueNames) {
              ".title-span {\n  font-family: \"Inter\", \"Inter-Italic\", sans-serif;",
              "<div class=\"card\">\n    <div class=\"title\">Eagle <span class=\"title-span\">"
              "&lt;Ridge&gt;</span></div>\n    <div class=\"icon\"></div>\n  </div>\n  <div class=\"title-2\">"});
+  expectAll(html, {".dot {\n  position: absolute;\n  left: 105px;\n  top: 205px;",
+                   "<div class=\"title-2\"></div>\n  <div class=\"dot\"></div>\n</div>"});
+  expectNone(html, {"class=\"loose\"", ".loose"});
   // The rule of one layer names it as the whole snapshot does.
-  const Layer& second = *snapshot->layers()->back();
+  const Layer& second = *snapshot->layers()->at(1);
   expectAll(layerCss(second), {".title-2 {"});
 }
 

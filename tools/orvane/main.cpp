@@ -1,4 +1,5 @@
 // orvane: decode, check and look into the service's documents from the command line.
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
@@ -137,6 +138,25 @@ int run(int argc, char** argv, Output& out) {
   auto* types = app.add_subcommand("types", "List every TYPE name, one a line");
 
   HandoffCommands handoff(app);
+
+  // A mistyped command would reach the parser as a stray argument; name it, and what was meant.
+  if (argc > 1 && argv[1][0] != '-') {
+    std::string typed = argv[1];
+    std::vector<std::string> names;
+    for (const CLI::App* command : app.get_subcommands([](CLI::App*) { return true; })) {
+      names.push_back(command->get_name());
+    }
+    if (std::find(names.begin(), names.end(), typed) == names.end()) {
+      std::vector<std::string_view> views(names.begin(), names.end());
+      std::vector<std::string_view> close = closestNames(typed, views);
+      std::string hint;
+      for (std::size_t i = 0; i < close.size(); ++i) {
+        hint += (i == 0 ? "; did you mean " : i + 1 == close.size() ? " or " : ", ");
+        hint += close[i];
+      }
+      return usageError("unknown command " + typed + (hint.empty() ? "" : hint + "?"));
+    }
+  }
 
   try {
     app.parse(argc, argv);
