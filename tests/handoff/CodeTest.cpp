@@ -132,26 +132,6 @@ TEST(Names, MadeFromDesignNames) {
   EXPECT_EQ(camelCase("primary-blue-2"), "primaryBlue2");
 }
 
-TEST(FindLayer, ByIdentifierUniqueNameOrPath) {
-  auto snapshot = JsonDecoder().decode<Ref<Snapshot>>(
-      snapshotJson(100, 100,
-                   layer("Card", 0, 0, 50, 50,
-                         R"("_id":"card","type":"group","layers":[)" +
-                             layer("Title", 0, 0, 10, 10, R"("_id":"t1")") + "," +
-                             layer("Icon", 0, 0, 10, 10) + "]") +
-                       "," + layer("Title", 0, 0, 10, 10, R"("_id":"t2")") + "," +
-                       layer("Footer", 0, 0, 10, 10)));
-  EXPECT_EQ(findLayer(*snapshot, "Footer").layer->name(), "Footer");
-  EXPECT_EQ(findLayer(*snapshot, "card").layer->name(), "Card");
-  EXPECT_EQ(findLayer(*snapshot, "Card/Title").layer->frame(), Rect(0, 0, 10, 10));
-  EXPECT_EQ(findLayer(*snapshot, "Card/Title").layer,
-            snapshot->layers()->front()->kind()->asGroup()->layers[0]);
-  EXPECT_EQ(findLayer(*snapshot, "Title").error,
-            "2 layers are named Title: name one by its identifier or its path");
-  EXPECT_EQ(findLayer(*snapshot, "Card/Nope").error, "no layer Card/Nope");
-  EXPECT_EQ(findLayer(*snapshot, "Nope").error, "no layer Nope");
-}
-
 }  // namespace
 }  // namespace orvane::handoff
 

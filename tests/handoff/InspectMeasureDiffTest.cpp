@@ -8,6 +8,7 @@
 #include <simdjson.h>
 
 #include <orvane/handoff/Diff.hpp>
+#include <orvane/handoff/Find.hpp>
 #include <orvane/handoff/Inspect.hpp>
 #include <orvane/handoff/Measure.hpp>
 #include <orvane/json/JsonDecoder.hpp>
@@ -100,6 +101,50 @@ TEST(Inspect, ASnapshotTreeShowsLayersLinksAndAssets) {
   EXPECT_EQ(std::string_view(dot["style"]), "fill #ff0000");
   EXPECT_EQ(std::string_view(tree["links"].at(0)["screen"]), "S1");
   EXPECT_EQ(std::string_view(tree["assets"].at(0)["contents"].at(0)["format"]), "png");
+}
+
+TEST(FindLayer, NamesOneLayerOrListsEveryCandidate) {
+  auto snapshot = JsonDecoder().decode<Ref<Snapshot>>(
+      snapshotJson(100, 100,
+                   {layer("card", 0, 0, 50, 50,
+                          R"("name":"Card","type":"group","layers":[)" +
+                              layer("t1", 0, 0, 10, 10, R"("name":"Title")") + "," +
+                              layer("bb", 0, 0, 10, 10, R"("name":"Blue box")") + "]"),
+                    layer("t2", 0, 0, 10, 10, R"("name":"Title")"), layer("Footer", 0, 0, 10, 10),
+                    layer("x", 0, 0, 1, 1, R"("name":"t1")"),
+                    layer("slash", 0, 0, 1, 1, R"("name":"Card/Blue box")"),
+                    layer("icon", 0, 0, 1, 1, R"("name":"Icon / Cart")")}));
+  struct Row {
+    const char* text;
+    std::vector<std::string> candidates;  // identifier and path of each
+  } rows[] = {
+      {"Footer", {"Footer Footer"}},             // identifier and name of one layer
+      {"card", {"card Card"}},                   // identifier
+      {"Card/Title", {"t1 Card/Title"}},         // path
+      {"Icon / Cart", {"icon Icon / Cart"}},     // a name with slashes
+      {"Title", {"t1 Card/Title", "t2 Title"}},  // two names
+      {"t1", {"t1 Card/Title", "x t1"}},         // an identifier that is another's name
+      {"Card/Blue box", {"bb Card/Blue box", "slash Card/Blue box"}},  // a path and a name
+      {"Nope", {}},
+      {"Card/Nope", {}},
+      {"Card/Title/More", {}},
+  };
+  for (const auto& row : rows) {
+    FoundLayer found = findLayer(*snapshot, row.text);
+    std::vector<std::string> seen;
+    for (const auto& c : found.candidates) {
+      seen.push_back(std::string(c.layer->identifier().rawValue()) + " " + c.path);
+    }
+    EXPECT_EQ(seen, row.candidates) << row.text;
+    EXPECT_EQ(found.layer != nullptr, row.candidates.size() == 1) << row.text;
+    if (found.layer) {
+      EXPECT_EQ(found.layer, found.candidates[0].layer);
+    }
+    EXPECT_EQ(found.error.empty(), row.candidates.size() == 1) << row.text;
+  }
+  EXPECT_EQ(findLayer(*snapshot, "Nope").error, "no layer Nope");
+  EXPECT_EQ(findLayer(*snapshot, "Title").error,
+            "Title names 2 layers; name one by its identifier or its path:");
 }
 
 TEST(Measure, ApartInsideOrOverlapping) {

@@ -118,10 +118,17 @@ Loaded loadSnapshot(const Request& request, const SnapshotChoice& choice, Output
   return loaded;
 }
 
+// The layer a name names; a name that names none, or several, ends the command with the
+// candidates listed, so that the person can name one of them without a guess.
 Ref<Layer> layerNamed(const Snapshot& snapshot, const std::string& name) {
   handoff::FoundLayer found = handoff::findLayer(snapshot, name);
-  if (!found.layer) notFound(found.error);
-  return found.layer;
+  if (found.layer) return found.layer;
+  std::cerr << "error: " << oneLine(found.error) << '\n';
+  for (const auto& candidate : found.candidates) {
+    std::cerr << "  " << oneLine(candidate.layer->identifier().rawValue()) << " ("
+              << oneLine(candidate.path) << ")\n";
+  }
+  throw CommandFailure{kDecodingFailed};
 }
 
 // Runs a command's body with a decoder made for its request, then lists the warnings of what
