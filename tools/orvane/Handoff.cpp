@@ -131,6 +131,21 @@ Ref<Layer> layerNamed(const Snapshot& snapshot, const std::string& name) {
   throw CommandFailure{kDecodingFailed};
 }
 
+constexpr const char* kDensityHelp =
+    "The scale the design was drawn at, by which every length is divided: 1x (the default), "
+    "2x, 3x, mdpi, hdpi, xhdpi, xxhdpi, xxxhdpi";
+
+// The density --density names, 1x when it was not given; any other text is a usage error,
+// reported, and gives none.
+std::optional<Density> densityOption(const std::string& text) {
+  if (text.empty()) return Density::_1x;
+  std::optional<Density> density = fromRawValue<Density>(text);
+  if (!density) {
+    usageError("--density " + text + " is none of 1x, 2x, 3x, mdpi, hdpi, xhdpi, xxhdpi, xxxhdpi");
+  }
+  return density;
+}
+
 // Runs a command's body with a decoder made for its request, then lists the warnings of what
 // it decoded; what ends the body early ends the command with its status.
 template <class Body>
@@ -232,6 +247,7 @@ int tokens(const TokensRequest& request, Output& out) {
 struct InspectRequest {
   Request document;
   SnapshotChoice choice;
+  std::string density;
   bool json = false;
 };
 
@@ -241,13 +257,16 @@ int inspect(const InspectRequest& request, Output& out) {
   if (wholeProject && !c.versionId.empty()) {
     return usageError("--version-id needs --screen or --component");
   }
+  std::optional<Density> density = densityOption(request.density);
+  if (!density) return kUsage;
   return runWithDecoder(request.document, [&](JsonDecoder& decoder, const Settings&) {
     handoff::InspectNode tree;
     if (wholeProject) {
-      tree = handoff::inspectProject(*decodeDocument<Ref<Project>>(request.document, decoder, out));
+      tree = handoff::inspectProject(*decodeDocument<Ref<Project>>(request.document, decoder, out),
+                                     *density);
     } else {
       Loaded loaded = loadSnapshot(request.document, c, out, decoder);
-      tree = handoff::inspectSnapshot(*loaded.snapshot, loaded.project.get());
+      tree = handoff::inspectSnapshot(*loaded.snapshot, loaded.project.get(), *density);
     }
     out.write(request.json ? handoff::inspectJson(tree) : handoff::inspectText(tree));
     return 0;
@@ -511,13 +530,18 @@ HandoffCommands::HandoffCommands(CLI::App& app) : state_(std::make_unique<State>
       app.add_subcommand("inspect", "Show a project or a snapshot as a tree a person reads");
   addDocumentOptions(*s.inspectCommand, s.inspect.document, false);
   addSnapshotOptions(*s.inspectCommand, s.inspect.choice);
+  s.inspectCommand->add_option("--density", s.inspect.density, kDensityHelp);
   s.inspectCommand->add_flag("--json", s.inspect.json, "Print the tree as one JSON value");
   s.inspectCommand->footer(
       "TYPE is Project (its sections, screens, versions, dots, components, style guide and "
       "members) or Snapshot (its layer tree, links and assets; also a Project with --screen ID "
-      "or --component ID). Long lists are shortened in the tree, never in --json. Exit status: "
-      "0 on success, 1 when the document does not decode or what is named does not exist, 2 "
-      "for a usage error, 3 when the output cannot be written.");
+      "or --component ID). Each layer shows its identifier, kind, name, absolute frame and "
+      "styles; --json gives them structured (fills, borders, shadows, blur, text styles with "
+      "their font family, weight and style), colors and text styles of a Project's style guide "
+      "with their token. Lengths are divided by --density. Long lists are shortened in the "
+      "tree, never in --json. Exit status: 0 on success, 1 when the document does not decode "
+      "or what is named does not exist, 2 for a usage error, 3 when the output cannot be "
+      "written.");
 
   s.measureCommand = app.add_subcommand("measure", "Measure the distances between two layers");
   s.measureCommand->add_option("TYPE", s.measure.document.type, "Snapshot or Project")->required();
