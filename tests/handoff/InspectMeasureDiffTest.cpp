@@ -343,6 +343,21 @@ TEST(Measure, ApartInsideOrOverlapping) {
   }
 }
 
+TEST(Measure, InsetsOfAFrameInAnother) {
+  struct Row {
+    Rect inner, outer;
+    std::vector<double> insets;  // top, right, bottom, left
+  } rows[] = {
+      {Rect(10, 20, 5, 5), Rect(0, 0, 100, 50), {20, 85, 25, 10}},
+      {Rect(-5, 0, 10, 60), Rect(0, 0, 100, 50), {0, 95, -10, -5}},        // sticking out
+      {Rect(15, 25, -5, -5), Rect(100, 50, -100, -50), {20, 85, 25, 10}},  // standardized
+  };
+  for (const auto& row : rows) {
+    Insets i = insets(row.inner, row.outer);
+    EXPECT_EQ((std::vector<double>{i.top, i.right, i.bottom, i.left}), row.insets);
+  }
+}
+
 // Each change kind once, on its own layer, over a group that moves.
 TEST(Diff, ReportsEachKindOfChangeOnce) {
   auto doc = [](bool after) {

@@ -276,28 +276,34 @@ int inspect(const InspectRequest& request, Output& out) {
 struct MeasureRequest {
   Request document;
   SnapshotChoice choice;
-  std::string a, b;
+  std::string a, b;  // b empty: one layer, measured in its group and on the artboard
+  std::string density;
   bool json = false;
 };
 
+// Lengths as --density asks for them.
+struct Lengths {
+  double scale = 1;
+  std::string operator()(double value) const { return number(value / scale); }
+};
+
 std::string measurementText(const handoff::Measurement& m, const Layer& a, const Layer& b,
-                            bool asJson) {
+                            bool asJson, const Lengths& n) {
   using Relation = handoff::Measurement::Relation;
   if (asJson) {
     std::string text = "{\"a\":" + json(a.identifier().rawValue()) +
                        ",\"b\":" + json(b.identifier().rawValue()) + ",\"relation\":";
     switch (m.relation) {
       case Relation::apart:
-        text += "\"apart\",\"horizontal\":" + number(m.horizontal) +
-                ",\"vertical\":" + number(m.vertical);
+        text += "\"apart\",\"horizontal\":" + n(m.horizontal) + ",\"vertical\":" + n(m.vertical);
         break;
       case Relation::inside:
         text += std::string("\"inside\",\"inner\":\"") + (m.innerIsA ? "a" : "b") +
-                "\",\"top\":" + number(m.top) + ",\"right\":" + number(m.right) +
-                ",\"bottom\":" + number(m.bottom) + ",\"left\":" + number(m.left);
+                "\",\"top\":" + n(m.top) + ",\"right\":" + n(m.right) +
+                ",\"bottom\":" + n(m.bottom) + ",\"left\":" + n(m.left);
         break;
       case Relation::overlap:
-        text += "\"overlap\",\"width\":" + number(m.width) + ",\"height\":" + number(m.height);
+        text += "\"overlap\",\"width\":" + n(m.width) + ",\"height\":" + n(m.height);
         break;
     }
     return text + "}\n";
@@ -305,26 +311,64 @@ std::string measurementText(const handoff::Measurement& m, const Layer& a, const
   const std::string an = oneLine(a.name()), bn = oneLine(b.name());
   switch (m.relation) {
     case Relation::apart:
-      return an + " and " + bn + " are apart: " + number(m.horizontal) + " horizontally, " +
-             number(m.vertical) + " vertically\n";
+      return an + " and " + bn + " are apart: " + n(m.horizontal) + " horizontally, " +
+             n(m.vertical) + " vertically\n";
     case Relation::inside:
       return (m.innerIsA ? an + " lies inside " + bn : bn + " lies inside " + an) + ": top " +
-             number(m.top) + ", right " + number(m.right) + ", bottom " + number(m.bottom) +
-             ", left " + number(m.left) + "\n";
+             n(m.top) + ", right " + n(m.right) + ", bottom " + n(m.bottom) + ", left " +
+             n(m.left) + "\n";
     case Relation::overlap:
       break;
   }
-  return an + " and " + bn + " overlap by " + number(m.width) + " \u00d7 " + number(m.height) +
-         "\n";
+  return an + " and " + bn + " overlap by " + n(m.width) + " \u00d7 " + n(m.height) + "\n";
+}
+
+std::string insetsJson(const handoff::Insets& i, const Lengths& n) {
+  return "{\"top\":" + n(i.top) + ",\"right\":" + n(i.right) + ",\"bottom\":" + n(i.bottom) +
+         ",\"left\":" + n(i.left) + "}";
+}
+
+std::string insetsText(const handoff::Insets& i, const Lengths& n) {
+  return "top " + n(i.top) + ", right " + n(i.right) + ", bottom " + n(i.bottom) + ", left " +
+         n(i.left);
+}
+
+// One layer: how far its edges lie from its group's and from the artboard's.
+std::string placementText(const Layer& layer, const Snapshot& snapshot, bool asJson,
+                          const Lengths& n) {
+  Rect frame = layer.absoluteFrame();
+  Ref<Layer> parent = layer.parent();
+  std::optional<handoff::Insets> inParent;
+  if (parent) inParent = handoff::insets(frame, parent->absoluteFrame());
+  handoff::Insets onArtboard =
+      handoff::insets(frame, Rect(0, 0, snapshot.size().width, snapshot.size().height));
+  if (asJson) {
+    return "{\"a\":" + json(layer.identifier().rawValue()) +
+           ",\"parent\":" + (inParent ? insetsJson(*inParent, n) : "null") +
+           ",\"artboard\":" + insetsJson(onArtboard, n) + "}\n";
+  }
+  std::string name = oneLine(layer.name());
+  std::string text;
+  if (inParent) {
+    text += name + " in " + oneLine(parent->name()) + ": " + insetsText(*inParent, n) + "\n";
+  }
+  return text + name + " on the artboard: " + insetsText(onArtboard, n) + "\n";
 }
 
 int measure(const MeasureRequest& request, Output& out) {
+  std::optional<Density> density = densityOption(request.density);
+  if (!density) return kUsage;
+  Lengths lengths{handoff::densityScale(*density)};
   return runWithDecoder(request.document, [&](JsonDecoder& decoder, const Settings&) {
     Loaded loaded = loadSnapshot(request.document, request.choice, out, decoder);
     Ref<Layer> a = layerNamed(*loaded.snapshot, request.a);
+    if (request.b.empty()) {
+      out.write(placementText(*a, *loaded.snapshot, request.json, lengths));
+      return 0;
+    }
     Ref<Layer> b = layerNamed(*loaded.snapshot, request.b);
     handoff::Measurement m = handoff::measure(a->absoluteFrame(), b->absoluteFrame());
-    out.write(measurementText(m, *a, *b, request.json));
+    out.write(measurementText(m, *a, *b, request.json, lengths));
     return 0;
   });
 }
@@ -543,23 +587,30 @@ HandoffCommands::HandoffCommands(CLI::App& app) : state_(std::make_unique<State>
       "or what is named does not exist, 2 for a usage error, 3 when the output cannot be "
       "written.");
 
-  s.measureCommand = app.add_subcommand("measure", "Measure the distances between two layers");
+  s.measureCommand =
+      app.add_subcommand("measure", "Measure the distances between two layers, or around one");
   s.measureCommand->add_option("TYPE", s.measure.document.type, "Snapshot or Project")->required();
   s.measureCommand
       ->add_option("FILE", s.measure.document.file, "The document; - for standard input")
       ->required();
   s.measureCommand->add_option("LAYER_A", s.measure.a, "A layer: identifier, name or path")
       ->required();
-  s.measureCommand->add_option("LAYER_B", s.measure.b, "Another layer")->required();
+  s.measureCommand->add_option("LAYER_B", s.measure.b,
+                               "Another layer; without it, LAYER_A in its group and on the "
+                               "artboard");
   addSnapshotOptions(*s.measureCommand, s.measure.choice);
+  s.measureCommand->add_option("--density", s.measure.density, kDensityHelp);
   s.measureCommand->add_flag("--json", s.measure.json, "Print the measurement as JSON");
   addDecodingOptions(*s.measureCommand, s.measure.document);
   s.measureCommand->footer(
-      "Apart (touching counts, with a gap of 0): the horizontal and vertical gaps. One inside "
-      "the other (equal frames count): the four insets of the inner one. Otherwise: the "
-      "overlap's width and height. Exit status: 0 on success, 1 when the document does not "
-      "decode or a layer does not exist, 2 for a usage error, 3 when the output cannot be "
-      "written.");
+      "Between absolute frames, standardized. Apart (touching counts, with a gap of 0): the "
+      "horizontal and vertical gaps. One inside the other (equal frames count): the four "
+      "insets of the inner one. Otherwise: the overlap's width and height. With one layer: the "
+      "distances from its edges to its group's (none at the top level) and to the artboard's. "
+      "Lengths are divided by --density. A layer is named by its identifier, its name or its "
+      "path of names (Card/Title); a text that names several is an error listing them. Exit "
+      "status: 0 on success, 1 when the document does not decode or a layer does not exist or "
+      "is ambiguous, 2 for a usage error, 3 when the output cannot be written.");
 
   s.diffCommand = app.add_subcommand("diff", "What changed from one snapshot to another");
   s.diffCommand->add_option("TYPE", s.diff.document.type, "Snapshot or Project")->required();
