@@ -421,5 +421,115 @@ TEST(Diff, LayersSharingASourceIdentifierPairInTreeOrder) {
   EXPECT_EQ(diff.removed[0]->name(), "c");
 }
 
+// The snapshot's own changes, one a row; a shift below a hundredth is none.
+TEST(Diff, ComparesTheSnapshotItself) {
+  auto doc = [](int width, const std::string& extra) {
+    return JsonDecoder().decode<Ref<Snapshot>>(
+        snapshotJson(width, 100, layer("a", 0, 0, 1, 1), extra));
+  };
+  const std::string link = R"("links":[{"rect":{"x":1,"y":1,"width":5,"height":5}}])";
+  const std::string asset =
+      R"("assets":[{"_id":"a","displayName":"a","layerName":"a","contents":[{"format":"png"}]}])";
+  struct Row {
+    const char* what;
+    Ref<Snapshot> after;
+    std::vector<std::string> changes;
+  } rows[] = {
+      {"alike", doc(100, link + "," + asset), {}},
+      {"size", doc(120, link + "," + asset), {"size"}},
+      {"background",
+       doc(100, link + "," + asset + R"(,"backgroundColor":)" + test::color(0, 0, 0)),
+       {"background"}},
+      {"density", doc(100, link + "," + asset + R"(,"density":"2x")"), {"density"}},
+      {"grid", doc(100, link + "," + asset + R"(,"grid":{"horizontalOffset":4})"), {"grid"}},
+      {"link moved",
+       doc(100, R"("links":[{"rect":{"x":1,"y":2,"width":5,"height":5}}],)" + asset),
+       {"links"}},
+      {"link shifted a little",
+       doc(100, R"("links":[{"rect":{"x":1.001,"y":1,"width":5.009,"height":5}}],)" + asset),
+       {}},
+      {"no link", doc(100, asset), {"links"}},
+      {"asset's file",
+       doc(100, link + "," +
+                    R"("assets":[{"_id":"b","displayName":"a",)"
+                    R"("layerName":"a","contents":[{"format":"svg"}]}])"),
+       {"assets"}},
+      {"asset's identifier",
+       doc(100, link + "," +
+                    R"("assets":[{"_id":"b","displayName":"a",)"
+                    R"("layerName":"a","contents":[{"format":"png"}]}])"),
+       {}},
+  };
+  auto before = doc(100, link + "," + asset);
+  for (const auto& row : rows) {
+    SnapshotDiff diff = diffSnapshots(*before, *row.after);
+    std::vector<std::string> seen;
+    for (SnapshotChange c : diff.snapshot) seen.emplace_back(changeName(c));
+    EXPECT_EQ(seen, row.changes) << row.what;
+    EXPECT_EQ(diff.empty(), row.changes.empty()) << row.what;
+  }
+  // The values before and after, as inspect writes them.
+  simdjson::dom::parser parser;
+  simdjson::dom::element json =
+      parser.parse(diffJson(diffSnapshots(*before, *rows[1].after), *before, *rows[1].after));
+  EXPECT_EQ(std::string_view(json.at_pointer("/snapshot/0/change")), "size");
+  EXPECT_EQ(double(json.at_pointer("/snapshot/0/before/width")), 100);
+  EXPECT_EQ(double(json.at_pointer("/snapshot/0/after/width")), 120);
+}
+
+TEST(Diff, ShiftsBelowAHundredthAreNoChange) {
+  auto doc = [](const std::string& box) {
+    return JsonDecoder().decode<Ref<Snapshot>>(snapshotJson(100, 100, box));
+  };
+  auto before = doc(layer("a", 10, 10, 20, 20, R"("rotation":5)"));
+  struct Row {
+    std::string after;
+    std::vector<LayerChange> changes;
+  } rows[] = {
+      {layer("a", 10.001, 9.995, 20.009, 20, R"("rotation":5.005)"), {}},
+      {layer("a", 10.02, 10, 20, 20, R"("rotation":5)"), {LayerChange::moved}},
+      {layer("a", 10, 10, 20, 19.98, R"("rotation":5)"), {LayerChange::resized}},
+      {layer("a", 10, 10, 20, 20, R"("rotation":5.5)"), {LayerChange::rotated}},
+      {layer("a", 10, 10, -20, 20,
+             R"("rotation":5,"rect":{"x":30,"y":10,"width":-20,"height":20})"),
+       {}},  // the same box, stored from its other corner
+  };
+  for (const auto& row : rows) {
+    SnapshotDiff diff = diffSnapshots(*before, *doc(row.after));
+    std::vector<LayerChange> seen;
+    if (!diff.changed.empty()) seen = diff.changed[0].changes;
+    EXPECT_EQ(seen, row.changes) << row.after;
+  }
+}
+
+// Before and after hold the changed facts alone, as inspect writes them; the lines show the
+// values a person needs, in the density's units.
+TEST(Diff, WritesTheChangedFactsBeforeAndAfter) {
+  auto before = JsonDecoder().decode<Ref<Snapshot>>(snapshotJson(
+      100, 100, layer("a", 10, 20, 20, 20, test::solid(1, 0, 0)), R"("density":"1x")"));
+  auto after = JsonDecoder().decode<Ref<Snapshot>>(snapshotJson(
+      200, 100, layer("a", 10, 40, 20, 20, test::solid(0, 0, 1) + R"(,"_id":"a2","name":"b")"),
+      R"("density":"2x")"));
+  SnapshotDiff diff = diffSnapshots(*before, *after);
+  FactOptions halved{.density = Density::_2x};
+  simdjson::dom::parser parser;
+  simdjson::dom::element json = parser.parse(diffJson(diff, *before, *after, halved));
+  auto layerChange = json["changed"].at(0);
+  EXPECT_EQ(std::string_view(layerChange["layer"]["identifier"]), "a2");
+  std::vector<std::string_view> facts;
+  for (auto [key, value] : simdjson::dom::object(layerChange["after"])) facts.push_back(key);
+  EXPECT_EQ(facts, (std::vector<std::string_view>{"name", "frame", "absoluteFrame", "fills"}));
+  EXPECT_EQ(std::string_view(layerChange["before"]["name"]), "a");
+  EXPECT_EQ(double(layerChange["before"]["absoluteFrame"]["y"]), 10);
+  EXPECT_EQ(double(layerChange["after"]["absoluteFrame"]["y"]), 20);
+  EXPECT_EQ(std::string_view(layerChange["after"]["fills"].at(0)["color"]["hex"]), "#0000ff");
+  EXPECT_EQ(std::string_view(json.at_pointer("/snapshot/1/change")), "density");
+  EXPECT_EQ(std::string_view(json.at_pointer("/snapshot/1/after")), "2x");
+
+  EXPECT_EQ(diffText(diff, *before, *after, halved),
+            "snapshot: size 50 × 50 -> 100 × 50; density 1x -> 2x\n"
+            "~ b: renamed a -> b; moved 5,10 -> 5,20; restyled\n");
+}
+
 }  // namespace
 }  // namespace orvane::handoff

@@ -47,9 +47,11 @@ struct CommandFailure {
   throw CommandFailure{kDecodingFailed};
 }
 
-// The request's document decoded as T; a failure to read or decode it is reported.
+// The request's document decoded as T; a failure to read or decode it is reported, after
+// `label` where one document of several is meant.
 template <class T>
-T decodeDocument(const Request& request, JsonDecoder& decoder, Output& out) {
+T decodeDocument(const Request& request, JsonDecoder& decoder, Output& out,
+                 std::string_view label = {}) {
   std::vector<char> buffer;
   std::size_t size = 0;
   std::string reason;
@@ -60,7 +62,7 @@ T decodeDocument(const Request& request, JsonDecoder& decoder, Output& out) {
     return decoder.decode<T>(std::string_view(buffer.data(), size));
   } catch (const DecodingError& e) {
     if (request.jsonErrors) out.write(errorJson(e) + '\n');
-    std::cerr << "error: " << oneLine(e.what()) << '\n';
+    std::cerr << "error: " << label << oneLine(e.what()) << '\n';
     throw CommandFailure{kDecodingFailed};
   }
 }
@@ -74,7 +76,7 @@ struct Loaded {
 };
 
 Loaded loadSnapshot(const Request& request, const SnapshotChoice& choice, Output& out,
-                    JsonDecoder& decoder) {
+                    JsonDecoder& decoder, std::string_view label = {}) {
   bool fromProject = request.type == "Project";
   if (!fromProject && request.type != "Snapshot") {
     if (!lookUpType(request.type)) throw CommandFailure{kUsage};  // reported with suggestions
@@ -94,10 +96,10 @@ Loaded loadSnapshot(const Request& request, const SnapshotChoice& choice, Output
   }
   Loaded loaded;
   if (!fromProject) {
-    loaded.snapshot = decodeDocument<Ref<Snapshot>>(request, decoder, out);
+    loaded.snapshot = decodeDocument<Ref<Snapshot>>(request, decoder, out, label);
     return loaded;
   }
-  loaded.project = decodeDocument<Ref<Project>>(request, decoder, out);
+  loaded.project = decodeDocument<Ref<Project>>(request, decoder, out, label);
   if (!choice.screen.empty()) {
     loaded.collection = handoff::findScreen(*loaded.project, Identifier(choice.screen));
     if (!loaded.collection) notFound("no screen with identifier " + choice.screen);
@@ -378,49 +380,15 @@ struct DiffRequest {
   std::string newer;  // the second snapshot document
   SnapshotChoice choice;
   std::string from, to;
+  std::string density;
   bool json = false;
 };
-
-std::string diffText(const handoff::SnapshotDiff& diff, bool asJson) {
-  std::string text;
-  if (!asJson) {
-    for (const auto& l : diff.added) text += "+ " + oneLine(l->name()) + "\n";
-    for (const auto& l : diff.removed) text += "- " + oneLine(l->name()) + "\n";
-    for (const auto& c : diff.changed) {
-      text += "~ " + oneLine(c.after->name()) + ":";
-      for (std::size_t k = 0; k < c.changes.size(); ++k) {
-        text += (k ? ", " : " ") + std::string(handoff::changeName(c.changes[k]));
-      }
-      text += "\n";
-    }
-    return text;
-  }
-  auto layer = [](const Layer& l) {
-    return "{\"sourceIdentifier\":" + json(l.sourceIdentifier().rawValue()) +
-           ",\"name\":" + json(l.name()) + "}";
-  };
-  auto list = [&](const std::vector<Ref<Layer>>& layers) {
-    std::string s = "[";
-    for (std::size_t i = 0; i < layers.size(); ++i) s += (i ? "," : "") + layer(*layers[i]);
-    return s + "]";
-  };
-  text = "{\"added\":" + list(diff.added) + ",\"removed\":" + list(diff.removed) + ",\"changed\":[";
-  for (std::size_t i = 0; i < diff.changed.size(); ++i) {
-    const auto& c = diff.changed[i];
-    text += (i ? ",{\"layer\":" : "{\"layer\":") + layer(*c.after) + ",\"changes\":[";
-    for (std::size_t k = 0; k < c.changes.size(); ++k) {
-      text += (k ? "," : "") + json(handoff::changeName(c.changes[k]));
-    }
-    text += "]}";
-  }
-  return text + "]}\n";
-}
 
 // As diff(1): 0 nothing changed, 1 something did, 2 every trouble.
 constexpr int kDiffTrouble = 2;
 
 // The two snapshots the request names, compared; 0 when they are alike, else 1.
-int compare(const DiffRequest& request, Output& out, JsonDecoder& decoder,
+int compare(const DiffRequest& request, Density density, Output& out, JsonDecoder& decoder,
             const Settings& settings);
 
 int diff(const DiffRequest& request, Output& out) {
@@ -437,9 +405,11 @@ int diff(const DiffRequest& request, Output& out) {
     return usageError("diff Project takes one document and --from VERSION_ID --to VERSION_ID");
   }
   if (!request.choice.versionId.empty()) return usageError("diff takes --from and --to");
+  std::optional<Density> density = densityOption(request.density);
+  if (!density) return kUsage;
   return runWithDecoder(request.document, [&](JsonDecoder& decoder, const Settings& settings) {
     try {
-      return compare(request, out, decoder, settings);
+      return compare(request, *density, out, decoder, settings);
     } catch (const CommandFailure& failure) {
       // Every trouble is 2 here, a document that does not decode included.
       throw CommandFailure{failure.status == kDecodingFailed ? kDiffTrouble : failure.status};
@@ -450,21 +420,28 @@ int diff(const DiffRequest& request, Output& out) {
   });
 }
 
-int compare(const DiffRequest& request, Output& out, JsonDecoder& decoder,
+int compare(const DiffRequest& request, Density density, Output& out, JsonDecoder& decoder,
             const Settings& settings) {
   const std::string& type = request.document.type;
   Ref<Snapshot> before, after;
+  Ref<Project> project;
   if (type == "Snapshot") {
-    before = loadSnapshot(request.document, request.choice, out, decoder).snapshot;
+    // Two documents: the one that does not decode is named.
+    before = loadSnapshot(request.document, request.choice, out, decoder,
+                          "OLD (" + oneLine(inputName(request.document.file)) + "): ")
+                 .snapshot;
     Request second = request.document;
     second.file = request.newer;
     JsonDecoder other(settings.decoding);
-    after = loadSnapshot(second, request.choice, out, other).snapshot;
+    after = loadSnapshot(second, request.choice, out, other,
+                         "NEW (" + oneLine(inputName(request.newer)) + "): ")
+                .snapshot;
   } else {
     SnapshotChoice choice = request.choice;
     choice.versionId = request.from;
     Loaded loaded = loadSnapshot(request.document, choice, out, decoder);
     before = loaded.snapshot;
+    project = loaded.project;
     Ref<Version> version = handoff::findVersion(*loaded.collection, Identifier(request.to));
     if (!version) {
       notFound("no version with identifier " + request.to + " in " +
@@ -472,8 +449,12 @@ int compare(const DiffRequest& request, Output& out, JsonDecoder& decoder,
     }
     after = Ref<Snapshot>(loaded.project, version->snapshot().get());
   }
+  std::optional<handoff::StyleGuide> guide;
+  if (project) guide.emplace(*project);
+  handoff::FactOptions options{density, guide ? &*guide : nullptr, project.get()};
   handoff::SnapshotDiff diff = handoff::diffSnapshots(*before, *after);
-  out.write(diffText(diff, request.json));
+  out.write(request.json ? handoff::diffJson(diff, *before, *after, options)
+                         : handoff::diffText(diff, *before, *after, options));
   return diff.empty() ? 0 : 1;
 }
 
@@ -622,14 +603,18 @@ HandoffCommands::HandoffCommands(CLI::App& app) : state_(std::make_unique<State>
   addSnapshotOptions(*s.diffCommand, s.diff.choice);
   s.diffCommand->add_option("--from", s.diff.from, "Project: the older version's identifier");
   s.diffCommand->add_option("--to", s.diff.to, "Project: the newer version's identifier");
+  s.diffCommand->add_option("--density", s.diff.density, kDensityHelp);
   s.diffCommand->add_flag("--json", s.diff.json, "Print the changes as JSON");
   addDecodingOptions(*s.diffCommand, s.diff.document);
   s.diffCommand->footer(
-      "Layers are matched by source identifier (shared ones paired in tree order); each "
-      "matched layer reports renamed, moved, resized, rotated, restyled, text, kind, "
-      "reparented. Lines: + NAME, - NAME, ~ NAME: changes. Exit status, as diff(1): 0 when "
-      "nothing changed, 1 when something did, 2 for every trouble, 3 when the output cannot be "
-      "written.");
+      "The snapshot's size, background, density, grid, links and assets are compared, then "
+      "every layer, matched by source identifier (shared ones paired in tree order): renamed, "
+      "moved, resized, rotated, restyled, text, kind, reparented; a coordinate that changed by "
+      "less than 0.01 did not change. Lines: one for the snapshot, then + NAME, - NAME, "
+      "~ NAME: moved 12,40 -> 12,52; restyled (positions on the artboard, lengths divided by "
+      "--density); --json adds each change's values before and after. A document that does not "
+      "decode is named OLD or NEW. Exit status, as diff(1): 0 when nothing changed, 1 when "
+      "something did, 2 for every trouble, 3 when the output cannot be written.");
 }
 
 HandoffCommands::~HandoffCommands() = default;
