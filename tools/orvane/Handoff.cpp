@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include <orvane/handoff/Assets.hpp>
 #include <orvane/handoff/Code.hpp>
 #include <orvane/handoff/Diff.hpp>
 #include <orvane/handoff/Find.hpp>
@@ -275,6 +276,21 @@ int inspect(const InspectRequest& request, Output& out) {
   });
 }
 
+struct AssetsRequest {
+  Request document;
+  SnapshotChoice choice;
+  bool json = false;
+};
+
+int assets(const AssetsRequest& request, Output& out) {
+  return runWithDecoder(request.document, [&](JsonDecoder& decoder, const Settings&) {
+    Loaded loaded = loadSnapshot(request.document, request.choice, out, decoder);
+    handoff::InspectNode tree = handoff::inspectAssets(*loaded.snapshot);
+    out.write(request.json ? handoff::inspectJson(tree) : handoff::inspectText(tree));
+    return 0;
+  });
+}
+
 struct MeasureRequest {
   Request document;
   SnapshotChoice choice;
@@ -469,12 +485,14 @@ struct HandoffCommands::State {
   InspectRequest inspect;
   MeasureRequest measure;
   DiffRequest diff;
+  AssetsRequest assets;
   CLI::App* renderCommand = nullptr;
   CLI::App* codeCommand = nullptr;
   CLI::App* tokensCommand = nullptr;
   CLI::App* inspectCommand = nullptr;
   CLI::App* measureCommand = nullptr;
   CLI::App* diffCommand = nullptr;
+  CLI::App* assetsCommand = nullptr;
 };
 
 namespace {
@@ -568,6 +586,21 @@ HandoffCommands::HandoffCommands(CLI::App& app) : state_(std::make_unique<State>
       "or what is named does not exist, 2 for a usage error, 3 when the output cannot be "
       "written.");
 
+  s.assetsCommand =
+      app.add_subcommand("assets", "List what a developer exports from a snapshot, by platform");
+  addDocumentOptions(*s.assetsCommand, s.assets.document, false);
+  addSnapshotOptions(*s.assetsCommand, s.assets.choice);
+  s.assetsCommand->add_flag("--json", s.assets.json, "Print the list as one JSON value");
+  s.assetsCommand->footer(
+      "TYPE is Snapshot, or Project with --screen ID or --component ID. Each asset (display "
+      "name, layer, bitmap or not, contents with density, format and URL) and each exportable "
+      "layer no asset comes from, with its file names for iOS (NAME.png, NAME@2x.png, "
+      "NAME@3x.png, NAME.pdf, NAME.svg), Android (drawable-mdpi/NAME.png ... "
+      "drawable-xxxhdpi/NAME.png, snake case) and the web (NAME.png, NAME@2x.png, NAME.svg); "
+      "an exportable layer is a PNG at 1x, 2x and 3x. Names are unique in the list. Nothing is "
+      "downloaded. Exit status: 0 on success, 1 when the document does not decode or what is "
+      "named does not exist, 2 for a usage error, 3 when the output cannot be written.");
+
   s.measureCommand =
       app.add_subcommand("measure", "Measure the distances between two layers, or around one");
   s.measureCommand->add_option("TYPE", s.measure.document.type, "Snapshot or Project")->required();
@@ -627,6 +660,7 @@ std::optional<int> HandoffCommands::run(Output& out) const {
   if (s.inspectCommand->parsed()) return inspect(s.inspect, out);
   if (s.measureCommand->parsed()) return measure(s.measure, out);
   if (s.diffCommand->parsed()) return diff(s.diff, out);
+  if (s.assetsCommand->parsed()) return assets(s.assets, out);
   return std::nullopt;
 }
 
