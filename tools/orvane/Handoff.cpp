@@ -1,5 +1,6 @@
 #include "Handoff.hpp"
 
+#include <cmath>
 #include <iostream>
 #include <new>
 #include <string>
@@ -299,10 +300,13 @@ struct MeasureRequest {
   bool json = false;
 };
 
-// Lengths as --density asks for them.
+// Lengths as --density asks for them; in JSON, one that is not a number is null.
 struct Lengths {
   double scale = 1;
   std::string operator()(double value) const { return number(value / scale); }
+  std::string json(double value) const {
+    return std::isfinite(value / scale) ? number(value / scale) : "null";
+  }
 };
 
 std::string measurementText(const handoff::Measurement& m, const Layer& a, const Layer& b,
@@ -313,15 +317,16 @@ std::string measurementText(const handoff::Measurement& m, const Layer& a, const
                        ",\"b\":" + json(b.identifier().rawValue()) + ",\"relation\":";
     switch (m.relation) {
       case Relation::apart:
-        text += "\"apart\",\"horizontal\":" + n(m.horizontal) + ",\"vertical\":" + n(m.vertical);
+        text += "\"apart\",\"horizontal\":" + n.json(m.horizontal) +
+                ",\"vertical\":" + n.json(m.vertical);
         break;
       case Relation::inside:
         text += std::string("\"inside\",\"inner\":\"") + (m.innerIsA ? "a" : "b") +
-                "\",\"top\":" + n(m.top) + ",\"right\":" + n(m.right) +
-                ",\"bottom\":" + n(m.bottom) + ",\"left\":" + n(m.left);
+                "\",\"top\":" + n.json(m.top) + ",\"right\":" + n.json(m.right) +
+                ",\"bottom\":" + n.json(m.bottom) + ",\"left\":" + n.json(m.left);
         break;
       case Relation::overlap:
-        text += "\"overlap\",\"width\":" + n(m.width) + ",\"height\":" + n(m.height);
+        text += "\"overlap\",\"width\":" + n.json(m.width) + ",\"height\":" + n.json(m.height);
         break;
     }
     return text + "}\n";
@@ -342,8 +347,8 @@ std::string measurementText(const handoff::Measurement& m, const Layer& a, const
 }
 
 std::string insetsJson(const handoff::Insets& i, const Lengths& n) {
-  return "{\"top\":" + n(i.top) + ",\"right\":" + n(i.right) + ",\"bottom\":" + n(i.bottom) +
-         ",\"left\":" + n(i.left) + "}";
+  return "{\"top\":" + n.json(i.top) + ",\"right\":" + n.json(i.right) +
+         ",\"bottom\":" + n.json(i.bottom) + ",\"left\":" + n.json(i.left) + "}";
 }
 
 std::string insetsText(const handoff::Insets& i, const Lengths& n) {
