@@ -11,6 +11,7 @@ set(ORVANE_PUBLIC_HEADERS
     orvane/coding/Ref.hpp
     orvane/coding/SingleValueCodable.hpp
     orvane/coding/UserInfo.hpp
+    orvane/handoff/Assets.hpp
     orvane/handoff/Code.hpp
     orvane/handoff/Diff.hpp
     orvane/handoff/Find.hpp
@@ -128,6 +129,7 @@ set(ORVANE_JSON_SOURCES
 
 # The hand-off outputs: read the model through its public accessors, nothing more.
 set(ORVANE_HANDOFF_SOURCES
+    orvane/handoff/Assets.cpp
     orvane/handoff/Code.cpp
     orvane/handoff/Diff.cpp
     orvane/handoff/Find.cpp

@@ -71,52 +71,67 @@ std::vector<Ref<Layer>> allLayers(const Snapshot& snapshot) {
 }
 
 FoundLayer findLayer(const Snapshot& snapshot, std::string_view name) {
-  std::vector<Ref<Layer>> layers = allLayers(snapshot);
-  for (const auto& layer : layers) {
-    if (layer->identifier().rawValue() == name) return {layer, {}};
-  }
-  std::vector<Ref<Layer>> named;
-  for (const auto& layer : layers) {
-    if (layer->name() == name) named.push_back(layer);
-  }
-  if (named.size() == 1) return {named.front(), {}};
-  if (named.size() > 1) {
-    return {nullptr, std::to_string(named.size()) + " layers are named " + std::string(name) +
-                         ": name one by its identifier or its path"};
-  }
-  // A path of names, from the top level down.
-  std::vector<Ref<Layer>> level =
-      snapshot.layers() ? *snapshot.layers() : std::vector<Ref<Layer>>{};
-  std::vector<Ref<Layer>> matches;
-  std::string_view rest = name;
-  bool first = true;
-  while (true) {
-    std::size_t slash = rest.find('/');
-    std::string_view part = rest.substr(0, slash);
-    if (!first) {
-      level.clear();
-      for (const auto& m : matches) {
-        if (m->kind() && m->kind()->asGroup()) {
-          for (const auto& child : m->kind()->asGroup()->layers) {
-            if (child) level.push_back(child);
-          }
-        }
-      }
+  // One walk answers all three ways at once. Each layer visited keeps its parent's place in
+  // `visited` (for the paths of the candidates) and where its own name must start in `name`
+  // for its path to match (npos once an ancestor's name did not).
+  constexpr std::size_t npos = std::string_view::npos;
+  struct Visit {
+    Ref<Layer> layer;
+    std::size_t parent;  // index into `visited`, npos at the top
+    std::size_t at;      // where this layer's name starts in `name`, or npos
+  };
+  std::vector<Visit> visited, stack;
+  std::vector<std::size_t> matches;
+  std::unordered_set<const Layer*> seen;
+  auto push = [&](const std::vector<Ref<Layer>>& layers, std::size_t parent, std::size_t at) {
+    for (auto it = layers.rbegin(); it != layers.rend(); ++it) {
+      if (*it) stack.push_back({*it, parent, at});
     }
-    first = false;
-    matches.clear();
-    for (const auto& layer : level) {
-      if (layer && layer->name() == part) matches.push_back(layer);
+  };
+  if (snapshot.layers()) push(*snapshot.layers(), npos, 0);
+  while (!stack.empty()) {
+    Visit v = std::move(stack.back());
+    stack.pop_back();
+    if (!seen.insert(v.layer.get()).second) continue;
+    const std::string& own = v.layer->name();
+    bool pathMatches = false;
+    std::size_t childAt = npos;
+    if (v.at != npos && name.substr(v.at).starts_with(own)) {
+      std::size_t end = v.at + own.size();
+      pathMatches = end == name.size();
+      if (end < name.size() && name[end] == '/') childAt = end + 1;
     }
-    if (slash == std::string_view::npos || matches.empty()) break;
-    rest.remove_prefix(slash + 1);
+    if (pathMatches || own == name || v.layer->identifier().rawValue() == name) {
+      matches.push_back(visited.size());
+    }
+    visited.push_back(v);
+    if (v.layer->kind() && v.layer->kind()->asGroup()) {
+      push(v.layer->kind()->asGroup()->layers, visited.size() - 1, childAt);
+    }
   }
-  if (matches.size() == 1 && name.find('/') != std::string_view::npos) return {matches.front(), {}};
-  if (matches.size() > 1) {
-    return {nullptr, std::to_string(matches.size()) + " layers lie at " + std::string(name) +
-                         ": name one by its identifier"};
+
+  FoundLayer found;
+  for (std::size_t index : matches) {
+    std::vector<std::string_view> names;
+    for (std::size_t k = index; k != npos; k = visited[k].parent) {
+      names.push_back(visited[k].layer->name());
+    }
+    std::string path;
+    for (auto it = names.rbegin(); it != names.rend(); ++it) {
+      if (it != names.rbegin()) path += '/';
+      path += *it;
+    }
+    found.candidates.push_back({visited[index].layer, std::move(path)});
   }
-  return {nullptr, "no layer " + std::string(name)};
+  if (found.candidates.size() == 1) {
+    found.layer = found.candidates.front().layer;
+  } else if (found.candidates.empty()) {
+    found.error = "no layer " + std::string(name);
+  } else {
+    found.error = std::string(name) + " names " + std::to_string(found.candidates.size()) +
+                  " layers; name one by its identifier or its path:";
+  }
+  return found;
 }
 
 }  // namespace orvane::handoff

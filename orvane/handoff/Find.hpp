@@ -31,14 +31,25 @@ Ref<Version> findVersion(const VersionCollection& collection,
 /// children; a group found twice is walked once.
 std::vector<Ref<Layer>> allLayers(const Snapshot& snapshot);
 
+/// A layer that a name could mean, with the path that leads to it.
+struct LayerCandidate {
+  Ref<Layer> layer;  ///< the layer
+  std::string path;  ///< its names from the top, joined by `/` (`Card/Title`)
+};
+
 /// A layer named as a person names it, or why none is.
 struct FoundLayer {
   Ref<Layer> layer;   ///< the layer; null when none or several match
   std::string error;  ///< why not, as one line
+  /// Every layer the name could mean, in tree order: the one found, or all of them when the
+  /// name is ambiguous (none when nothing matches).
+  std::vector<LayerCandidate> candidates;
 };
 
-/// The layer `name` names: its identifier, else its name when exactly one layer has it, else
-/// the path of names from the top (`Card/Title`) when exactly one path matches.
+/// The layer `name` names: the one whose identifier it is, or whose name it is, or whose path
+/// of names from the top it is (`Card/Title`). When these ways lead to more than one layer
+/// (two layers of that name, a name that is another layer's identifier or path), none is
+/// chosen: `candidates` lists them all. A name containing `/` matches as a name and as a path.
 FoundLayer findLayer(const Snapshot& snapshot, std::string_view name);
 
 }  // namespace orvane::handoff

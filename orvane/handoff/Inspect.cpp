@@ -4,7 +4,9 @@
 #include <cmath>
 #include <unordered_set>
 
+#include <orvane/handoff/Code.hpp>
 #include <orvane/handoff/Paint.hpp>
+#include <orvane/handoff/Text.hpp>
 #include <orvane/internal/DateText.hpp>
 #include <orvane/internal/Markup.hpp>
 #include <orvane/project/ComponentSection.hpp>
@@ -31,16 +33,6 @@ std::string json(double value) {
   return std::isfinite(value) ? number(value) : "null";
 }
 
-std::string jsonRect(const Rect& r) {
-  return "{\"x\":" + json(r.minX()) + ",\"y\":" + json(r.minY()) + ",\"width\":" + json(r.width()) +
-         ",\"height\":" + json(r.height()) + "}";
-}
-
-std::string textRect(const Rect& r) {
-  return "(" + number(r.minX()) + ", " + number(r.minY()) + ", " + number(r.width()) + " × " +
-         number(r.height()) + ")";
-}
-
 std::string dateText(Date date) {
   return detail::formatUtc(date, 0);
 }
@@ -57,7 +49,211 @@ void fact(InspectNode& n, std::string name, std::string value) {
   n.facts.emplace_back(std::move(name), std::move(value));
 }
 
+// The whole of an entry as JSON, its lists included.
+void writeJson(std::string& out, const InspectNode& n);
+
+template <class E>
+std::string jsonEnum(const std::optional<E>& value) {
+  return value ? json(rawValue(*value)) : "null";
+}
+
+std::string jsonNumber(const std::optional<double>& value) {
+  return value ? json(*value) : "null";
+}
+
+std::string jsonPoint(const Point& p) {
+  return "{\"x\":" + json(p.x) + ",\"y\":" + json(p.y) + "}";
+}
+
+// A list as a JSON array of what `each` writes of its entries; no list is null.
+template <class T, class Each>
+std::string jsonList(const std::optional<std::vector<Ref<T>>>& list, Each&& each) {
+  if (!list) return "null";
+  std::string out = "[";
+  for (const auto& item : *list) {
+    if (out.size() > 1) out += ',';
+    out += item ? each(*item) : "null";
+  }
+  return out + "]";
+}
+
+// The facts of one snapshot as the options ask for them: lengths divided by the scale, colors
+// and text styles named by their tokens.
+class Writer {
+ public:
+  explicit Writer(const FactOptions& options)
+      : options_(options), scale_(densityScale(options.density)) {}
+
+  const FactOptions& options() const { return options_; }
+
+  std::string length(double value) const { return json(value / scale_); }
+  std::string length(const std::optional<double>& value) const {
+    return value ? length(*value) : "null";
+  }
+  std::string lengthText(double value) const { return number(value / scale_); }
+
+  std::string rect(const Rect& r) const {
+    return "{\"x\":" + length(r.minX()) + ",\"y\":" + length(r.minY()) +
+           ",\"width\":" + length(r.width()) + ",\"height\":" + length(r.height()) + "}";
+  }
+  std::string rectText(const Rect& r) const {
+    return "(" + lengthText(r.minX()) + ", " + lengthText(r.minY()) + ", " + lengthText(r.width()) +
+           " × " + lengthText(r.height()) + ")";
+  }
+  std::string size(const Size& s) const {
+    return "{\"width\":" + length(s.width) + ",\"height\":" + length(s.height) + "}";
+  }
+
+  const ProjectColor* colorToken(const Color& color) const {
+    if (!options_.styleGuide) return nullptr;
+    const auto* token = options_.styleGuide->color(color);
+    return token ? token->value.get() : nullptr;
+  }
+  const ProjectTextStyle* textStyleToken(const TextStyle& style) const {
+    if (!options_.styleGuide) return nullptr;
+    const auto* token = options_.styleGuide->textStyle(style);
+    return token ? token->value.get() : nullptr;
+  }
+
+  std::string color(const Color* color) const {
+    if (!color) return "null";
+    Rgba value = rgba(*color);
+    std::string out = "{\"hex\":" + json(value.hex()) + ",\"alpha\":" + json(value.alpha);
+    if (const auto* token = colorToken(*color)) out += ",\"token\":" + json(token->name());
+    return out + "}";
+  }
+  // As a person reads it: the color with `opacity` in its alpha, and its token.
+  std::string colorText(const Color& color, double opacity = 1) const {
+    std::string out = rgba(color, opacity).css();
+    if (const auto* token = colorToken(color)) out += " (" + token->name() + ")";
+    return out;
+  }
+
+  std::string gradient(const Gradient& g) const {
+    std::string out = "{\"kind\":" + jsonEnum(g.kind()) + ",\"from\":" + jsonPoint(g.from()) +
+                      ",\"to\":" + jsonPoint(g.to()) + ",\"angle\":" + jsonNumber(g.angle()) +
+                      ",\"scale\":" + jsonNumber(g.scale()) + ",\"stops\":[";
+    bool first = true;
+    for (const auto& stop : g.stops()) {
+      if (!first) out += ',';
+      first = false;
+      out += stop ? "{\"position\":" + json(stop->position()) +
+                        ",\"color\":" + color(stop->color().get()) + "}"
+                  : "null";
+    }
+    return out + "]}";
+  }
+
+  std::string fill(const Fill* fill) const {
+    if (!fill) return "null";
+    std::string out = "{\"kind\":";
+    const auto& kind = fill->kind();
+    if (!kind) {
+      out += "null";
+    } else if (const auto* c = kind->asColor()) {
+      out += "\"color\",\"color\":" + color(c->color.get());
+    } else if (const auto* g = kind->asGradient()) {
+      out += "\"gradient\",\"gradient\":" + (g->gradient ? gradient(*g->gradient) : "null");
+    }
+    return out + ",\"opacity\":" + jsonNumber(fill->opacity()) +
+           ",\"blendMode\":" + jsonEnum(fill->blendMode()) + "}";
+  }
+  // A fill in a few words: its color, or its gradient's kind.
+  std::string fillText(const Fill& fill) const {
+    std::string out;
+    if (!fill.kind()) return "unknown paint";
+    if (const auto* c = fill.kind()->asColor(); c && c->color) {
+      out = colorText(*c->color, fill.opacity().value_or(1));
+    } else if (const auto* g = fill.kind()->asGradient(); g && g->gradient) {
+      out = (g->gradient->kind() ? std::string(rawValue(*g->gradient->kind())) + " " : "") +
+            "gradient";
+      if (fill.opacity() && *fill.opacity() != 1) out += " at " + number(*fill.opacity());
+    } else {
+      out = "unknown paint";
+    }
+    if (fill.blendMode()) out += " " + std::string(rawValue(*fill.blendMode()));
+    return out;
+  }
+
+  std::string border(const Border& b) const {
+    return "{\"position\":" + jsonEnum(b.position()) + ",\"thickness\":" + length(b.thickness()) +
+           ",\"fill\":" + fill(b.fill().get()) + "}";
+  }
+  std::string shadow(const Shadow& s) const {
+    return "{\"kind\":" + jsonEnum(s.kind()) + ",\"x\":" + length(s.x()) +
+           ",\"y\":" + length(s.y()) + ",\"blurRadius\":" + length(s.blurRadius()) +
+           ",\"spread\":" + length(s.spread()) + ",\"color\":" + color(s.color().get()) + "}";
+  }
+  std::string blur(const Blur* b) const {
+    if (!b) return "null";
+    return "{\"kind\":" + jsonEnum(b->kind()) + ",\"radius\":" + length(b->radius()) + "}";
+  }
+
+  std::string textStyle(const RangedTextStyle& ranged) const {
+    std::string out = "{\"range\":{\"location\":" + std::to_string(ranged.range().location) +
+                      ",\"length\":" + std::to_string(ranged.range().length) + "}";
+    const TextStyle* style = ranged.textStyle().get();
+    if (!style) return out + ",\"fontName\":null}";
+    std::vector<Fact> facts;
+    styleFacts(facts, *style);
+    for (const auto& [name, value] : facts) out += "," + json(name) + ":" + value;
+    if (const auto* token = textStyleToken(*style)) out += ",\"token\":" + json(token->name());
+    return out + "}";
+  }
+  // A text style's own facts: its face as written and as read, its lengths, color, alignment.
+  void styleFacts(std::vector<Fact>& facts, const TextStyle& style) const {
+    FontFace face = fontFace(style.fontName());
+    facts.emplace_back("fontName", json(style.fontName()));
+    facts.emplace_back("fontFamily", json(face.family));
+    facts.emplace_back("fontWeight", std::to_string(face.weight));
+    facts.emplace_back("fontStyle", face.italic ? "\"italic\"" : "\"normal\"");
+    facts.emplace_back("fontSize", length(style.fontSize()));
+    facts.emplace_back("lineHeight", length(style.lineHeight()));
+    facts.emplace_back("letterSpacing", length(style.letterSpacing()));
+    facts.emplace_back("color", color(style.color().get()));
+    facts.emplace_back("alignment", jsonEnum(style.alignment()));
+  }
+  // A text style in a few words: face, size and line height, color, token.
+  std::string textStyleText(const TextStyle& style) const {
+    std::string out = style.fontName() + " " + lengthText(style.fontSize());
+    if (style.lineHeight()) out += "/" + lengthText(*style.lineHeight());
+    if (style.color()) out += " " + rgba(*style.color()).css();
+    if (const auto* token = textStyleToken(style)) out += " (" + token->name() + ")";
+    return out;
+  }
+
+  std::string gridJson(const Grid* grid) const {
+    if (!grid) return "null";
+    std::string out =
+        "{\"horizontalOffset\":" + length(grid->horizontalOffset()) + ",\"vertical\":";
+    if (const auto& v = grid->vertical()) {
+      out += "{\"columnWidth\":" + length(v->columnWidth()) +
+             ",\"columnCount\":" + std::to_string(v->columnCount()) +
+             ",\"gutterWidth\":" + length(v->gutterWidth()) +
+             ",\"hasOutsideGutters\":" + (v->hasOutsideGutters() ? "true" : "false") + "}";
+    } else {
+      out += "null";
+    }
+    out += ",\"horizontal\":";
+    if (const auto& h = grid->horizontal()) {
+      out += "{\"rowHeight\":" + length(h->rowHeight()) +
+             ",\"gutterHeight\":" + length(h->gutterHeight()) + "}";
+    } else {
+      out += "null";
+    }
+    return out + "}";
+  }
+
+ private:
+  const FactOptions& options_;
+  double scale_;
+};
+
+}  // namespace
+
 // --- Projects ----------------------------------------------------------------------------------
+
+namespace {
 
 InspectNode versionNode(const Version& version) {
   InspectNode n = node("version " + std::string(version.identifier().rawValue()));
@@ -144,7 +340,7 @@ InspectNode componentSectionNode(const ComponentSection& section,
 
 }  // namespace
 
-InspectNode inspectProject(const Project& project) {
+InspectNode inspectProject(const Project& project, Density density) {
   InspectNode root =
       node("project " + project.name() + " (" + std::string(project.identifier().rawValue()) + ")");
   fact(root, "name", json(project.name()));
@@ -226,13 +422,13 @@ InspectNode inspectProject(const Project& project) {
     }
   }
   if (project.textStyles()) {
+    FactOptions options{density, nullptr, nullptr};
+    Writer w(options);
     for (const auto& t : *project.textStyles()) {
       if (!t) continue;
-      InspectNode n =
-          node("text style " + t->name() + " " + t->fontName() + " " + number(t->fontSize()));
+      InspectNode n = node("text style " + t->name() + " " + w.textStyleText(*t));
       fact(n, "name", json(t->name()));
-      fact(n, "fontName", json(t->fontName()));
-      fact(n, "fontSize", json(t->fontSize()));
+      w.styleFacts(n.facts, *t);
       textStyles.push_back(std::move(n));
     }
   }
@@ -259,149 +455,262 @@ std::string kindName(const Layer& layer) {
   return layer.kind() ? std::string(rawValue(layer.kind()->key())) : "unknown";
 }
 
-std::string styleSummary(const Layer& layer) {
+// The start of a text on one line.
+std::string excerpt(const std::string& content) {
+  std::string shown = content;
+  if (shown.size() > 24) {
+    std::size_t cut = 24;
+    while (cut > 0 && (static_cast<unsigned char>(shown[cut]) & 0xC0) == 0x80) --cut;
+    shown = shown.substr(0, cut) + "…";
+  }
+  for (char& c : shown) {
+    if (c == '\n' || c == '\r' || c == '\t') c = ' ';
+  }
+  return "\"" + shown + "\"";
+}
+
+std::string styleSummary(const Layer& layer, const Writer& w) {
   std::vector<std::string> parts;
   if (layer.fills()) {
     for (const auto& f : *layer.fills()) {
-      if (!f || !f->kind()) continue;
-      if (const auto* c = f->kind()->asColor(); c && c->color) {
-        parts.push_back("fill " + rgba(*c->color, f->opacity().value_or(1)).css());
-      } else if (const auto* g = f->kind()->asGradient(); g && g->gradient) {
-        parts.push_back(std::string(g->gradient->kind() ? rawValue(*g->gradient->kind()) : "") +
-                        " gradient");
-      }
+      if (f) parts.push_back("fill " + w.fillText(*f));
     }
   }
   if (layer.borders()) {
     for (const auto& b : *layer.borders()) {
-      if (b) {
-        parts.push_back("border " + number(b->thickness()) +
-                        (b->position() ? " " + std::string(rawValue(*b->position())) : ""));
-      }
+      if (!b) continue;
+      std::string part = "border " + w.lengthText(b->thickness());
+      if (b->position()) part += " " + std::string(rawValue(*b->position()));
+      if (b->fill()) part += " " + w.fillText(*b->fill());
+      parts.push_back(std::move(part));
     }
   }
-  if (layer.shadows() && !layer.shadows()->empty()) {
-    parts.push_back(std::to_string(layer.shadows()->size()) +
-                    (layer.shadows()->size() == 1 ? " shadow" : " shadows"));
+  if (layer.shadows()) {
+    for (const auto& s : *layer.shadows()) {
+      if (!s) continue;
+      std::string part = s->kind() == Shadow::Kind::inner ? "inner shadow " : "shadow ";
+      part += w.lengthText(s->x()) + "," + w.lengthText(s->y()) + " blur " +
+              w.lengthText(s->blurRadius());
+      if (s->spread() != 0) part += " spread " + w.lengthText(s->spread());
+      if (s->color()) part += " " + w.colorText(*s->color());
+      parts.push_back(std::move(part));
+    }
   }
-  if (layer.blur()) parts.push_back("blur " + number(layer.blur()->radius()));
-  if (layer.cornerRadius() != 0) parts.push_back("radius " + number(layer.cornerRadius()));
+  if (const auto& blur = layer.blur()) {
+    parts.push_back(std::string(blur->kind() == Blur::Kind::background ? "background " : "") +
+                    "blur " + w.lengthText(blur->radius()));
+  }
+  if (layer.cornerRadius() != 0) parts.push_back("radius " + w.lengthText(layer.cornerRadius()));
   if (layer.opacity() != 1) parts.push_back("opacity " + number(layer.opacity()));
   if (layer.rotation() && *layer.rotation() != 0) {
     parts.push_back("rotated " + number(*layer.rotation()) + "°");
   }
   if (layer.blendMode()) parts.push_back(std::string(rawValue(*layer.blendMode())));
-  if (layer.kind() && layer.kind()->asText()) {
-    const std::string& content = layer.kind()->asText()->content;
-    std::string shown = content;
-    if (shown.size() > 24) {
-      std::size_t cut = 24;
-      while (cut > 0 && (static_cast<unsigned char>(shown[cut]) & 0xC0) == 0x80) --cut;
-      shown = shown.substr(0, cut) + "…";
+  if (const auto* text = layer.kind() ? layer.kind()->asText() : nullptr) {
+    std::string part = excerpt(text->content);
+    std::size_t styles = 0;
+    for (const auto& ranged : text->rangedTextStyles) {
+      if (!ranged || !ranged->textStyle()) continue;
+      if (styles++ == 0) part += " " + w.textStyleText(*ranged->textStyle());
     }
-    for (char& c : shown) {
-      if (c == '\n' || c == '\r' || c == '\t') c = ' ';
+    if (styles > 1) {
+      part += " and " + std::to_string(styles - 1) + (styles == 2 ? " more style" : " more styles");
     }
-    parts.push_back("\"" + shown + "\"");
+    parts.push_back(std::move(part));
   }
   std::string out;
   for (const auto& p : parts) out += (out.empty() ? "" : ", ") + p;
   return out;
 }
 
-InspectNode layerNode(const Layer& layer, std::unordered_set<const Layer*>& seen) {
-  std::string summary = styleSummary(layer);
+std::vector<Fact> layerFactsWith(const Layer& layer, const Writer& w) {
+  std::vector<Fact> facts;
+  facts.reserve(16);
+  facts.emplace_back("identifier", json(layer.identifier().rawValue()));
+  facts.emplace_back("kind", layer.kind() ? json(rawValue(layer.kind()->key())) : "null");
+  facts.emplace_back("name", json(layer.name()));
+  facts.emplace_back("frame", w.rect(layer.frame()));
+  facts.emplace_back("absoluteFrame", w.rect(layer.absoluteFrame()));
+  facts.emplace_back("isExportable", layer.isExportable() ? "true" : "false");
+  facts.emplace_back("opacity", json(layer.opacity()));
+  facts.emplace_back("blendMode", jsonEnum(layer.blendMode()));
+  facts.emplace_back("rotation", jsonNumber(layer.rotation()));
+  facts.emplace_back("cornerRadius", w.length(layer.cornerRadius()));
+  facts.emplace_back("fills", jsonList(layer.fills(), [&](const Fill& f) { return w.fill(&f); }));
+  facts.emplace_back("borders",
+                     jsonList(layer.borders(), [&](const Border& b) { return w.border(b); }));
+  facts.emplace_back("shadows",
+                     jsonList(layer.shadows(), [&](const Shadow& s) { return w.shadow(s); }));
+  facts.emplace_back("blur", w.blur(layer.blur().get()));
+  if (const auto* text = layer.kind() ? layer.kind()->asText() : nullptr) {
+    facts.emplace_back("content", json(text->content));
+    facts.emplace_back("textStyles",
+                       jsonList(std::optional(text->rangedTextStyles),
+                                [&](const RangedTextStyle& r) { return w.textStyle(r); }));
+  }
+  return facts;
+}
+
+InspectNode layerNode(const Layer& layer, const Writer& w, std::unordered_set<const Layer*>& seen) {
+  std::string summary = styleSummary(layer, w);
   InspectNode n = node(kindName(layer) + " " + layer.name() + " (" +
                        std::string(layer.identifier().rawValue()) + ") " +
-                       textRect(layer.absoluteFrame()) + (summary.empty() ? "" : ", " + summary));
-  fact(n, "identifier", json(layer.identifier().rawValue()));
-  fact(n, "kind", layer.kind() ? json(rawValue(layer.kind()->key())) : "null");
-  fact(n, "name", json(layer.name()));
-  fact(n, "absoluteFrame", jsonRect(layer.absoluteFrame()));
-  fact(n, "style", json(summary));
+                       w.rectText(layer.absoluteFrame()) + (summary.empty() ? "" : ", " + summary));
+  n.facts = layerFactsWith(layer, w);
   if (layer.kind() && layer.kind()->asGroup()) {
     std::vector<InspectNode> children;
     for (const auto& child : layer.kind()->asGroup()->layers) {
-      if (child && seen.insert(child.get()).second) children.push_back(layerNode(*child, seen));
+      if (child && seen.insert(child.get()).second) children.push_back(layerNode(*child, w, seen));
     }
     n.lists.emplace_back("layers", std::move(children));
   }
   return n;
 }
 
+InspectNode linkNode(const Link& link, const Writer& w) {
+  const Project* project = w.options().project;
+  std::string to = "nowhere";
+  std::string screenId = "null";
+  if (link.destination() && link.destination()->kind()) {
+    const auto& kind = *link.destination()->kind();
+    to = kind.asScreen() ? "screen " + kind.asScreen()->name : "the previous screen";
+    if (kind.asScreen() && project && project->screensByIdentifier()) {
+      for (const auto& [id, screen] : *project->screensByIdentifier()) {
+        if (screen && screen->name() == kind.asScreen()->name) {
+          screenId = json(id.rawValue());
+          to += " (" + std::string(id.rawValue()) + ")";
+          break;
+        }
+      }
+    }
+  }
+  InspectNode n = node("link " + w.rectText(link.frame()) + " to " + to);
+  fact(n, "sourceIdentifier",
+       link.sourceIdentifier() ? json(link.sourceIdentifier()->rawValue()) : "null");
+  fact(n, "frame", w.rect(link.frame()));
+  fact(n, "destination", json(to));
+  fact(n, "screen", screenId);
+  return n;
+}
+
+InspectNode assetNode(const Asset& asset) {
+  InspectNode n = node("asset " + asset.displayName() + " from " + asset.layerName() +
+                       (asset.isBitmap() ? ", bitmap" : ""));
+  fact(n, "displayName", json(asset.displayName()));
+  fact(n, "layerName", json(asset.layerName()));
+  fact(n, "layerIdentifier",
+       asset.layerIdentifier() ? json(asset.layerIdentifier()->rawValue()) : "null");
+  fact(n, "isBitmap", asset.isBitmap() ? "true" : "false");
+  std::vector<InspectNode> contents;
+  for (const auto& c : asset.contents()) {
+    if (!c) continue;
+    std::string format = c->format() ? std::string(rawValue(*c->format())) : "unknown format";
+    InspectNode cn =
+        node(format + (c->density() ? " at " + std::string(rawValue(*c->density())) : "") +
+             (c->url() ? ", " + std::string(c->url()->text()) : ""));
+    fact(cn, "density", jsonEnum(c->density()));
+    fact(cn, "format", jsonEnum(c->format()));
+    fact(cn, "url", c->url() ? json(c->url()->text()) : "null");
+    contents.push_back(std::move(cn));
+  }
+  n.lists.emplace_back("contents", std::move(contents));
+  return n;
+}
+
+std::vector<InspectNode> linkNodes(const Snapshot& snapshot, const Writer& w) {
+  std::vector<InspectNode> links;
+  if (snapshot.links()) {
+    for (const auto& link : *snapshot.links()) {
+      if (link) links.push_back(linkNode(*link, w));
+    }
+  }
+  return links;
+}
+
+std::vector<InspectNode> assetNodes(const Snapshot& snapshot) {
+  std::vector<InspectNode> assets;
+  if (snapshot.assets()) {
+    for (const auto& asset : *snapshot.assets()) {
+      if (asset) assets.push_back(assetNode(*asset));
+    }
+  }
+  return assets;
+}
+
+// The facts at the root of a snapshot's tree, its lists aside.
+std::vector<Fact> ownFacts(const Snapshot& snapshot, const Writer& w) {
+  std::vector<Fact> facts;
+  facts.emplace_back("identifier", json(snapshot.identifier().rawValue()));
+  facts.emplace_back("size", w.size(snapshot.size()));
+  facts.emplace_back("url", snapshot.url() ? json(snapshot.url()->text()) : "null");
+  facts.emplace_back("source", jsonEnum(snapshot.source()));
+  facts.emplace_back("density", jsonEnum(snapshot.density()));
+  facts.emplace_back("backgroundColor", w.color(snapshot.backgroundColor().get()));
+  facts.emplace_back("grid", w.gridJson(snapshot.grid().get()));
+  return facts;
+}
+
+std::string gridText(const Grid& grid, const Writer& w) {
+  std::string out = "grid";
+  if (const auto& v = grid.vertical()) {
+    out += " " + std::to_string(v->columnCount()) + " columns of " +
+           w.lengthText(v->columnWidth()) + ", gutter " + w.lengthText(v->gutterWidth());
+  }
+  if (const auto& h = grid.horizontal()) {
+    out += std::string(grid.vertical() ? ";" : "") + " rows of " + w.lengthText(h->rowHeight()) +
+           ", gutter " + w.lengthText(h->gutterHeight());
+  }
+  return out;
+}
+
 }  // namespace
 
-InspectNode inspectSnapshot(const Snapshot& snapshot, const Project* project) {
-  InspectNode root = node("snapshot " + std::string(snapshot.identifier().rawValue()) + ", " +
-                          number(snapshot.size().width) + " × " + number(snapshot.size().height));
-  fact(root, "identifier", json(snapshot.identifier().rawValue()));
-  fact(root, "size",
-       "{\"width\":" + json(snapshot.size().width) + ",\"height\":" + json(snapshot.size().height) +
-           "}");
-  fact(root, "source", snapshot.source() ? json(rawValue(*snapshot.source())) : "null");
-  fact(root, "density", snapshot.density() ? json(rawValue(*snapshot.density())) : "null");
+std::vector<Fact> layerFacts(const Layer& layer, const FactOptions& options) {
+  return layerFactsWith(layer, Writer(options));
+}
+
+std::vector<Fact> snapshotFacts(const Snapshot& snapshot, const FactOptions& options) {
+  Writer w(options);
+  std::vector<Fact> facts = ownFacts(snapshot, w);
+  auto array = [](const std::vector<InspectNode>& nodes) {
+    std::string out = "[";
+    for (const auto& n : nodes) {
+      if (out.size() > 1) out += ',';
+      writeJson(out, n);
+    }
+    return out + "]";
+  };
+  facts.emplace_back("links", array(linkNodes(snapshot, w)));
+  facts.emplace_back("assets", array(assetNodes(snapshot)));
+  return facts;
+}
+
+InspectNode inspectSnapshot(const Snapshot& snapshot, const Project* project, Density density) {
+  std::optional<StyleGuide> guide;
+  if (project) guide.emplace(*project);
+  FactOptions options{density, guide ? &*guide : nullptr, project};
+  Writer w(options);
+  InspectNode root =
+      node("snapshot " + std::string(snapshot.identifier().rawValue()) + ", " +
+           w.lengthText(snapshot.size().width) + " × " + w.lengthText(snapshot.size().height));
+  root.facts = ownFacts(snapshot, w);
   if (snapshot.source()) root.line += ", from " + std::string(rawValue(*snapshot.source()));
   if (snapshot.density()) root.line += ", " + std::string(rawValue(*snapshot.density()));
+  if (snapshot.backgroundColor()) {
+    root.line += ", background " + w.colorText(*snapshot.backgroundColor());
+  }
+  if (snapshot.grid()) root.line += ", " + gridText(*snapshot.grid(), w);
 
   std::vector<InspectNode> layers;
   std::unordered_set<const Layer*> seen;
   if (snapshot.layers()) {
     for (const auto& l : *snapshot.layers()) {
-      if (l && seen.insert(l.get()).second) layers.push_back(layerNode(*l, seen));
+      if (l && seen.insert(l.get()).second) layers.push_back(layerNode(*l, w, seen));
     }
   }
   root.lists.emplace_back("layers", std::move(layers));
-
-  std::vector<InspectNode> links;
-  if (snapshot.links()) {
-    for (const auto& link : *snapshot.links()) {
-      if (!link) continue;
-      std::string to = "nowhere";
-      std::string screenId = "null";
-      if (link->destination() && link->destination()->kind()) {
-        const auto& kind = *link->destination()->kind();
-        to = kind.asScreen() ? "screen " + kind.asScreen()->name : "the previous screen";
-        if (kind.asScreen() && project && project->screensByIdentifier()) {
-          for (const auto& [id, screen] : *project->screensByIdentifier()) {
-            if (screen && screen->name() == kind.asScreen()->name) {
-              screenId = json(id.rawValue());
-              to += " (" + std::string(id.rawValue()) + ")";
-              break;
-            }
-          }
-        }
-      }
-      InspectNode n = node("link " + textRect(link->frame()) + " to " + to);
-      fact(n, "frame", jsonRect(link->frame()));
-      fact(n, "destination", json(to));
-      fact(n, "screen", screenId);
-      links.push_back(std::move(n));
-    }
-  }
-  root.lists.emplace_back("links", std::move(links));
-
-  std::vector<InspectNode> assets;
-  if (snapshot.assets()) {
-    for (const auto& asset : *snapshot.assets()) {
-      if (!asset) continue;
-      InspectNode n = node("asset " + asset->displayName() + " from " + asset->layerName());
-      fact(n, "displayName", json(asset->displayName()));
-      fact(n, "layerName", json(asset->layerName()));
-      std::vector<InspectNode> contents;
-      for (const auto& c : asset->contents()) {
-        if (!c) continue;
-        std::string density = c->density() ? std::string(rawValue(*c->density())) : "?";
-        std::string format = c->format() ? std::string(rawValue(*c->format())) : "?";
-        InspectNode cn = node(format + " at " + density);
-        fact(cn, "density", c->density() ? json(density) : "null");
-        fact(cn, "format", c->format() ? json(format) : "null");
-        contents.push_back(std::move(cn));
-      }
-      n.lists.emplace_back("contents", std::move(contents));
-      assets.push_back(std::move(n));
-    }
-  }
-  root.lists.emplace_back("assets", std::move(assets));
+  root.lists.emplace_back("links", linkNodes(snapshot, w));
+  root.lists.emplace_back("assets", assetNodes(snapshot));
   return root;
 }
 
@@ -427,8 +736,7 @@ void writeText(std::string& out, const InspectNode& n, const std::string& prefix
   for (std::size_t i = 0; i < lists.size(); ++i) {
     bool lastList = i + 1 == lists.size();
     const auto& [name, items] = *lists[i];
-    out += prefix + (lastList ? "└─ " : "├─ ") + name + " (" + std::to_string(items.size()) +
-           ")\n";
+    out += prefix + (lastList ? "└─ " : "├─ ") + name + " (" + std::to_string(items.size()) + ")\n";
     std::string inner = prefix + (lastList ? "   " : "│  ");
     std::size_t shown = std::min(items.size(), limit);
     for (std::size_t k = 0; k < shown; ++k) {

@@ -31,18 +31,22 @@ Measurement measure(const Rect& ra, const Rect& rb) {
   if (b.contains(a) || a.contains(b)) {
     m.relation = Measurement::Relation::inside;
     m.innerIsA = b.contains(a);
-    const Edges& inner = m.innerIsA ? a : b;
-    const Edges& outer = m.innerIsA ? b : a;
-    m.top = inner.minY - outer.minY;
-    m.right = outer.maxX - inner.maxX;
-    m.bottom = outer.maxY - inner.maxY;
-    m.left = inner.minX - outer.minX;
+    Insets in = m.innerIsA ? insets(ra, rb) : insets(rb, ra);
+    m.top = in.top;
+    m.right = in.right;
+    m.bottom = in.bottom;
+    m.left = in.left;
     return m;
   }
   m.relation = Measurement::Relation::overlap;
   m.width = -gapX;
   m.height = -gapY;
   return m;
+}
+
+Insets insets(const Rect& inner, const Rect& outer) {
+  Edges i(inner), o(outer);
+  return {i.minY - o.minY, o.maxX - i.maxX, o.maxY - i.maxY, i.minX - o.minX};
 }
 
 }  // namespace orvane::handoff

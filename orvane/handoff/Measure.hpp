@@ -25,4 +25,17 @@ struct Measurement {
 /// How `a` and `b` lie (standardized first; their rotation is not taken into account).
 Measurement measure(const Rect& a, const Rect& b);
 
+/// How far each edge of a frame lies inside the same edge of another: positive inside, negative
+/// where the frame sticks out.
+struct Insets {
+  double top = 0;     ///< from the outer frame's top edge down to the inner's
+  double right = 0;   ///< from the outer frame's right edge in to the inner's
+  double bottom = 0;  ///< from the outer frame's bottom edge up to the inner's
+  double left = 0;    ///< from the outer frame's left edge in to the inner's
+};
+
+/// The insets of `inner` in `outer`, both standardized first (a layer in its group, a layer on
+/// the artboard).
+Insets insets(const Rect& inner, const Rect& outer);
+
 }  // namespace orvane::handoff

@@ -112,7 +112,12 @@ std::string camelCase(std::string_view slug) {
 
 std::string UniqueNames::take(const std::string& name) {
   std::string candidate = name;
-  for (int n = 2; taken(candidate); ++n) candidate = name + "-" + std::to_string(n);
+  if (taken(candidate)) {
+    int& n = next_.try_emplace(name, 2).first->second;
+    do {
+      candidate = name + "-" + std::to_string(n++);
+    } while (taken(candidate));
+  }
   reserve(candidate);
   return candidate;
 }

@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
@@ -39,6 +40,9 @@ class UniqueNames {
  private:
   bool camelCaseToo_;
   std::unordered_set<std::string> names_;
+  // Where each name's search for a free suffix goes on, so that a thousand layers of one name
+  // take a thousand steps, not half a million.
+  std::unordered_map<std::string, int> next_;
 };
 
 /// The style guide of a project, its colors then its text styles, each with a token name

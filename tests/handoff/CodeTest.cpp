@@ -304,22 +304,6 @@ TEST(Names, MadeFromDesignNames) {
   EXPECT_EQ(camelCase("primary-blue-2"), "primaryBlue2");
 }
 
-TEST(FindLayer, ByIdentifierUniqueNameOrPath) {
-  auto snapshot = decodeSnapshot(
-      snapshotJson(100, 100,
-                   layer("Card", 0, 0, 50, 50,
-                         R"("_id":"card","type":"group","layers":[)" +
-                             layer("Title", 0, 0, 10, 10, R"("_id":"t1")") + "," +
-                             layer("Icon", 0, 0, 10, 10) + "]") +
-                       "," + layer("Title", 0, 0, 10, 10, R"("_id":"t2")") + "," +
-                       layer("Footer", 0, 0, 10, 10)));
-  EXPECT_EQ(findLayer(*snapshot, "Footer").layer->name(), "Footer");
-  EXPECT_EQ(findLayer(*snapshot, "card").layer->name(), "Card");
-  EXPECT_EQ(findLayer(*snapshot, "Card/Title").layer,
-            snapshot->layers()->front()->kind()->asGroup()->layers[0]);
-  EXPECT_EQ(findLayer(*snapshot, "Title").layer, nullptr);
-  EXPECT_EQ(findLayer(*snapshot, "Nope").layer, nullptr);
-}
 
 // Whatever a text holds, the string literal keeps it in its language's escapes.
 TEST(LayerCode, TextBecomesAStringLiteralOfItsLanguage) {

@@ -1,11 +1,13 @@
 #include "Handoff.hpp"
 
+#include <cmath>
 #include <iostream>
 #include <new>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include <orvane/handoff/Assets.hpp>
 #include <orvane/handoff/Code.hpp>
 #include <orvane/handoff/Diff.hpp>
 #include <orvane/handoff/Find.hpp>
@@ -47,9 +49,11 @@ struct CommandFailure {
   throw CommandFailure{kDecodingFailed};
 }
 
-// The request's document decoded as T; a failure to read or decode it is reported.
+// The request's document decoded as T; a failure to read or decode it is reported, after
+// `label` where one document of several is meant.
 template <class T>
-T decodeDocument(const Request& request, JsonDecoder& decoder, Output& out) {
+T decodeDocument(const Request& request, JsonDecoder& decoder, Output& out,
+                 std::string_view label = {}) {
   std::vector<char> buffer;
   std::size_t size = 0;
   std::string reason;
@@ -60,7 +64,7 @@ T decodeDocument(const Request& request, JsonDecoder& decoder, Output& out) {
     return decoder.decode<T>(std::string_view(buffer.data(), size));
   } catch (const DecodingError& e) {
     if (request.jsonErrors) out.write(errorJson(e) + '\n');
-    std::cerr << "error: " << oneLine(e.what()) << '\n';
+    std::cerr << "error: " << label << oneLine(e.what()) << '\n';
     throw CommandFailure{kDecodingFailed};
   }
 }
@@ -74,7 +78,7 @@ struct Loaded {
 };
 
 Loaded loadSnapshot(const Request& request, const SnapshotChoice& choice, Output& out,
-                    JsonDecoder& decoder) {
+                    JsonDecoder& decoder, std::string_view label = {}) {
   bool fromProject = request.type == "Project";
   if (!fromProject && request.type != "Snapshot") {
     if (!lookUpType(request.type)) throw CommandFailure{kUsage};  // reported with suggestions
@@ -94,10 +98,10 @@ Loaded loadSnapshot(const Request& request, const SnapshotChoice& choice, Output
   }
   Loaded loaded;
   if (!fromProject) {
-    loaded.snapshot = decodeDocument<Ref<Snapshot>>(request, decoder, out);
+    loaded.snapshot = decodeDocument<Ref<Snapshot>>(request, decoder, out, label);
     return loaded;
   }
-  loaded.project = decodeDocument<Ref<Project>>(request, decoder, out);
+  loaded.project = decodeDocument<Ref<Project>>(request, decoder, out, label);
   if (!choice.screen.empty()) {
     loaded.collection = handoff::findScreen(*loaded.project, Identifier(choice.screen));
     if (!loaded.collection) notFound("no screen with identifier " + choice.screen);
@@ -118,10 +122,32 @@ Loaded loadSnapshot(const Request& request, const SnapshotChoice& choice, Output
   return loaded;
 }
 
+// The layer a name names; a name that names none, or several, ends the command with the
+// candidates listed, so that the person can name one of them without a guess.
 Ref<Layer> layerNamed(const Snapshot& snapshot, const std::string& name) {
   handoff::FoundLayer found = handoff::findLayer(snapshot, name);
-  if (!found.layer) notFound(found.error);
-  return found.layer;
+  if (found.layer) return found.layer;
+  std::cerr << "error: " << oneLine(found.error) << '\n';
+  for (const auto& candidate : found.candidates) {
+    std::cerr << "  " << oneLine(candidate.layer->identifier().rawValue()) << " ("
+              << oneLine(candidate.path) << ")\n";
+  }
+  throw CommandFailure{kDecodingFailed};
+}
+
+constexpr const char* kDensityHelp =
+    "The scale the design was drawn at, by which every length is divided: 1x (the default), "
+    "2x, 3x, mdpi, hdpi, xhdpi, xxhdpi, xxxhdpi";
+
+// The density --density names, 1x when it was not given; any other text is a usage error,
+// reported, and gives none.
+std::optional<Density> densityOption(const std::string& text) {
+  if (text.empty()) return Density::_1x;
+  std::optional<Density> density = fromRawValue<Density>(text);
+  if (!density) {
+    usageError("--density " + text + " is none of 1x, 2x, 3x, mdpi, hdpi, xhdpi, xxhdpi, xxxhdpi");
+  }
+  return density;
 }
 
 // Runs a command's body with a decoder made for its request, then lists the warnings of what
@@ -177,21 +203,10 @@ struct CodeRequest {
   std::string density;
 };
 
-// The --density option: the scale the design was drawn at (1x when not given).
-bool parseDensity(const std::string& text, Density& density) {
-  if (text.empty()) return true;
-  auto parsed = fromRawValue<Density>(text);
-  if (!parsed) {
-    usageError("--density " + text + " is none of 1x, 2x, 3x, mdpi, hdpi, xhdpi, xxhdpi, xxxhdpi");
-    return false;
-  }
-  density = *parsed;
-  return true;
-}
-
 int code(const CodeRequest& request, Output& out) {
-  handoff::CodeOptions options;
-  if (!parseDensity(request.density, options.density)) return kUsage;
+  std::optional<Density> density = densityOption(request.density);
+  if (!density) return kUsage;
+  handoff::CodeOptions options{.density = *density, .styleGuide = nullptr};
   return runWithDecoder(request.document, [&](JsonDecoder& decoder, const Settings&) {
     Loaded loaded = loadSnapshot(request.document, request.choice, out, decoder);
     handoff::StyleGuide guide =
@@ -219,8 +234,9 @@ struct TokensRequest {
 };
 
 int tokens(const TokensRequest& request, Output& out) {
-  handoff::TokenOptions options{.density = Density::_1x, .pretty = request.document.pretty};
-  if (!parseDensity(request.density, options.density)) return kUsage;
+  std::optional<Density> density = densityOption(request.density);
+  if (!density) return kUsage;
+  handoff::TokenOptions options{.density = *density, .pretty = request.document.pretty};
   return runWithDecoder(request.document, [&](JsonDecoder& decoder, const Settings&) {
     auto project = decodeDocument<Ref<Project>>(request.document, decoder, out);
     static const std::pair<const char*, handoff::TokenFormat> kFormats[] = {
@@ -240,6 +256,7 @@ int tokens(const TokensRequest& request, Output& out) {
 struct InspectRequest {
   Request document;
   SnapshotChoice choice;
+  std::string density;
   bool json = false;
 };
 
@@ -249,14 +266,32 @@ int inspect(const InspectRequest& request, Output& out) {
   if (wholeProject && !c.versionId.empty()) {
     return usageError("--version-id needs --screen or --component");
   }
+  std::optional<Density> density = densityOption(request.density);
+  if (!density) return kUsage;
   return runWithDecoder(request.document, [&](JsonDecoder& decoder, const Settings&) {
     handoff::InspectNode tree;
     if (wholeProject) {
-      tree = handoff::inspectProject(*decodeDocument<Ref<Project>>(request.document, decoder, out));
+      tree = handoff::inspectProject(*decodeDocument<Ref<Project>>(request.document, decoder, out),
+                                     *density);
     } else {
       Loaded loaded = loadSnapshot(request.document, c, out, decoder);
-      tree = handoff::inspectSnapshot(*loaded.snapshot, loaded.project.get());
+      tree = handoff::inspectSnapshot(*loaded.snapshot, loaded.project.get(), *density);
     }
+    out.write(request.json ? handoff::inspectJson(tree) : handoff::inspectText(tree));
+    return 0;
+  });
+}
+
+struct AssetsRequest {
+  Request document;
+  SnapshotChoice choice;
+  bool json = false;
+};
+
+int assets(const AssetsRequest& request, Output& out) {
+  return runWithDecoder(request.document, [&](JsonDecoder& decoder, const Settings&) {
+    Loaded loaded = loadSnapshot(request.document, request.choice, out, decoder);
+    handoff::InspectNode tree = handoff::inspectAssets(*loaded.snapshot);
     out.write(request.json ? handoff::inspectJson(tree) : handoff::inspectText(tree));
     return 0;
   });
@@ -265,28 +300,38 @@ int inspect(const InspectRequest& request, Output& out) {
 struct MeasureRequest {
   Request document;
   SnapshotChoice choice;
-  std::string a, b;
+  std::string a, b;  // b empty: one layer, measured in its group and on the artboard
+  std::string density;
   bool json = false;
 };
 
+// Lengths as --density asks for them; in JSON, one that is not a number is null.
+struct Lengths {
+  double scale = 1;
+  std::string operator()(double value) const { return number(value / scale); }
+  std::string json(double value) const {
+    return std::isfinite(value / scale) ? number(value / scale) : "null";
+  }
+};
+
 std::string measurementText(const handoff::Measurement& m, const Layer& a, const Layer& b,
-                            bool asJson) {
+                            bool asJson, const Lengths& n) {
   using Relation = handoff::Measurement::Relation;
   if (asJson) {
     std::string text = "{\"a\":" + json(a.identifier().rawValue()) +
                        ",\"b\":" + json(b.identifier().rawValue()) + ",\"relation\":";
     switch (m.relation) {
       case Relation::apart:
-        text += "\"apart\",\"horizontal\":" + number(m.horizontal) +
-                ",\"vertical\":" + number(m.vertical);
+        text += "\"apart\",\"horizontal\":" + n.json(m.horizontal) +
+                ",\"vertical\":" + n.json(m.vertical);
         break;
       case Relation::inside:
         text += std::string("\"inside\",\"inner\":\"") + (m.innerIsA ? "a" : "b") +
-                "\",\"top\":" + number(m.top) + ",\"right\":" + number(m.right) +
-                ",\"bottom\":" + number(m.bottom) + ",\"left\":" + number(m.left);
+                "\",\"top\":" + n.json(m.top) + ",\"right\":" + n.json(m.right) +
+                ",\"bottom\":" + n.json(m.bottom) + ",\"left\":" + n.json(m.left);
         break;
       case Relation::overlap:
-        text += "\"overlap\",\"width\":" + number(m.width) + ",\"height\":" + number(m.height);
+        text += "\"overlap\",\"width\":" + n.json(m.width) + ",\"height\":" + n.json(m.height);
         break;
     }
     return text + "}\n";
@@ -294,26 +339,64 @@ std::string measurementText(const handoff::Measurement& m, const Layer& a, const
   const std::string an = oneLine(a.name()), bn = oneLine(b.name());
   switch (m.relation) {
     case Relation::apart:
-      return an + " and " + bn + " are apart: " + number(m.horizontal) + " horizontally, " +
-             number(m.vertical) + " vertically\n";
+      return an + " and " + bn + " are apart: " + n(m.horizontal) + " horizontally, " +
+             n(m.vertical) + " vertically\n";
     case Relation::inside:
       return (m.innerIsA ? an + " lies inside " + bn : bn + " lies inside " + an) + ": top " +
-             number(m.top) + ", right " + number(m.right) + ", bottom " + number(m.bottom) +
-             ", left " + number(m.left) + "\n";
+             n(m.top) + ", right " + n(m.right) + ", bottom " + n(m.bottom) + ", left " +
+             n(m.left) + "\n";
     case Relation::overlap:
       break;
   }
-  return an + " and " + bn + " overlap by " + number(m.width) + " \u00d7 " + number(m.height) +
-         "\n";
+  return an + " and " + bn + " overlap by " + n(m.width) + " \u00d7 " + n(m.height) + "\n";
+}
+
+std::string insetsJson(const handoff::Insets& i, const Lengths& n) {
+  return "{\"top\":" + n.json(i.top) + ",\"right\":" + n.json(i.right) +
+         ",\"bottom\":" + n.json(i.bottom) + ",\"left\":" + n.json(i.left) + "}";
+}
+
+std::string insetsText(const handoff::Insets& i, const Lengths& n) {
+  return "top " + n(i.top) + ", right " + n(i.right) + ", bottom " + n(i.bottom) + ", left " +
+         n(i.left);
+}
+
+// One layer: how far its edges lie from its group's and from the artboard's.
+std::string placementText(const Layer& layer, const Snapshot& snapshot, bool asJson,
+                          const Lengths& n) {
+  Rect frame = layer.absoluteFrame();
+  Ref<Layer> parent = layer.parent();
+  std::optional<handoff::Insets> inParent;
+  if (parent) inParent = handoff::insets(frame, parent->absoluteFrame());
+  handoff::Insets onArtboard =
+      handoff::insets(frame, Rect(0, 0, snapshot.size().width, snapshot.size().height));
+  if (asJson) {
+    return "{\"a\":" + json(layer.identifier().rawValue()) +
+           ",\"parent\":" + (inParent ? insetsJson(*inParent, n) : "null") +
+           ",\"artboard\":" + insetsJson(onArtboard, n) + "}\n";
+  }
+  std::string name = oneLine(layer.name());
+  std::string text;
+  if (inParent) {
+    text += name + " in " + oneLine(parent->name()) + ": " + insetsText(*inParent, n) + "\n";
+  }
+  return text + name + " on the artboard: " + insetsText(onArtboard, n) + "\n";
 }
 
 int measure(const MeasureRequest& request, Output& out) {
+  std::optional<Density> density = densityOption(request.density);
+  if (!density) return kUsage;
+  Lengths lengths{handoff::densityScale(*density)};
   return runWithDecoder(request.document, [&](JsonDecoder& decoder, const Settings&) {
     Loaded loaded = loadSnapshot(request.document, request.choice, out, decoder);
     Ref<Layer> a = layerNamed(*loaded.snapshot, request.a);
+    if (request.b.empty()) {
+      out.write(placementText(*a, *loaded.snapshot, request.json, lengths));
+      return 0;
+    }
     Ref<Layer> b = layerNamed(*loaded.snapshot, request.b);
     handoff::Measurement m = handoff::measure(a->absoluteFrame(), b->absoluteFrame());
-    out.write(measurementText(m, *a, *b, request.json));
+    out.write(measurementText(m, *a, *b, request.json, lengths));
     return 0;
   });
 }
@@ -323,49 +406,15 @@ struct DiffRequest {
   std::string newer;  // the second snapshot document
   SnapshotChoice choice;
   std::string from, to;
+  std::string density;
   bool json = false;
 };
-
-std::string diffText(const handoff::SnapshotDiff& diff, bool asJson) {
-  std::string text;
-  if (!asJson) {
-    for (const auto& l : diff.added) text += "+ " + oneLine(l->name()) + "\n";
-    for (const auto& l : diff.removed) text += "- " + oneLine(l->name()) + "\n";
-    for (const auto& c : diff.changed) {
-      text += "~ " + oneLine(c.after->name()) + ":";
-      for (std::size_t k = 0; k < c.changes.size(); ++k) {
-        text += (k ? ", " : " ") + std::string(handoff::changeName(c.changes[k]));
-      }
-      text += "\n";
-    }
-    return text;
-  }
-  auto layer = [](const Layer& l) {
-    return "{\"sourceIdentifier\":" + json(l.sourceIdentifier().rawValue()) +
-           ",\"name\":" + json(l.name()) + "}";
-  };
-  auto list = [&](const std::vector<Ref<Layer>>& layers) {
-    std::string s = "[";
-    for (std::size_t i = 0; i < layers.size(); ++i) s += (i ? "," : "") + layer(*layers[i]);
-    return s + "]";
-  };
-  text = "{\"added\":" + list(diff.added) + ",\"removed\":" + list(diff.removed) + ",\"changed\":[";
-  for (std::size_t i = 0; i < diff.changed.size(); ++i) {
-    const auto& c = diff.changed[i];
-    text += (i ? ",{\"layer\":" : "{\"layer\":") + layer(*c.after) + ",\"changes\":[";
-    for (std::size_t k = 0; k < c.changes.size(); ++k) {
-      text += (k ? "," : "") + json(handoff::changeName(c.changes[k]));
-    }
-    text += "]}";
-  }
-  return text + "]}\n";
-}
 
 // As diff(1): 0 nothing changed, 1 something did, 2 every trouble.
 constexpr int kDiffTrouble = 2;
 
 // The two snapshots the request names, compared; 0 when they are alike, else 1.
-int compare(const DiffRequest& request, Output& out, JsonDecoder& decoder,
+int compare(const DiffRequest& request, Density density, Output& out, JsonDecoder& decoder,
             const Settings& settings);
 
 int diff(const DiffRequest& request, Output& out) {
@@ -382,9 +431,11 @@ int diff(const DiffRequest& request, Output& out) {
     return usageError("diff Project takes one document and --from VERSION_ID --to VERSION_ID");
   }
   if (!request.choice.versionId.empty()) return usageError("diff takes --from and --to");
+  std::optional<Density> density = densityOption(request.density);
+  if (!density) return kUsage;
   return runWithDecoder(request.document, [&](JsonDecoder& decoder, const Settings& settings) {
     try {
-      return compare(request, out, decoder, settings);
+      return compare(request, *density, out, decoder, settings);
     } catch (const CommandFailure& failure) {
       // Every trouble is 2 here, a document that does not decode included.
       throw CommandFailure{failure.status == kDecodingFailed ? kDiffTrouble : failure.status};
@@ -395,21 +446,28 @@ int diff(const DiffRequest& request, Output& out) {
   });
 }
 
-int compare(const DiffRequest& request, Output& out, JsonDecoder& decoder,
+int compare(const DiffRequest& request, Density density, Output& out, JsonDecoder& decoder,
             const Settings& settings) {
   const std::string& type = request.document.type;
   Ref<Snapshot> before, after;
+  Ref<Project> project;
   if (type == "Snapshot") {
-    before = loadSnapshot(request.document, request.choice, out, decoder).snapshot;
+    // Two documents: the one that does not decode is named.
+    before = loadSnapshot(request.document, request.choice, out, decoder,
+                          "OLD (" + oneLine(inputName(request.document.file)) + "): ")
+                 .snapshot;
     Request second = request.document;
     second.file = request.newer;
     JsonDecoder other(settings.decoding);
-    after = loadSnapshot(second, request.choice, out, other).snapshot;
+    after = loadSnapshot(second, request.choice, out, other,
+                         "NEW (" + oneLine(inputName(request.newer)) + "): ")
+                .snapshot;
   } else {
     SnapshotChoice choice = request.choice;
     choice.versionId = request.from;
     Loaded loaded = loadSnapshot(request.document, choice, out, decoder);
     before = loaded.snapshot;
+    project = loaded.project;
     Ref<Version> version = handoff::findVersion(*loaded.collection, Identifier(request.to));
     if (!version) {
       notFound("no version with identifier " + request.to + " in " +
@@ -417,8 +475,12 @@ int compare(const DiffRequest& request, Output& out, JsonDecoder& decoder,
     }
     after = Ref<Snapshot>(loaded.project, version->snapshot().get());
   }
+  std::optional<handoff::StyleGuide> guide;
+  if (project) guide.emplace(*project);
+  handoff::FactOptions options{density, guide ? &*guide : nullptr, project.get()};
   handoff::SnapshotDiff diff = handoff::diffSnapshots(*before, *after);
-  out.write(diffText(diff, request.json));
+  out.write(request.json ? handoff::diffJson(diff, *before, *after, options)
+                         : handoff::diffText(diff, *before, *after, options));
   return diff.empty() ? 0 : 1;
 }
 
@@ -433,12 +495,14 @@ struct HandoffCommands::State {
   InspectRequest inspect;
   MeasureRequest measure;
   DiffRequest diff;
+  AssetsRequest assets;
   CLI::App* renderCommand = nullptr;
   CLI::App* codeCommand = nullptr;
   CLI::App* tokensCommand = nullptr;
   CLI::App* inspectCommand = nullptr;
   CLI::App* measureCommand = nullptr;
   CLI::App* diffCommand = nullptr;
+  CLI::App* assetsCommand = nullptr;
 };
 
 namespace {
@@ -488,9 +552,7 @@ HandoffCommands::HandoffCommands(CLI::App& app) : state_(std::make_unique<State>
   s.codeCommand->add_option("--layer", s.code.layer,
                             "The layer: its identifier, its name when unique, or its path of "
                             "names (Card/Title). Without it, the whole snapshot");
-  s.codeCommand->add_option("--density", s.code.density,
-                            "The scale the design was drawn at, by which every length is "
-                            "divided: 1x (default), 2x, 3x, mdpi, hdpi, xhdpi, xxhdpi, xxxhdpi");
+  s.codeCommand->add_option("--density", s.code.density, kDensityHelp);
   s.codeCommand->footer(
       "TYPE is Snapshot, or Project with --screen ID or --component ID; with a Project, colors "
       "and text styles of its style guide are named by their tokens. With --layer: one CSS "
@@ -510,9 +572,7 @@ HandoffCommands::HandoffCommands(CLI::App& app) : state_(std::make_unique<State>
   addDecodingOptions(*s.tokensCommand, s.tokens.document);
   s.tokensCommand->add_flag("--pretty", s.tokens.document.pretty,
                             "dtcg: indent the JSON, two spaces a level");
-  s.tokensCommand->add_option("--density", s.tokens.density,
-                              "The scale the design was drawn at, by which every length is "
-                              "divided: 1x (default), 2x, 3x, mdpi, hdpi, xhdpi, xxhdpi, xxxhdpi");
+  s.tokensCommand->add_option("--density", s.tokens.density, kDensityHelp);
   s.tokensCommand->footer(
       "dtcg: one Design Tokens Community Group (2025.10) JSON document, grouped by the "
       "/-separated parts of names; css: custom properties in :root; swift: Color and Font "
@@ -524,31 +584,58 @@ HandoffCommands::HandoffCommands(CLI::App& app) : state_(std::make_unique<State>
       app.add_subcommand("inspect", "Show a project or a snapshot as a tree a person reads");
   addDocumentOptions(*s.inspectCommand, s.inspect.document, false);
   addSnapshotOptions(*s.inspectCommand, s.inspect.choice);
+  s.inspectCommand->add_option("--density", s.inspect.density, kDensityHelp);
   s.inspectCommand->add_flag("--json", s.inspect.json, "Print the tree as one JSON value");
   s.inspectCommand->footer(
       "TYPE is Project (its sections, screens, versions, dots, components, style guide and "
       "members) or Snapshot (its layer tree, links and assets; also a Project with --screen ID "
-      "or --component ID). Long lists are shortened in the tree, never in --json. Exit status: "
-      "0 on success, 1 when the document does not decode or what is named does not exist, 2 "
-      "for a usage error, 3 when the output cannot be written.");
+      "or --component ID). Each layer shows its identifier, kind, name, absolute frame and "
+      "styles; --json gives them structured (fills, borders, shadows, blur, text styles with "
+      "their font family, weight and style), colors and text styles of a Project's style guide "
+      "with their token. Lengths are divided by --density. Long lists are shortened in the "
+      "tree, never in --json. Exit status: 0 on success, 1 when the document does not decode "
+      "or what is named does not exist, 2 for a usage error, 3 when the output cannot be "
+      "written.");
 
-  s.measureCommand = app.add_subcommand("measure", "Measure the distances between two layers");
+  s.assetsCommand =
+      app.add_subcommand("assets", "List what a developer exports from a snapshot, by platform");
+  addDocumentOptions(*s.assetsCommand, s.assets.document, false);
+  addSnapshotOptions(*s.assetsCommand, s.assets.choice);
+  s.assetsCommand->add_flag("--json", s.assets.json, "Print the list as one JSON value");
+  s.assetsCommand->footer(
+      "TYPE is Snapshot, or Project with --screen ID or --component ID. Each asset (display "
+      "name, layer, bitmap or not, contents with density, format and URL) and each exportable "
+      "layer no asset comes from, with its file names for iOS (NAME.png, NAME@2x.png, "
+      "NAME@3x.png, NAME.pdf, NAME.svg), Android (drawable-mdpi/NAME.png ... "
+      "drawable-xxxhdpi/NAME.png, snake case) and the web (NAME.png, NAME@2x.png, NAME.svg); "
+      "an exportable layer is a PNG at 1x, 2x and 3x. Names are unique in the list. Nothing is "
+      "downloaded. Exit status: 0 on success, 1 when the document does not decode or what is "
+      "named does not exist, 2 for a usage error, 3 when the output cannot be written.");
+
+  s.measureCommand =
+      app.add_subcommand("measure", "Measure the distances between two layers, or around one");
   s.measureCommand->add_option("TYPE", s.measure.document.type, "Snapshot or Project")->required();
   s.measureCommand
       ->add_option("FILE", s.measure.document.file, "The document; - for standard input")
       ->required();
   s.measureCommand->add_option("LAYER_A", s.measure.a, "A layer: identifier, name or path")
       ->required();
-  s.measureCommand->add_option("LAYER_B", s.measure.b, "Another layer")->required();
+  s.measureCommand->add_option("LAYER_B", s.measure.b,
+                               "Another layer; without it, LAYER_A in its group and on the "
+                               "artboard");
   addSnapshotOptions(*s.measureCommand, s.measure.choice);
+  s.measureCommand->add_option("--density", s.measure.density, kDensityHelp);
   s.measureCommand->add_flag("--json", s.measure.json, "Print the measurement as JSON");
   addDecodingOptions(*s.measureCommand, s.measure.document);
   s.measureCommand->footer(
-      "Apart (touching counts, with a gap of 0): the horizontal and vertical gaps. One inside "
-      "the other (equal frames count): the four insets of the inner one. Otherwise: the "
-      "overlap's width and height. Exit status: 0 on success, 1 when the document does not "
-      "decode or a layer does not exist, 2 for a usage error, 3 when the output cannot be "
-      "written.");
+      "Between absolute frames, standardized. Apart (touching counts, with a gap of 0): the "
+      "horizontal and vertical gaps. One inside the other (equal frames count): the four "
+      "insets of the inner one. Otherwise: the overlap's width and height. With one layer: the "
+      "distances from its edges to its group's (none at the top level) and to the artboard's. "
+      "Lengths are divided by --density. A layer is named by its identifier, its name or its "
+      "path of names (Card/Title); a text that names several is an error listing them. Exit "
+      "status: 0 on success, 1 when the document does not decode or a layer does not exist or "
+      "is ambiguous, 2 for a usage error, 3 when the output cannot be written.");
 
   s.diffCommand = app.add_subcommand("diff", "What changed from one snapshot to another");
   s.diffCommand->add_option("TYPE", s.diff.document.type, "Snapshot or Project")->required();
@@ -560,14 +647,18 @@ HandoffCommands::HandoffCommands(CLI::App& app) : state_(std::make_unique<State>
   addSnapshotOptions(*s.diffCommand, s.diff.choice);
   s.diffCommand->add_option("--from", s.diff.from, "Project: the older version's identifier");
   s.diffCommand->add_option("--to", s.diff.to, "Project: the newer version's identifier");
+  s.diffCommand->add_option("--density", s.diff.density, kDensityHelp);
   s.diffCommand->add_flag("--json", s.diff.json, "Print the changes as JSON");
   addDecodingOptions(*s.diffCommand, s.diff.document);
   s.diffCommand->footer(
-      "Layers are matched by source identifier (shared ones paired in tree order); each "
-      "matched layer reports renamed, moved, resized, rotated, restyled, text, kind, "
-      "reparented. Lines: + NAME, - NAME, ~ NAME: changes. Exit status, as diff(1): 0 when "
-      "nothing changed, 1 when something did, 2 for every trouble, 3 when the output cannot be "
-      "written.");
+      "The snapshot's size, background, density, grid, links and assets are compared, then "
+      "every layer, matched by source identifier (shared ones paired in tree order): renamed, "
+      "moved, resized, rotated, restyled, text, kind, reparented; a coordinate that changed by "
+      "less than 0.01 did not change. Lines: one for the snapshot, then + NAME, - NAME, "
+      "~ NAME: moved 12,40 -> 12,52; restyled (positions on the artboard, lengths divided by "
+      "--density); --json adds each change's values before and after. A document that does not "
+      "decode is named OLD or NEW. Exit status, as diff(1): 0 when nothing changed, 1 when "
+      "something did, 2 for every trouble, 3 when the output cannot be written.");
 }
 
 HandoffCommands::~HandoffCommands() = default;
@@ -580,6 +671,7 @@ std::optional<int> HandoffCommands::run(Output& out) const {
   if (s.inspectCommand->parsed()) return inspect(s.inspect, out);
   if (s.measureCommand->parsed()) return measure(s.measure, out);
   if (s.diffCommand->parsed()) return diff(s.diff, out);
+  if (s.assetsCommand->parsed()) return assets(s.assets, out);
   return std::nullopt;
 }
 

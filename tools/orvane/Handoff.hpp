@@ -1,4 +1,4 @@
-// The hand-off commands of the tool: render, code, tokens, inspect, measure and diff.
+// The hand-off commands of the tool: render, code, tokens, inspect, assets, measure and diff.
 #pragma once
 
 #include <memory>
