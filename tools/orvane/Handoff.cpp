@@ -179,6 +179,14 @@ std::string number(double value) {
   return orvane::detail::number(value);
 }
 
+// A command's JSON as it prints it: compact, or with --pretty indented two spaces a level.
+std::string jsonOutput(const std::string& json, bool pretty) {
+  if (!pretty) return json;
+  std::string_view compact(json);
+  while (!compact.empty() && compact.back() == '\n') compact.remove_suffix(1);
+  return orvane::detail::indentJson(compact) + "\n";
+}
+
 // --- The commands ------------------------------------------------------------------------------
 
 struct RenderRequest {
@@ -277,7 +285,8 @@ int inspect(const InspectRequest& request, Output& out) {
       Loaded loaded = loadSnapshot(request.document, c, out, decoder);
       tree = handoff::inspectSnapshot(*loaded.snapshot, loaded.project.get(), *density);
     }
-    out.write(request.json ? handoff::inspectJson(tree) : handoff::inspectText(tree));
+    out.write(request.json ? jsonOutput(handoff::inspectJson(tree), request.document.pretty)
+                           : handoff::inspectText(tree));
     return 0;
   });
 }
@@ -292,7 +301,8 @@ int assets(const AssetsRequest& request, Output& out) {
   return runWithDecoder(request.document, [&](JsonDecoder& decoder, const Settings&) {
     Loaded loaded = loadSnapshot(request.document, request.choice, out, decoder);
     handoff::InspectNode tree = handoff::inspectAssets(*loaded.snapshot);
-    out.write(request.json ? handoff::inspectJson(tree) : handoff::inspectText(tree));
+    out.write(request.json ? jsonOutput(handoff::inspectJson(tree), request.document.pretty)
+                           : handoff::inspectText(tree));
     return 0;
   });
 }
@@ -391,12 +401,14 @@ int measure(const MeasureRequest& request, Output& out) {
     Loaded loaded = loadSnapshot(request.document, request.choice, out, decoder);
     Ref<Layer> a = layerNamed(*loaded.snapshot, request.a);
     if (request.b.empty()) {
-      out.write(placementText(*a, *loaded.snapshot, request.json, lengths));
+      out.write(jsonOutput(placementText(*a, *loaded.snapshot, request.json, lengths),
+                           request.json && request.document.pretty));
       return 0;
     }
     Ref<Layer> b = layerNamed(*loaded.snapshot, request.b);
     handoff::Measurement m = handoff::measure(a->absoluteFrame(), b->absoluteFrame());
-    out.write(measurementText(m, *a, *b, request.json, lengths));
+    out.write(jsonOutput(measurementText(m, *a, *b, request.json, lengths),
+                         request.json && request.document.pretty));
     return 0;
   });
 }
@@ -479,7 +491,8 @@ int compare(const DiffRequest& request, Density density, Output& out, JsonDecode
   if (project) guide.emplace(*project);
   handoff::FactOptions options{density, guide ? &*guide : nullptr, project.get()};
   handoff::SnapshotDiff diff = handoff::diffSnapshots(*before, *after);
-  out.write(request.json ? handoff::diffJson(diff, *before, *after, options)
+  out.write(request.json ? jsonOutput(handoff::diffJson(diff, *before, *after, options),
+                                      request.document.pretty)
                          : handoff::diffText(diff, *before, *after, options));
   return diff.empty() ? 0 : 1;
 }
@@ -520,6 +533,7 @@ void addDecodingOptions(CLI::App& command, Request& request) {
   command.add_flag("--warnings", request.warnings,
                    "After a successful decode, list on standard error every value that a "
                    "tolerant key dropped");
+  command.add_flag("--pretty", request.pretty, "Indent the JSON, two spaces a level");
 }
 
 }  // namespace
@@ -570,8 +584,6 @@ HandoffCommands::HandoffCommands(CLI::App& app) : state_(std::make_unique<State>
   s.tokensCommand->add_option("FILE", s.tokens.document.file,
                               "The Project document; standard input when absent or -");
   addDecodingOptions(*s.tokensCommand, s.tokens.document);
-  s.tokensCommand->add_flag("--pretty", s.tokens.document.pretty,
-                            "dtcg: indent the JSON, two spaces a level");
   s.tokensCommand->add_option("--density", s.tokens.density, kDensityHelp);
   s.tokensCommand->footer(
       "dtcg: one Design Tokens Community Group (2025.10) JSON document, grouped by the "
