@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
 # Installs what building and testing need on Debian 12, skipping what is already there.
-# Chromium and a font are for the tests that look at drawings the way a person would.
+# Chromium and a font are for the tests that look at drawings the way a person would; Python's
+# jsonschema checks the tool's schemas against documents.
 set -euo pipefail
 
 packages=(g++ cmake ninja-build pkg-config ccache
           libsimdjson-dev libutf8proc-dev liburiparser-dev libcli11-dev
           libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev rapidjson-dev doxygen
-          chromium fonts-dejavu-core)
+          chromium fonts-dejavu-core python3-jsonschema)
 [ "${ORVANE_WITH_CLANG:-0}" = 1 ] && packages+=(clang libclang-rt-14-dev)
 
 missing=()
