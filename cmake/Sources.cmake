@@ -9,6 +9,7 @@ set(ORVANE_PUBLIC_HEADERS
     orvane/coding/RawEnum.hpp
     orvane/coding/RecordArena.hpp
     orvane/coding/Ref.hpp
+    orvane/coding/Schema.hpp
     orvane/coding/SingleValueCodable.hpp
     orvane/coding/UserInfo.hpp
     orvane/handoff/Assets.hpp
@@ -28,6 +29,7 @@ set(ORVANE_PUBLIC_HEADERS
     orvane/json/DateStrategy.hpp
     orvane/json/JsonDecoder.hpp
     orvane/json/JsonEncoder.hpp
+    orvane/json/JsonSchema.hpp
     orvane/orvane.hpp
     orvane/people/Organization.hpp
     orvane/people/Plan.hpp
@@ -77,6 +79,7 @@ set(ORVANE_MODEL_SOURCES
     orvane/coding/FieldVisitor.cpp
     orvane/coding/RawEnum.cpp
     orvane/coding/RecordArena.cpp
+    orvane/coding/Schema.cpp
     orvane/coding/SingleValueCodable.cpp
     orvane/coding/UserInfo.cpp
     orvane/integrations/Extension.cpp
@@ -125,7 +128,8 @@ set(ORVANE_JSON_SOURCES
     orvane/internal/JsonText.cpp
     orvane/internal/JsonWriter.cpp
     orvane/json/JsonDecoder.cpp
-    orvane/json/JsonEncoder.cpp)
+    orvane/json/JsonEncoder.cpp
+    orvane/json/JsonSchema.cpp)
 
 # The hand-off outputs: read the model through its public accessors, nothing more.
 set(ORVANE_HANDOFF_SOURCES

@@ -9,6 +9,7 @@
 #include <orvane/coding/RawEnum.hpp>
 #include <orvane/coding/RecordArena.hpp>
 #include <orvane/coding/Ref.hpp>
+#include <orvane/coding/Schema.hpp>
 #include <orvane/coding/SingleValueCodable.hpp>
 #include <orvane/coding/UserInfo.hpp>
 #include <orvane/integrations/Extension+Manifest.hpp>

@@ -11,6 +11,32 @@
 
 namespace orvane {
 
+namespace detail {
+
+/// Whether T writes itself in the document form (every record and decode-only value does).
+template <class T>
+concept HasDocumentForm = requires(const T& value, Encoder& e) { value.encodeDocument(e); };
+/// Whether T has an encoding operation of its own (decode-only records have none).
+template <class T>
+concept HasEncodingOperation = requires(const T& value, Encoder& e) { value.encode(e); };
+
+/// Raises EncodingError at the encoder's path: a decode-only value has only its document form.
+[[noreturn]] void throwDecodeOnly(const Encoder& e);
+
+/// A record or value with fields, in the form the encoder writes.
+template <class T>
+void encodeRecord(Encoder& e, const T& value) {
+  if constexpr (HasDocumentForm<T>) {
+    if (e.form() == EncodingForm::document) return value.encodeDocument(e);
+  }
+  if constexpr (HasEncodingOperation<T>)
+    value.encode(e);
+  else
+    throwDecodeOnly(e);
+}
+
+}  // namespace detail
+
 /// How a value of T is read and written:
 ///   static T decode(const Decoder&);
 ///   static void encode(Encoder&, const T&);
@@ -22,15 +48,17 @@ namespace orvane {
 ///       for a value that is always one string: a keyed container writes it as the member.
 ///
 /// By default a type codes itself through `static T decode(const Decoder&)` and
-/// `void encode(Encoder&) const`; a record held by reference likewise through
+/// `void encode(Encoder&) const` (`void encodeDocument(Encoder&) const` when the encoder
+/// writes the document form); a record held by reference likewise through
 /// `static Ref<R> decode(const Decoder&)`. Raw-value enumerations, single-value types, scalars,
 /// lists and geometry specialise this.
 template <class T>
 struct Coding {
   /// `T::decode(d)`: fails as the type's own decoding does.
   static T decode(const Decoder& d) { return T::decode(d); }
-  /// `value.encode(e)`.
-  static void encode(Encoder& e, const T& value) { value.encode(e); }
+  /// `value.encode(e)`, or in the document form `value.encodeDocument(e)`. A decode-only
+  /// value raises EncodingError unless the encoder writes the document form.
+  static void encode(Encoder& e, const T& value) { detail::encodeRecord(e, value); }
 };
 
 /// A record held by reference: decoded into a new `Ref`, written as the record or, when null,
@@ -39,10 +67,10 @@ template <class R>
 struct Coding<std::shared_ptr<R>> {
   /// `R::decode(d)`, which wires the new record's children; never null.
   static std::shared_ptr<R> decode(const Decoder& d) { return R::decode(d); }
-  /// The record's own `encode`; null writes null.
+  /// The record's own `encode` (in the document form, `encodeDocument`); null writes null.
   static void encode(Encoder& e, const std::shared_ptr<R>& value) {
     if (value)
-      value->encode(e);
+      detail::encodeRecord(e, *value);
     else
       e.singleValueContainer().encodeNil();
   }

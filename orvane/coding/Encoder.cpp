@@ -1,8 +1,16 @@
 #include <orvane/coding/Encoder.hpp>
 
+#include <orvane/coding/Coding.hpp>
+
 namespace orvane {
 
 EncoderBackend::~EncoderBackend() = default;
+
+void detail::throwDecodeOnly(const Encoder& e) {
+  throw EncodingError(e.codingPath(),
+                      "A decode-only value has no encoding operation; only its document form "
+                      "(EncodingForm::document) can be written.");
+}
 
 void EncoderBackend::memberString(int level, std::string_view key, std::string_view value) {
   member(level, key);

@@ -14,12 +14,29 @@
 
 namespace orvane {
 
+/// Which members records write: each record's own encoding operation, or the document form.
+enum class EncodingForm : std::uint8_t {
+  /// What each record's encoding operation writes: the members the client sends back to the
+  /// service (a project writes five; most records leave their identifier out). The text is a
+  /// request body; it does not, in general, decode again as the same record.
+  records,
+  /// The document form: every member that decoding reads, under the document's own keys and
+  /// as the same coder reads it back, so that decoding the text gives an equal graph. Written
+  /// from the same field statements that drive decoding; decode-only records have it too.
+  document,
+};
+
 /// The document an encoder writes into. Open containers form a stack; a container is named by
 /// its level in that stack, and writing into a level first closes every container above it, so
 /// a nested container ends where its parent's next member begins.
 class EncoderBackend {
  public:
+  /// A backend for text in `form`: the records consult it through `Encoder::form()`.
+  explicit EncoderBackend(EncodingForm form = EncodingForm::records) : form_(form) {}
   virtual ~EncoderBackend();
+
+  /// Which members the records write into this document.
+  EncodingForm form() const { return form_; }
 
   /// Starts a member `key` of the object at `level`.
   void member(int level, std::string_view key) {
@@ -78,6 +95,9 @@ class EncoderBackend {
   virtual void closeTo(int level) = 0;
   /// How many containers are open: kept up to date by openObject, openArray and closeTo.
   int depth_ = 0;
+
+ private:
+  EncodingForm form_;
 };
 
 class KeyedEncodingContainer;
@@ -106,6 +126,8 @@ class Encoder {
   CodingPath codingPath() const { return CodingPathLink::materialize(path_); }
   /// The same path as its last link, without building it. Null at the root.
   const CodingPathLink* pathLink() const { return path_; }
+  /// Which members records write: their encoding operation's, or the document form.
+  EncodingForm form() const { return backend_->form(); }
 
   /// Ends the value: one that wrote nothing becomes an empty object, and every container it
   /// opened is closed.

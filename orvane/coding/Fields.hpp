@@ -51,6 +51,13 @@
 ///
 /// Decoding and `make` store fields directly (the observers of `observed` fields do not run);
 /// the record runs its own wiring afterwards.
+///
+/// The "how it is read" column also drives the document form and the schema: `encodeDocument`
+/// writes every field that decoding reads (a `required`, `orEmpty` or `localOnImport` field
+/// always, an `optional` or `tolerant` one when it has a value) under its key, and
+/// `describeSchema` lists the same members with their shapes to a SchemaVisitor. A `custom` or
+/// `payload` read comes with two more hooks of the record's own: `documentName(container)`,
+/// which writes what `decodeName` reads, and `describeName(visitor)`, which describes it.
 #pragma once
 
 #include <concepts>
@@ -63,6 +70,7 @@
 #include <orvane/coding/Coding.hpp>
 #include <orvane/coding/FieldVisitor.hpp>
 #include <orvane/coding/Ref.hpp>
+#include <orvane/coding/Schema.hpp>
 
 namespace orvane {
 
@@ -176,8 +184,10 @@ bool isLocal(const T& identifier) {
 #define ORVANE_FIELD_MEMBER(name, Name, Type, key, read, write, param, access) \
   ORVANE_FIELD_MEMBER_##access(name, Type)
 
-#define ORVANE_FIELD_HOOKS_READ_custom(Name) \
-  void decode##Name(const ::orvane::Decoder& decoder, const ::orvane::KeyedDecodingContainer& c);
+#define ORVANE_FIELD_HOOKS_READ_custom(Name)                                                \
+  void decode##Name(const ::orvane::Decoder& decoder, const ::orvane::KeyedDecodingContainer& c); \
+  void document##Name(::orvane::KeyedEncodingContainer& c) const;                               \
+  static void describe##Name(::orvane::SchemaVisitor& v);
 #define ORVANE_FIELD_HOOKS_READ_payload(Name) ORVANE_FIELD_HOOKS_READ_custom(Name)
 #define ORVANE_FIELD_HOOKS_READ_required(Name)
 #define ORVANE_FIELD_HOOKS_READ_localOnImport(Name)
@@ -211,6 +221,10 @@ bool isLocal(const T& identifier) {
   LIST(ORVANE_FIELD_ACCESSORS)                                                           \
   /** Lists every field, by name, to `visitor`. */                                       \
   void visitFields(::orvane::FieldVisitor& visitor) const;                               \
+  /** Writes the document form: every member that decoding reads. */                     \
+  void encodeDocument(::orvane::Encoder& encoder) const;                                 \
+  /** Lists the members that decoding reads, with their shapes, to `visitor`. */          \
+  static void describeSchema(::orvane::SchemaVisitor& visitor);                          \
   explicit Record(::orvane::Passkey<Record>) {}                                          \
                                                                                          \
  protected:                                                                              \
@@ -218,6 +232,10 @@ bool isLocal(const T& identifier) {
   void decodeFields(const ::orvane::Decoder& decoder, const ::orvane::KeyedDecodingContainer& c); \
   /** Writes the listed fields in order. */                                              \
   void encodeFields(::orvane::KeyedEncodingContainer& c) const;                          \
+  /** Writes every listed field that decodeFields reads, as it reads it. */              \
+  void documentFields(::orvane::KeyedEncodingContainer& c) const;                        \
+  /** Describes every listed field that decodeFields reads. */                           \
+  static void describeFields(::orvane::SchemaVisitor& v);                                \
   /** Stores what `make` was given, without running observers. */                        \
   void storeFields(Fields&& fields);                                                     \
   LIST(ORVANE_FIELD_HOOKS)                                                               \
@@ -230,8 +248,8 @@ bool isLocal(const T& identifier) {
 /// the order `make` takes them; a last argument `ORVANE_FIELD_PARAM_GIVEN` drops every default.
 /// Generates the key set (the base's keys and the own ones), the own accessors, members and
 /// hooks, the flat `Fields`, and the steps the record orders: `decodeOwnFields`,
-/// `encodeOwnFields`, `visitOwnFields`, and a `storeFields` of both lists. Leaves the class in
-/// its protected part.
+/// `encodeOwnFields`, `visitOwnFields`, `documentOwnFields`, `describeOwnFields`, and a
+/// `storeFields` of both lists. Leaves the class in its protected part.
 #define ORVANE_OWN_FIELDS(Record, Base, LIST, MAKE_ORDER, ...)                          \
  public:                                                                                \
   struct CodingKeys : Base::CodingKeys {                                                \
@@ -249,6 +267,8 @@ bool isLocal(const T& identifier) {
                        const ::orvane::KeyedDecodingContainer& c);                      \
   void encodeOwnFields(::orvane::KeyedEncodingContainer& c) const;                      \
   void visitOwnFields(::orvane::FieldVisitor& visitor) const;                           \
+  void documentOwnFields(::orvane::KeyedEncodingContainer& c) const;                    \
+  static void describeOwnFields(::orvane::SchemaVisitor& v);                            \
   /** Stores what `make` was given, base fields included, without running observers. */ \
   void storeFields(Fields&& fields);                                                    \
   LIST(ORVANE_FIELD_HOOKS)                                                              \
@@ -293,6 +313,40 @@ bool isLocal(const T& identifier) {
 #define ORVANE_FIELD_WRITE(name, Name, Type, key, read, write, param, access) \
   ORVANE_FIELD_WRITE_##write(name, Name)
 
+// The document form: what is read is written, as it is read. `value` is the field's.
+#define ORVANE_FIELD_DOCUMENT_required(name, Name, value) c.encode(CodingKeys::name, value);
+#define ORVANE_FIELD_DOCUMENT_localOnImport(name, Name, value) c.encode(CodingKeys::name, value);
+#define ORVANE_FIELD_DOCUMENT_orEmpty(name, Name, value) c.encode(CodingKeys::name, value);
+#define ORVANE_FIELD_DOCUMENT_optional(name, Name, value) \
+  c.encodeIfPresent(CodingKeys::name, value);
+#define ORVANE_FIELD_DOCUMENT_tolerant(name, Name, value) \
+  c.encodeIfPresent(CodingKeys::name, value);
+#define ORVANE_FIELD_DOCUMENT_custom(name, Name, value) document##Name(c);
+#define ORVANE_FIELD_DOCUMENT_payload(name, Name, value) document##Name(c);
+#define ORVANE_FIELD_DOCUMENT_none(name, Name, value)
+#define ORVANE_FIELD_DOCUMENT(name, Name, Type, key, read, write, param, access) \
+  ORVANE_FIELD_DOCUMENT_##read(name, Name, name())
+
+// The schema: each member read, with the shape of its value.
+#define ORVANE_FIELD_SCHEMA_MEMBER(name, Type, rule, note)                   \
+  v.member({CodingKeys::name, ::orvane::SchemaRead::rule, #name, {}, note}, \
+           ::orvane::Schema<Type>::shape);
+#define ORVANE_FIELD_SCHEMA_required(name, Name, Type) \
+  ORVANE_FIELD_SCHEMA_MEMBER(name, Type, required, {})
+#define ORVANE_FIELD_SCHEMA_optional(name, Name, Type) \
+  ORVANE_FIELD_SCHEMA_MEMBER(name, Type, optional, {})
+#define ORVANE_FIELD_SCHEMA_tolerant(name, Name, Type) \
+  ORVANE_FIELD_SCHEMA_MEMBER(name, Type, tolerant, {})
+#define ORVANE_FIELD_SCHEMA_orEmpty(name, Name, Type) \
+  ORVANE_FIELD_SCHEMA_MEMBER(name, Type, orEmpty, {})
+#define ORVANE_FIELD_SCHEMA_localOnImport(name, Name, Type) \
+  ORVANE_FIELD_SCHEMA_MEMBER(name, Type, required, ::orvane::kLocalOnImportRemark)
+#define ORVANE_FIELD_SCHEMA_custom(name, Name, Type) describe##Name(v);
+#define ORVANE_FIELD_SCHEMA_payload(name, Name, Type) describe##Name(v);
+#define ORVANE_FIELD_SCHEMA_none(name, Name, Type)
+#define ORVANE_FIELD_SCHEMA(name, Name, Type, key, read, write, param, access) \
+  ORVANE_FIELD_SCHEMA_##read(name, Name, Type)
+
 #define ORVANE_FIELD_TAKE_given(name, Name, access) \
   ORVANE_FIELD_STORE_##access(name, Name, ::orvane::detail::take(fields.name))
 #define ORVANE_FIELD_TAKE_localId(name, Name, access) ORVANE_FIELD_TAKE_given(name, Name, access)
@@ -321,6 +375,12 @@ bool isLocal(const T& identifier) {
   void Record::encodeFields([[maybe_unused]] ::orvane::KeyedEncodingContainer& c) const {      \
     LIST(ORVANE_FIELD_WRITE)                                                                   \
   }                                                                                            \
+  void Record::documentFields([[maybe_unused]] ::orvane::KeyedEncodingContainer& c) const {    \
+    LIST(ORVANE_FIELD_DOCUMENT)                                                                \
+  }                                                                                            \
+  void Record::describeFields([[maybe_unused]] ::orvane::SchemaVisitor& v) {                   \
+    LIST(ORVANE_FIELD_SCHEMA)                                                                  \
+  }                                                                                            \
   void Record::storeFields([[maybe_unused]] Fields&& fields) { LIST(ORVANE_FIELD_TAKE) }
 /// The second part: `visitFields`, which lists every field by name.
 #define ORVANE_FIELDS_VISIT_DEFINE(Record, LIST) \
@@ -341,6 +401,12 @@ bool isLocal(const T& identifier) {
   void Record::visitOwnFields([[maybe_unused]] ::orvane::FieldVisitor& visitor) const {      \
     LIST(ORVANE_FIELD_VISIT)                                                                 \
   }                                                                                          \
+  void Record::documentOwnFields([[maybe_unused]] ::orvane::KeyedEncodingContainer& c) const { \
+    LIST(ORVANE_FIELD_DOCUMENT)                                                              \
+  }                                                                                          \
+  void Record::describeOwnFields([[maybe_unused]] ::orvane::SchemaVisitor& v) {              \
+    LIST(ORVANE_FIELD_SCHEMA)                                                                \
+  }                                                                                          \
   void Record::storeFields(Fields&& fields) {                                                \
     MAKE_ORDER(ORVANE_FIELD_TAKE)                                                            \
   }
@@ -349,7 +415,9 @@ bool isLocal(const T& identifier) {
 
 /// In the record's source file: `make` stores the fields, `decode` reads them from the
 /// decoder's object and `encode` writes them to the encoder's; `make` and `decode` then run the
-/// wiring member named last, if one is named. `..._CODING_DEFINE` defines all three.
+/// wiring member named last, if one is named. `..._CODING_DEFINE` defines all three. Where
+/// `decode` is defined, so are its mirror `encodeDocument`, which writes what it reads, and
+/// `describeSchema`, which describes it.
 #define ORVANE_RECORD_MAKE_DEFINE(Record, ...)                            \
   ::orvane::Ref<Record> Record::make(Fields fields) {                     \
     auto record = ::orvane::makeRef<Record>(::orvane::Passkey<Record>{}); \
@@ -363,7 +431,12 @@ bool isLocal(const T& identifier) {
     record->decodeFields(decoder, decoder.container());                    \
     __VA_OPT__(record->__VA_ARGS__();)                                     \
     return record;                                                         \
-  }
+  }                                                                        \
+  void Record::encodeDocument(::orvane::Encoder& encoder) const {          \
+    auto c = encoder.container();                                          \
+    documentFields(c);                                                     \
+  }                                                                        \
+  void Record::describeSchema(::orvane::SchemaVisitor& v) { describeFields(v); }
 #define ORVANE_RECORD_ENCODE_DEFINE(Record)               \
   void Record::encode(::orvane::Encoder& encoder) const { \
     auto c = encoder.container();                         \
@@ -409,15 +482,23 @@ bool isLocal(const T& identifier) {
 #define ORVANE_PARTIAL_READ(name, Name, Type, read, access) \
   ORVANE_FIELD_READ_##read(name, Name, Type, plain)
 #define ORVANE_PARTIAL_VISIT(name, Name, Type, read, access) visitor.field(#name, name##_);
+#define ORVANE_PARTIAL_DOCUMENT(name, Name, Type, read, access) \
+  ORVANE_FIELD_DOCUMENT_##read(name, Name, name##_)
+#define ORVANE_PARTIAL_SCHEMA(name, Name, Type, read, access) \
+  ORVANE_FIELD_SCHEMA_##read(name, Name, Type)
 
-/// The body of a record's `class Partial`: `decode`, `visitFields`, the accessors (public), and
-/// the stored members. Only `decode` makes one.
+/// The body of a record's `class Partial`: `decode`, `visitFields`, `encodeDocument`,
+/// `describeSchema`, the accessors (public), and the stored members. Only `decode` makes one.
 #define ORVANE_PARTIAL_FIELDS(LIST)                                                               \
  public:                                                                                          \
   /** Reads the listed keys of the decoder's object, in order; nothing refers back. */            \
   static Partial decode(const ::orvane::Decoder& decoder);                                        \
   /** Lists every field, by name, to `visitor`. */                                                \
   void visitFields(::orvane::FieldVisitor& visitor) const;                                        \
+  /** Writes the document form: every member that `decode` reads and found. */                   \
+  void encodeDocument(::orvane::Encoder& encoder) const;                                          \
+  /** Lists the members that `decode` reads, with their shapes, to `visitor`. */                  \
+  static void describeSchema(::orvane::SchemaVisitor& visitor);                                   \
   LIST(ORVANE_PARTIAL_ACCESSORS)                                                                  \
                                                                                                   \
  private:                                                                                         \
@@ -439,4 +520,11 @@ bool isLocal(const T& identifier) {
   }                                                                                     \
   void Record::Partial::visitFields(::orvane::FieldVisitor& visitor) const {            \
     LIST(ORVANE_PARTIAL_VISIT)                                                          \
+  }                                                                                     \
+  void Record::Partial::encodeDocument(::orvane::Encoder& encoder) const {              \
+    [[maybe_unused]] auto c = encoder.container();                                      \
+    LIST(ORVANE_PARTIAL_DOCUMENT)                                                       \
+  }                                                                                     \
+  void Record::Partial::describeSchema([[maybe_unused]] ::orvane::SchemaVisitor& v) {   \
+    LIST(ORVANE_PARTIAL_SCHEMA)                                                         \
   }

@@ -25,6 +25,10 @@ class Extension::Option {
 
     /// Fails without a string "name" or "value".
     static PickerOption decode(const Decoder& decoder);
+    /// Writes "name" and "value", what `decode` reads.
+    void encodeDocument(Encoder& encoder) const;
+    /// "name" and "value", both required strings.
+    static void describeSchema(SchemaVisitor& visitor);
     /// Lists both members.
     void visitFields(FieldVisitor& v) const;
     /// Equal when both members are byte for byte (a picker's default is found by canonical

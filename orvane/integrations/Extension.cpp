@@ -31,6 +31,17 @@ Extension::Option::PickerOption Extension::Option::PickerOption::decode(const De
   return option;
 }
 
+void Extension::Option::PickerOption::encodeDocument(Encoder& encoder) const {
+  auto c = encoder.container();
+  c.encode(CodingKeys::name, name);
+  c.encode(CodingKeys::value, value);
+}
+
+void Extension::Option::PickerOption::describeSchema(SchemaVisitor& visitor) {
+  visitor.member({CodingKeys::name, SchemaRead::required, "name"}, Schema<std::string>::shape);
+  visitor.member({CodingKeys::value, SchemaRead::required, "value"}, Schema<std::string>::shape);
+}
+
 void Extension::Option::PickerOption::visitFields(FieldVisitor& v) const {
   v.field("name", name);
   v.field("value", value);
@@ -85,6 +96,42 @@ void Option::decodeKind(const Decoder&, const KeyedDecodingContainer& c) {
       break;
     }
   }
+}
+
+// The default of a picker is written as its value: decoding finds it again among the options.
+void Option::documentKind(KeyedEncodingContainer& c) const {
+  using K = PayloadCodingKeys;
+  if (!kind_) return;
+  c.encode(CodingKeys::kind, kind_->key());
+  if (const auto* s = kind_->asSwitch()) {
+    c.encode(K::defaultValue, s->defaultValue);
+  } else if (const auto* t = kind_->asText()) {
+    c.encode(K::defaultValue, t->defaultValue);
+  } else if (const auto* p = kind_->asPicker()) {
+    c.encode(K::defaultValue, p->defaultOption.value);
+    c.encode(K::pickerOptions, p->options);
+  }
+}
+
+void Option::describeKind(SchemaVisitor& v) {
+  using K = PayloadCodingKeys;
+  v.member({CodingKeys::kind, SchemaRead::tolerant, "kind"}, Schema<Kind::Key>::shape);
+  v.beginCase(CodingKeys::kind, rawValue(Kind::Key::switch_));
+  v.member({K::defaultValue, SchemaRead::required, "kind.defaultValue"}, Schema<bool>::shape);
+  v.endCase();
+  v.beginCase(CodingKeys::kind, rawValue(Kind::Key::text));
+  v.member({K::defaultValue, SchemaRead::required, "kind.defaultValue"},
+           Schema<std::string>::shape);
+  v.endCase();
+  v.beginCase(CodingKeys::kind, rawValue(Kind::Key::picker));
+  v.member({.key = K::defaultValue,
+            .read = SchemaRead::required,
+            .field = "kind.defaultOption",
+            .remark = "The value of one of the options."},
+           Schema<std::string>::shape);
+  v.member({K::pickerOptions, SchemaRead::required, "kind.options"},
+           Schema<std::vector<PickerOption>>::shape);
+  v.endCase();
 }
 
 }  // namespace orvane

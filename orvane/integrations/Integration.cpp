@@ -22,6 +22,23 @@ void Slack::encodeChannel(KeyedEncodingContainer& c) const {
   hook.encode(H::configurationURL, configurationURL_);
 }
 
+void Slack::documentChannel(KeyedEncodingContainer& c) const {
+  encodeChannel(c);
+}
+
+void Slack::describeChannel(SchemaVisitor& v) {
+  static constexpr Shape hook = Shape::object([](SchemaVisitor& h) {
+    using H = IncomingWebHookCodingKeys;
+    h.member({H::channel, SchemaRead::required, "channel"}, Schema<std::string>::shape);
+    h.member({H::configurationURL, SchemaRead::required, "configurationURL"}, Schema<Url>::shape);
+  });
+  v.member({.key = CodingKeys::channel,
+            .read = SchemaRead::required,
+            .field = "channel",
+            .remark = "An object with the channel and its configurationURL."},
+           hook);
+}
+
 void Integration::Emoji::Kind::visitFields(FieldVisitor& v) const {
   v.field("case", key());
   if (const auto* parent = asParent()) {

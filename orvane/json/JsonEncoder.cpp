@@ -20,27 +20,45 @@ namespace {
                           " directly in JSON.");
 }
 
-// A date as the number the strategy writes, or nothing when it writes text.
+// The date a number reads back as under a numeric strategy, as the decoder reads it.
+std::optional<Date> dateOfNumber(double number, DateStrategy dates) {
+  return dateFromSeconds(dates == DateStrategy::milliseconds ? number / 1e3
+                         : dates == DateStrategy::deferred   ? number + kReferenceDateOffset
+                                                             : number);
+}
+
+// A date as the number the strategy writes, or nothing when it writes text. The quotient may
+// be off by a rounding step from a number that reads back as the same microsecond (far from
+// 1970, or across the deferred strategy's offset): then a neighbour of it does, and is written.
 std::optional<double> dateNumber(Date value, DateStrategy dates) {
   double micros = static_cast<double>(value.time_since_epoch().count());
+  double number = 0;
   switch (dates) {
     case DateStrategy::iso8601:
       return std::nullopt;
     case DateStrategy::seconds:
-      return micros / 1e6;
+      number = micros / 1e6;
+      break;
     case DateStrategy::milliseconds:
-      return micros / 1e3;
+      number = micros / 1e3;
+      break;
     case DateStrategy::deferred:
-      return micros / 1e6 - kReferenceDateOffset;
+      number = micros / 1e6 - kReferenceDateOffset;
+      break;
   }
-  return std::nullopt;
+  for (int step = 0; step < 8; ++step) {
+    auto back = dateOfNumber(number, dates);
+    if (!back || *back == value) break;
+    number = std::nextafter(number, *back < value ? HUGE_VAL : -HUGE_VAL);
+  }
+  return number;
 }
 
 // Indented text, through the general writer.
 class PrettyBackend final : public EncoderBackend {
  public:
   PrettyBackend(std::string& out, const JsonEncoderOptions& options)
-      : writer_(out, true), dates_(options.dates) {}
+      : EncoderBackend(options.form), writer_(out, true), dates_(options.dates) {}
 
   void writeKey(std::string_view key) override { writer_.key(key); }
   int openObject() override {
@@ -84,7 +102,7 @@ class PrettyBackend final : public EncoderBackend {
 class CompactBackend final : public EncoderBackend {
  public:
   CompactBackend(std::string& out, const JsonEncoderOptions& options)
-      : out_(&out), start_(out.size()), dates_(options.dates) {
+      : EncoderBackend(options.form), out_(&out), start_(out.size()), dates_(options.dates) {
     grow(0);
   }
   // On an error half-way, `out` keeps what was written.

@@ -8,16 +8,23 @@
 
 namespace orvane {
 
-/// How a JsonEncoder writes: dates, and compact or indented text.
+/// How a JsonEncoder writes: which members, dates, and compact or indented text.
 struct JsonEncoderOptions {
   /// How dates are written: ISO 8601 text in UTC unless told otherwise.
   DateStrategy dates = DateStrategy::iso8601;
   /// Indent by two spaces instead of writing compact text.
   bool pretty = false;
+  /// What the records write. `records` (the default): what each record's encoding operation
+  /// writes, the members the client sends back to the service. `document`: the document form,
+  /// every member that decoding reads, which a JsonDecoder with the same date strategy reads
+  /// back into an equal graph; use it to save a decoded graph and read it again.
+  EncodingForm form = EncodingForm::records;
 };
 
-/// Streams a value's members straight into a string, in the order its encoding writes them.
-/// Raises EncodingError for a non-finite number.
+/// Streams a value's members straight into a string, in the order its encoding writes them:
+/// by default each record's encoding operation, or with `form = EncodingForm::document` the
+/// document form (decode-only records included). Raises EncodingError for a non-finite number,
+/// and for a decode-only value unless writing the document form.
 class JsonEncoder {
  public:
   /// Keeps `options` for every encode.

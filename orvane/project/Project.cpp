@@ -16,8 +16,32 @@ void Project::encodeIcon(KeyedEncodingContainer& c) const {
   icon.encodeIfPresent(IconCodingKeys::kind, icon_);
 }
 
+// An object always: reading requires one, whether or not it names an icon.
+void Project::documentIcon(KeyedEncodingContainer& c) const {
+  encodeIcon(c);
+}
+
+void Project::describeIcon(SchemaVisitor& v) {
+  static constexpr Shape object = Shape::object([](SchemaVisitor& icon) {
+    icon.member({IconCodingKeys::kind, SchemaRead::tolerant, "icon"}, Schema<Icon>::shape);
+  });
+  v.member({CodingKeys::icon, SchemaRead::required, "icon"}, object);
+}
+
 void Project::decodeUpdateDate(const Decoder&, const KeyedDecodingContainer& c) {
   updateDate_ = c.decodeDateIfPresent(CodingKeys::updateDate).value_or(createDate_);
+}
+
+void Project::documentUpdateDate(KeyedEncodingContainer& c) const {
+  c.encode(CodingKeys::updateDate, updateDate_);
+}
+
+void Project::describeUpdateDate(SchemaVisitor& v) {
+  v.member({.key = CodingKeys::updateDate,
+            .read = SchemaRead::orEmpty,
+            .field = "updateDate",
+            .whenAbsent = "the creation date"},
+           Schema<Date>::shape);
 }
 
 // Later screens replace earlier ones with the same identifier; the dropped ones are released
@@ -32,6 +56,28 @@ void Project::decodeScreensByIdentifier(const Decoder&, const KeyedDecodingConta
     filed.insert_or_assign(id, std::move(screen));
   }
   screensByIdentifier_ = std::move(filed);
+}
+
+// In the order of their identifiers: the dictionary keeps none, and the text must not change
+// from one writing to the next.
+void Project::documentScreensByIdentifier(KeyedEncodingContainer& c) const {
+  if (!screensByIdentifier_) return;
+  std::vector<const ScreensByIdentifier::value_type*> entries;
+  entries.reserve(screensByIdentifier_->size());
+  for (const auto& entry : *screensByIdentifier_) entries.push_back(&entry);
+  std::sort(entries.begin(), entries.end(),
+            [](const auto* a, const auto* b) { return a->first.rawValue() < b->first.rawValue(); });
+  auto screens = c.nestedUnkeyedContainer(CodingKeys::screensByIdentifier);
+  for (const auto* entry : entries) screens.encode(entry->second);
+}
+
+void Project::describeScreensByIdentifier(SchemaVisitor& v) {
+  v.member({.key = CodingKeys::screensByIdentifier,
+            .read = SchemaRead::optional,
+            .field = "screensByIdentifier",
+            .remark = "Filed by identifier: a later screen with the identifier of an earlier one "
+                      "replaces it."},
+           Schema<std::vector<Ref<Screen>>>::shape);
 }
 
 void Project::wire() {

@@ -25,6 +25,17 @@ void Screen::encode(Encoder& encoder) const {
   encodeFields(c);
 }
 
+void Screen::encodeDocument(Encoder& encoder) const {
+  auto c = encoder.container();
+  documentFields(c);
+  documentOwnFields(c);
+}
+
+void Screen::describeSchema(SchemaVisitor& visitor) {
+  visitor.membersOf(Schema<VersionCollection>::shape);
+  describeOwnFields(visitor);
+}
+
 std::string Screen::pathComponent() const {
   return "screens";
 }

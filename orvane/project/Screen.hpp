@@ -35,6 +35,10 @@ class Screen : public VersionCollection {
   /// Writes "dots" (when present) before the collection's members, in one object.
   void encode(Encoder& encoder) const override;
   void visitFields(FieldVisitor& v) const override;
+  /// Writes the collection's members and "dots" in one object, as `decode` reads them.
+  void encodeDocument(Encoder& encoder) const override;
+  /// "dots" beside the members of a version collection.
+  static void describeSchema(SchemaVisitor& visitor);
 
   /// Always "screens".
   std::string pathComponent() const override;

@@ -12,6 +12,18 @@ void Version::decodeCreateDate(const Decoder&, const KeyedDecodingContainer& c) 
   createDate_ = createDate ? *createDate : now();
 }
 
+void Version::documentCreateDate(KeyedEncodingContainer& c) const {
+  c.encode(CodingKeys::createDate, createDate_);
+}
+
+void Version::describeCreateDate(SchemaVisitor& v) {
+  v.member({.key = CodingKeys::createDate,
+            .read = SchemaRead::orEmpty,
+            .field = "createDate",
+            .whenAbsent = "the time of decoding"},
+           Schema<Date>::shape);
+}
+
 void Version::wire() {
   auto self = shared_from_this();
   if (commit_) commit_->setVersion(self);

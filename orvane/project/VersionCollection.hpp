@@ -90,6 +90,11 @@ class VersionCollection : public std::enable_shared_from_this<VersionCollection>
   virtual void encode(Encoder& encoder) const;
   /// Lists every field, then the paths that can be read.
   virtual void visitFields(FieldVisitor& v) const;
+  /// Writes the document form: every member that decoding reads ("_id" and "description"
+  /// included, never "index").
+  virtual void encodeDocument(Encoder& encoder) const;
+  /// Lists the members that decoding reads, with their shapes, to `visitor`.
+  static void describeSchema(SchemaVisitor& visitor);
 
   /// Where the collection sits below its owner, for the service's resource paths. Computed on
   /// each read; a fatal stop while an owner it needs is missing (always, on a plain collection).
@@ -131,6 +136,10 @@ class VersionCollection : public std::enable_shared_from_this<VersionCollection>
   void decodeFields(const Decoder& decoder, const KeyedDecodingContainer& c);
   /// Writes the collection's members into `c`, the encoder's object, beside a subclass's own.
   void encodeFields(KeyedEncodingContainer& c) const;
+  /// Writes what `decodeFields` reads into `c`, beside a subclass's own members.
+  void documentFields(KeyedEncodingContainer& c) const;
+  /// Describes what `decodeFields` reads.
+  static void describeFields(SchemaVisitor& v);
   /// Stores what `make` was given, without wiring.
   void storeFields(Fields&& fields);
   /// Points the latest version and every listed version back at this collection.

@@ -22,6 +22,30 @@ void Asset::decodeIdentifier(const Decoder& decoder, const KeyedDecodingContaine
 // Read with the identifier, whose flag decides whether they are required.
 void Asset::decodeContents(const Decoder&, const KeyedDecodingContainer&) {}
 
+void Asset::documentIdentifier(KeyedEncodingContainer& c) const {
+  c.encode(CodingKeys::identifier, identifier_);
+}
+
+void Asset::documentContents(KeyedEncodingContainer& c) const {
+  c.encode(CodingKeys::contents, contents_);
+}
+
+void Asset::describeIdentifier(SchemaVisitor& v) {
+  v.member({.key = CodingKeys::identifier,
+            .read = SchemaRead::required,
+            .field = "identifier",
+            .remark = kLocalOnImportRemark},
+           Schema<Identifier>::shape);
+}
+
+void Asset::describeContents(SchemaVisitor& v) {
+  v.member({.key = CodingKeys::contents,
+            .read = SchemaRead::required,
+            .field = "contents",
+            .remark = "A document from an import source may leave it out (an empty list)."},
+           Schema<std::vector<Ref<Content>>>::shape);
+}
+
 void Asset::setContents(std::vector<Ref<Content>> value) {
   contents_ = std::move(value);
   wireContents();

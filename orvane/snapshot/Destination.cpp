@@ -24,6 +24,18 @@ void Destination::decodeKind(const Decoder&, const KeyedDecodingContainer& c) {
   }
 }
 
+// The payload is written as it is read: the case, then its member.
+void Destination::documentKind(KeyedEncodingContainer& c) const {
+  encodeKind(c);
+}
+
+void Destination::describeKind(SchemaVisitor& v) {
+  v.member({CodingKeys::kind, SchemaRead::tolerant, "kind"}, Schema<Kind::Key>::shape);
+  v.beginCase(CodingKeys::kind, rawValue(Kind::Key::screen));
+  v.member({KindKeys::name, SchemaRead::required, "kind.name"}, Schema<std::string>::shape);
+  v.endCase();
+}
+
 void Destination::encodeKind(KeyedEncodingContainer& c) const {
   if (!kind_) return;
   c.encode(CodingKeys::kind, kind_->key());

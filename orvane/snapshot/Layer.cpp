@@ -101,6 +101,28 @@ void Layer::decodeKind(const Decoder&, const KeyedDecodingContainer& c) {
   }
 }
 
+// The payload is written as it is read: the case, then its members.
+void Layer::documentKind(KeyedEncodingContainer& c) const {
+  encodeKind(c);
+}
+
+void Layer::describeKind(SchemaVisitor& v) {
+  v.member({CodingKeys::kind, SchemaRead::tolerant, "kind"}, Schema<Kind::Key>::shape);
+  v.beginCase(CodingKeys::kind, rawValue(Kind::Key::text));
+  v.member({KindKeys::content, SchemaRead::required, "kind.content"}, Schema<std::string>::shape);
+  v.member({KindKeys::textStyles, SchemaRead::required, "kind.rangedTextStyles"},
+           Schema<std::vector<Ref<RangedTextStyle>>>::shape);
+  v.endCase();
+  v.beginCase(CodingKeys::kind, rawValue(Kind::Key::group));
+  v.member({KindKeys::layers, SchemaRead::required, "kind.layers"},
+           Schema<std::vector<Ref<Layer>>>::shape);
+  v.member({KindKeys::componentName, SchemaRead::optional, "kind.componentName"},
+           Schema<std::string>::shape);
+  v.member({KindKeys::interactionLevel, SchemaRead::tolerant, "kind.interactionLevel"},
+           Schema<InteractionLevel>::shape);
+  v.endCase();
+}
+
 void Layer::encodeKind(KeyedEncodingContainer& c) const {
   if (!kind_) return;
   c.encode(CodingKeys::kind, kind_->key());

@@ -31,6 +31,15 @@ void Snapshot::encodeSize(KeyedEncodingContainer& c) const {
   c.encode(SizeKeys::height, size_.height);
 }
 
+void Snapshot::documentSize(KeyedEncodingContainer& c) const {
+  encodeSize(c);
+}
+
+void Snapshot::describeSize(SchemaVisitor& v) {
+  v.member({SizeKeys::width, SchemaRead::required, "size.width"}, Schema<double>::shape);
+  v.member({SizeKeys::height, SchemaRead::required, "size.height"}, Schema<double>::shape);
+}
+
 void Snapshot::wire() {
   if (grid_) grid_->setSnapshot(shared_from_this());
   wireAssets();

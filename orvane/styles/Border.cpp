@@ -14,4 +14,12 @@ void Border::encodeFill(KeyedEncodingContainer& c) const {
   if (fill_) fill_->encode(c);
 }
 
+void Border::documentFill(KeyedEncodingContainer& c) const {
+  if (fill_) fill_->encodeDocument(c);
+}
+
+void Border::describeFill(SchemaVisitor& v) {
+  v.membersOf(Schema<Fill>::shape);
+}
+
 }  // namespace orvane

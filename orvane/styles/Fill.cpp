@@ -22,6 +22,10 @@ void Fill::encode(KeyedEncodingContainer& c) const {
   encodeFields(c);
 }
 
+void Fill::encodeDocument(KeyedEncodingContainer& c) const {
+  documentFields(c);
+}
+
 void Fill::decodeKind(const Decoder&, const KeyedDecodingContainer& c) {
   auto key = c.decodeTolerant<Kind::Key>(CodingKeys::kind);
   if (!key) return;
@@ -33,6 +37,22 @@ void Fill::decodeKind(const Decoder&, const KeyedDecodingContainer& c) {
       kind_ = Kind::gradient(c.decode<Ref<Gradient>>(KindKeys::gradient));
       break;
   }
+}
+
+// The payload is written as it is read: the case, then its member.
+void Fill::documentKind(KeyedEncodingContainer& c) const {
+  encodeKind(c);
+}
+
+void Fill::describeKind(SchemaVisitor& v) {
+  v.member({CodingKeys::kind, SchemaRead::tolerant, "kind"}, Schema<Kind::Key>::shape);
+  v.beginCase(CodingKeys::kind, rawValue(Kind::Key::color));
+  v.member({KindKeys::color, SchemaRead::required, "kind.color"}, Schema<Ref<Color>>::shape);
+  v.endCase();
+  v.beginCase(CodingKeys::kind, rawValue(Kind::Key::gradient));
+  v.member({KindKeys::gradient, SchemaRead::required, "kind.gradient"},
+           Schema<Ref<Gradient>>::shape);
+  v.endCase();
 }
 
 void Fill::encodeKind(KeyedEncodingContainer& c) const {

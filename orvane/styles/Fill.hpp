@@ -86,6 +86,7 @@ class Fill {
   /// or writes into, that record's container, as the two above do.
   static Ref<Fill> decode(const Decoder& decoder, const KeyedDecodingContainer& c);
   void encode(KeyedEncodingContainer& c) const;
+  void encodeDocument(KeyedEncodingContainer& c) const;
   ///@}
 };
 

@@ -21,6 +21,17 @@ void ProjectColor::encode(Encoder& encoder) const {
   encodeFields(c);
 }
 
+void ProjectColor::encodeDocument(Encoder& encoder) const {
+  auto c = encoder.container();
+  documentOwnFields(c);
+  documentFields(c);
+}
+
+void ProjectColor::describeSchema(SchemaVisitor& visitor) {
+  describeOwnFields(visitor);
+  visitor.membersOf(Schema<Color>::shape);
+}
+
 void ProjectColor::visitFields(FieldVisitor& visitor) const {
   Color::visitFields(visitor);
   visitOwnFields(visitor);

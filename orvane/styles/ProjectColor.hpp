@@ -31,6 +31,10 @@ class ProjectColor : public Color {
   void encode(Encoder& encoder) const override;
   /// The components, then the project color's own fields.
   void visitFields(FieldVisitor& visitor) const override;
+  /// Writes "_id" and "name", then the components, in one object: what `decode` reads.
+  void encodeDocument(Encoder& encoder) const override;
+  /// "_id" and "name" beside the members of a color.
+  static void describeSchema(SchemaVisitor& visitor);
 };
 
 /// The decode-only subset of a project color; every member optional.

@@ -22,6 +22,17 @@ void ProjectTextStyle::encode(Encoder& encoder) const {
   encodeFields(c);
 }
 
+void ProjectTextStyle::encodeDocument(Encoder& encoder) const {
+  auto c = encoder.container();
+  documentOwnFields(c);
+  documentFields(c);
+}
+
+void ProjectTextStyle::describeSchema(SchemaVisitor& visitor) {
+  describeOwnFields(visitor);
+  visitor.membersOf(Schema<TextStyle>::shape);
+}
+
 void ProjectTextStyle::visitFields(FieldVisitor& visitor) const {
   TextStyle::visitFields(visitor);
   visitOwnFields(visitor);

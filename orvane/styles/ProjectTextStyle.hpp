@@ -37,6 +37,10 @@ class ProjectTextStyle : public TextStyle {
   void encode(Encoder& encoder) const override;
   /// The style's members, then the project text style's own fields.
   void visitFields(FieldVisitor& visitor) const override;
+  /// Writes "_id", "name" and "sourceId", then the style, in one object: what `decode` reads.
+  void encodeDocument(Encoder& encoder) const override;
+  /// "_id", "name" and "sourceId" beside the members of a text style.
+  static void describeSchema(SchemaVisitor& visitor);
 };
 
 /// The decode-only subset of a project text style.

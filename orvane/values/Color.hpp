@@ -8,11 +8,13 @@ namespace orvane {
 namespace detail {
 
 /// A base for records that have subclasses (colors, text styles): the generated `visitFields`
-/// overrides the one declared here, so a listing through the base shows the subclass's fields.
+/// and `encodeDocument` override the ones declared here, so a listing or a document form
+/// through the base shows the subclass's fields.
 class OverridableFields {
  public:
   virtual ~OverridableFields() = default;
   virtual void visitFields(FieldVisitor& visitor) const = 0;
+  virtual void encodeDocument(Encoder& encoder) const = 0;
 
  protected:
   OverridableFields() = default;

@@ -41,7 +41,7 @@ Rect Coding<Rect>::decode(const Decoder& d) {
 
 void Coding<Rect>::encode(Encoder& e, const Rect& r) {
   auto c = e.container();
-  Rect s = r.standardized();
+  Rect s = e.form() == EncodingForm::document ? r : r.standardized();
   c.encode("x", s.origin.x);
   c.encode("y", s.origin.y);
   c.encode("width", s.size.width);
@@ -72,6 +72,29 @@ void Coding<Range>::encode(Encoder& e, const Range& r) {
   auto c = e.container();
   c.encode("location", r.location);
   c.encode("length", r.length);
+}
+
+namespace {
+void number(SchemaVisitor& v, std::string_view key, std::string_view field) {
+  v.member({key, SchemaRead::required, field}, Schema<double>::shape);
+}
+}  // namespace
+
+void detail::describeRect(SchemaVisitor& v) {
+  number(v, "x", "x");
+  number(v, "y", "y");
+  number(v, "width", "width");
+  number(v, "height", "height");
+}
+
+void detail::describePoint(SchemaVisitor& v) {
+  number(v, "x", "x");
+  number(v, "y", "y");
+}
+
+void detail::describeRange(SchemaVisitor& v) {
+  v.member({"location", SchemaRead::required, "location"}, Schema<std::int64_t>::shape);
+  v.member({"length", SchemaRead::required, "length"}, Schema<std::int64_t>::shape);
 }
 
 }  // namespace orvane

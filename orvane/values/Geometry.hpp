@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include <orvane/coding/Coding.hpp>
+#include <orvane/coding/Schema.hpp>
 
 namespace orvane {
 
@@ -65,7 +66,8 @@ template <>
 struct Coding<Rect> {
   /// Each of the four members is a required number.
   static Rect decode(const Decoder& d);
-  /// Writes the standardized rectangle, so a negative size is written positive.
+  /// Writes the standardized rectangle, so a negative size is written positive; the document
+  /// form writes it as stored, as decoding read it.
   static void encode(Encoder& e, const Rect& r);
 };
 
@@ -86,6 +88,31 @@ struct Coding<Range> {
   static Range decode(const Decoder& d);
   /// Writes "location" then "length".
   static void encode(Encoder& e, const Range& r);
+};
+
+namespace detail {
+void describeRect(SchemaVisitor& v);
+void describePoint(SchemaVisitor& v);
+void describeRange(SchemaVisitor& v);
+}  // namespace detail
+
+/// A rectangle is an object of four required numbers.
+template <>
+struct Schema<Rect> {
+  /// "x", "y", "width", "height".
+  static constexpr Shape shape{Shape::Kind::object, nullptr, nullptr, &detail::describeRect, {}};
+};
+/// A point is an object of two required numbers.
+template <>
+struct Schema<Point> {
+  /// "x", "y".
+  static constexpr Shape shape{Shape::Kind::object, nullptr, nullptr, &detail::describePoint, {}};
+};
+/// A range is an object of two required integers.
+template <>
+struct Schema<Range> {
+  /// "location", "length".
+  static constexpr Shape shape{Shape::Kind::object, nullptr, nullptr, &detail::describeRange, {}};
 };
 
 }  // namespace orvane

@@ -1,0 +1,7 @@
+#include <orvane/coding/Schema.hpp>
+
+namespace orvane {
+
+SchemaVisitor::~SchemaVisitor() = default;
+
+}  // namespace orvane
