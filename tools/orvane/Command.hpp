@@ -39,6 +39,7 @@ struct Request {
   bool jsonErrors = false;
   bool pretty = false;
   bool warnings = false;
+  bool document = false;  // decode: the document form; schema: the document form's schema
 };
 
 /// TYPE, FILE (or FILE... for `manyFiles`) and the decoding options.

@@ -108,4 +108,20 @@ const TypeEntry* findType(std::string_view name) {
   return nullptr;
 }
 
+const TypeEntry* findType(const std::type_info& type) {
+  for (const auto& entry : kTypes) {
+    if (*entry.type == type) return &entry;
+  }
+  return nullptr;
+}
+
+JsonSchemaOptions schemaOptions() {
+  JsonSchemaOptions options;
+  options.nameOf = [](const std::type_info& type) {
+    const TypeEntry* entry = findType(type);
+    return entry ? std::string(entry->name) : schemaTypeName(type);
+  };
+  return options;
+}
+
 }  // namespace orvane::tool

@@ -4,14 +4,16 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <typeinfo>
 
 #include <orvane/coding/Decoder.hpp>
 #include <orvane/coding/Encoder.hpp>
 #include <orvane/coding/FieldVisitor.hpp>
 #include <orvane/coding/SingleValueCodable.hpp>
+#include <orvane/internal/JsonWriter.hpp>
 #include <orvane/json/JsonDecoder.hpp>
 #include <orvane/json/JsonEncoder.hpp>
-#include <orvane/internal/JsonWriter.hpp>
+#include <orvane/json/JsonSchema.hpp>
 
 namespace orvane::tool {
 
@@ -24,6 +26,8 @@ struct Settings {
 /// run keeps the parser's buffers and the record chunks for the next document.
 struct TypeEntry {
   std::string_view name;
+  /// The C++ type that TYPE names (`Layer`, not `Ref<Layer>`).
+  const std::type_info* type;
   /// Decodes the padded document and returns what the value writes back; null when the type
   /// is decode-only.
   std::string (*decode)(JsonDecoder& decoder, std::string_view json, const Settings& settings);
@@ -31,10 +35,20 @@ struct TypeEntry {
   std::string (*dump)(JsonDecoder& decoder, std::string_view json, const Settings& settings);
   /// Decodes the padded document and keeps nothing.
   void (*check)(JsonDecoder& decoder, std::string_view json, const Settings& settings);
+  /// Decodes the padded document and returns its document form (dates as `settings` say);
+  /// when `fields` is given, first shows it the decoded value, as `dump` does.
+  std::string (*document)(JsonDecoder& decoder, std::string_view json, const Settings& settings,
+                          FieldVisitor* fields);
+  /// The JSON Schema of the documents that decode as TYPE, or of their document form.
+  std::string (*schema)(const JsonSchemaOptions& options);
 };
 
 std::span<const TypeEntry> registeredTypes();
 const TypeEntry* findType(std::string_view name);
+/// The entry of the C++ type `type`, or null when the tool has no TYPE for it.
+const TypeEntry* findType(const std::type_info& type);
+/// Schema options whose records and enumerations are named by their TYPE names.
+JsonSchemaOptions schemaOptions();
 
 namespace detail {
 
@@ -77,6 +91,21 @@ void decodeOnly(JsonDecoder& decoder, std::string_view json, const Settings&) {
 }
 
 template <class T>
+std::string decodeAndDocument(JsonDecoder& decoder, std::string_view json, const Settings& settings,
+                              FieldVisitor* fields) {
+  auto value = decoder.decodePadded<Decoded<T>>(json);
+  if (fields) describe(*fields, value);
+  JsonEncoderOptions options = settings.encoding;
+  options.form = EncodingForm::document;
+  return JsonEncoder(options).encode(value);
+}
+
+template <class T>
+std::string schemaOf(const JsonSchemaOptions& options) {
+  return jsonSchema<T>(options);
+}
+
+template <class T>
 std::string decodeAndDump(JsonDecoder& decoder, std::string_view json, const Settings& settings) {
   auto value = decoder.decodePadded<Decoded<T>>(json);
   std::string out;
@@ -91,11 +120,15 @@ std::string decodeAndDump(JsonDecoder& decoder, std::string_view json, const Set
 /// One line of the table of types: `entry<Layer>("Layer")`.
 template <class T>
 constexpr TypeEntry entry(std::string_view name) {
-  if constexpr (detail::isEncodable<T>()) {
-    return {name, &detail::decodeAndEncode<T>, &detail::decodeAndDump<T>, &detail::decodeOnly<T>};
-  } else {
-    return {name, nullptr, &detail::decodeAndDump<T>, &detail::decodeOnly<T>};
-  }
+  std::string (*encode)(JsonDecoder&, std::string_view, const Settings&) = nullptr;
+  if constexpr (detail::isEncodable<T>()) encode = &detail::decodeAndEncode<T>;
+  return {name,
+          &typeid(T),
+          encode,
+          &detail::decodeAndDump<T>,
+          &detail::decodeOnly<T>,
+          &detail::decodeAndDocument<T>,
+          &detail::schemaOf<T>};
 }
 
 }  // namespace orvane::tool

@@ -29,8 +29,10 @@ using namespace orvane::tool;
 int runDocumentCommand(const Request& request, bool dump, Output& out) {
   const TypeEntry* type = lookUpType(request.type);
   if (!type) return kUsage;
-  if (!dump && !type->decode) {
-    return usageError(request.type + " is decode-only: it has no encoding to print");
+  if (!dump && !request.document && !type->decode) {
+    return usageError(request.type +
+                      " is decode-only: it has no encoding to print (--document prints its "
+                      "document form)");
   }
   WarningLines warnings;
   Settings settings = settingsFor(request, request.warnings ? &warnings : nullptr);
@@ -44,8 +46,9 @@ int runDocumentCommand(const Request& request, bool dump, Output& out) {
     }
     std::string_view json(buffer.data(), size);
     JsonDecoder decoder(settings.decoding);
-    std::string result =
-        dump ? type->dump(decoder, json, settings) : type->decode(decoder, json, settings);
+    std::string result = dump               ? type->dump(decoder, json, settings)
+                         : request.document ? type->document(decoder, json, settings, nullptr)
+                                            : type->decode(decoder, json, settings);
     result += '\n';
     out.write(result);
     printWarnings(warnings, "");
@@ -105,6 +108,17 @@ int runCheck(const Request& request, Output& out) {
   return status;
 }
 
+int runSchema(const Request& request, Output& out) {
+  const TypeEntry* type = lookUpType(request.type);
+  if (!type) return kUsage;
+  JsonSchemaOptions options = schemaOptions();
+  options.dates = settingsFor(request, nullptr).decoding.dates;
+  options.documentForm = request.document;
+  options.pretty = request.pretty;
+  out.write(type->schema(options) + '\n');
+  return 0;
+}
+
 int run(int argc, char** argv, Output& out) {
   CLI::App app{"Decode, check and look into documents of the service."};
   app.name("orvane");
@@ -115,14 +129,21 @@ int run(int argc, char** argv, Output& out) {
       "Exit status: 0 on success, 1 when a document does not decode, 2 for a usage error, 3 when "
       "the output cannot be written.");
 
-  Request decodeRequest, dumpRequest, checkRequest;
+  Request decodeRequest, dumpRequest, checkRequest, schemaRequest;
   auto* decode =
       app.add_subcommand("decode", "Decode a document as TYPE and print what it writes back");
   addDocumentOptions(*decode, decodeRequest, false);
+  decode->add_flag("--document", decodeRequest.document,
+                   "Print the document form instead: every member that decoding reads, so that "
+                   "the output decodes again as TYPE into the same values");
   decode->footer(
-      "Prints one line of compact JSON (indented with --pretty). Exit status: 0 on success, 1 "
-      "when the document does not decode, 2 for a usage error or a decode-only TYPE, 3 when the "
-      "output cannot be written.");
+      "Prints one line of compact JSON (indented with --pretty): what the record's encoding "
+      "writes back to the service, or with --document the document form, which decode-only "
+      "TYPEs have too. What the document form loses: members the model does not read, values "
+      "that a tolerant key dropped (--warnings names them) and a screen replaced by a later one "
+      "with its identifier. Exit status: 0 on success, 1 when the document does not decode, 2 "
+      "for a usage error or a decode-only TYPE without --document, 3 when the output cannot be "
+      "written.");
   auto* dump =
       app.add_subcommand("dump", "Decode a document as TYPE and print every field it holds");
   addDocumentOptions(*dump, dumpRequest, false);
@@ -136,6 +157,21 @@ int run(int argc, char** argv, Output& out) {
       "when every file decodes, 1 when any does not (an unreadable file counts), 2 for a usage "
       "error, 3 when the output cannot be written.");
   auto* types = app.add_subcommand("types", "List every TYPE name, one a line");
+  auto* schema = app.add_subcommand(
+      "schema", "Print the JSON Schema (draft 2020-12) of the documents that decode as TYPE");
+  schema->add_option("TYPE", schemaRequest.type, "The record's qualified name (see `orvane types`)")
+      ->required();
+  schema->add_flag("--document", schemaRequest.document,
+                   "The schema of the document form (what decode --document prints) instead");
+  schema->add_option("--dates", schemaRequest.dates, "Date strategy of the documents")
+      ->check(CLI::IsMember({"iso8601", "seconds", "milliseconds", "deferred"}));
+  schema->add_flag("--pretty", schemaRequest.pretty, "Indent the output by two spaces");
+  schema->footer(
+      "Prints one line of compact JSON (indented with --pretty): the record's own schema at the "
+      "root, the records and enumerations it holds under $defs by TYPE name. Every property "
+      "says how it is read and which field it fills; unknown members are allowed, as decoding "
+      "ignores them, and a tolerant member constrains nothing. Exit status: 0 on success, 2 for "
+      "a usage error, 3 when the output cannot be written.");
 
   HandoffCommands handoff(app);
 
@@ -181,6 +217,7 @@ int run(int argc, char** argv, Output& out) {
     return 0;
   }
   if (check->parsed()) return runCheck(checkRequest, out);
+  if (schema->parsed()) return runSchema(schemaRequest, out);
   if (auto status = handoff.run(out)) return *status;
   if (decode->parsed()) return runDocumentCommand(decodeRequest, false, out);
   return runDocumentCommand(dumpRequest, true, out);
