@@ -7,10 +7,24 @@ namespace orvane {
 
 using namespace std::chrono;
 
-std::string formatIso8601(Date date) {
+std::optional<std::string> formatIso8601(Date date) {
   auto micros = (date.time_since_epoch() % std::chrono::seconds(1)).count();
   if (micros < 0) micros += 1'000'000;
-  return detail::formatUtc(date, micros == 0 ? 0 : micros % 1000 == 0 ? 3 : 6);
+  const int digits = micros == 0 ? 0 : micros % 1000 == 0 ? 3 : 6;
+  // RFC 3339 has four-digit years. Text read with an offset may name an instant just outside
+  // them in UTC ("0000-01-01T00:00:00+01:00"): written with an offset again, it keeps its place.
+  constexpr Date first{sys_days{year{0} / 1 / 1}.time_since_epoch()};
+  constexpr Date end{sys_days{year{10000} / 1 / 1}.time_since_epoch()};
+  if (date >= first && date < end) return detail::formatUtc(date, digits);
+  const bool early = date < first;
+  const minutes shift = early ? ceil<minutes>(first - date) : ceil<minutes>(date - end + 1us);
+  if (shift > 23h + 59min) return std::nullopt;
+  std::string text = detail::formatUtc(early ? date + shift : date - shift, digits);
+  char offset[8];
+  std::snprintf(offset, sizeof offset, "%c%02d:%02d", early ? '+' : '-', int(shift.count() / 60),
+                int(shift.count() % 60));
+  text.pop_back();  // the "Z"
+  return text + offset;
 }
 
 namespace {

@@ -18,8 +18,10 @@ namespace detail {
 std::string formatUtc(Date date, int fractionDigits);
 }  // namespace detail
 
-/// RFC 3339 in UTC with "Z"; fractional seconds only when they are not zero.
-std::string formatIso8601(Date date);
+/// RFC 3339 in UTC with "Z"; fractional seconds only when they are not zero. A date just
+/// outside the years 0000 to 9999 in UTC has an offset that brings it within them; none when
+/// no offset of RFC 3339 does.
+std::optional<std::string> formatIso8601(Date date);
 
 /// RFC 3339: a full date, "T", a full time with optional fraction, and "Z" or an offset.
 std::optional<Date> parseIso8601(std::string_view text);

@@ -20,6 +20,18 @@ namespace {
                           " directly in JSON.");
 }
 
+// A date as RFC 3339 text; one that no such text can hold is an error, not text that would
+// not read back.
+std::string isoText(Date value, const CodingPathLink* path) {
+  auto text = formatIso8601(value);
+  if (!text) {
+    throw EncodingError(CodingPathLink::materialize(path),
+                        "Unable to encode Date " + formatDateMillis(value) +
+                            " as ISO 8601 text: its year is not within 0000 to 9999.");
+  }
+  return *std::move(text);
+}
+
 // The date a number reads back as under a numeric strategy, as the decoder reads it.
 std::optional<Date> dateOfNumber(double number, DateStrategy dates) {
   return dateFromSeconds(dates == DateStrategy::milliseconds ? number / 1e3
@@ -85,7 +97,7 @@ class PrettyBackend final : public EncoderBackend {
     if (auto number = dateNumber(value, dates_))
       writeDouble(*number, path);
     else
-      writer_.string(formatIso8601(value));
+      writer_.string(isoText(value, path));
   }
   void writeUrl(const Url& value) override { writer_.string(value.text()); }
 
@@ -158,7 +170,7 @@ class CompactBackend final : public EncoderBackend {
     if (auto number = dateNumber(value, dates_))
       writeDouble(*number, path);
     else
-      writeString(formatIso8601(value));
+      writeString(isoText(value, path));
   }
   void writeUrl(const Url& value) override { writeString(value.text()); }
 
