@@ -129,8 +129,8 @@ class SchemaWriter final : public SchemaVisitor {
     out.add("description",
             Tree::string(options_.documentForm
                              ? "The document form of " + name +
-                                   ": every member that decoding reads, as the document form "
-                                   "writes it."
+                                   ": every member that decoding reads, written so that it "
+                                   "reads back."
                              : "The documents that decode as " + name + "."));
     Tree body = root_.kind == Shape::Kind::record || root_.kind == Shape::Kind::enumeration
                     ? definition(root_, false)

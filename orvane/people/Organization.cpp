@@ -1,5 +1,3 @@
-#include <cmath>
-
 #include <orvane/internal/MakeRef.hpp>
 #include <orvane/people/Organization.hpp>
 
@@ -13,24 +11,6 @@ constexpr double kMillisecondsPerSecond = 1000;
 std::optional<double> secondsFromMilliseconds(std::optional<double> milliseconds) {
   if (!milliseconds) return std::nullopt;
   return *milliseconds / kMillisecondsPerSecond;
-}
-
-// The number of milliseconds that reads back as exactly `seconds`. The product alone may round
-// to a neighbour of it whose quotient is another double; one of the product's neighbours then
-// divides back exactly (when any does: a value made in code may have none).
-double millisecondsReadingBack(double seconds) {
-  double milliseconds = seconds * kMillisecondsPerSecond;
-  for (int step = 0; step < 4 && std::isfinite(milliseconds); ++step) {
-    double back = milliseconds / kMillisecondsPerSecond;
-    if (back == seconds) break;
-    milliseconds = std::nextafter(milliseconds, back < seconds ? HUGE_VAL : -HUGE_VAL);
-  }
-  return milliseconds;
-}
-
-void documentMilliseconds(KeyedEncodingContainer& c, std::optional<double> seconds) {
-  if (seconds)
-    c.encode(Organization::CodingKeys::transitionTimeInterval, millisecondsReadingBack(*seconds));
 }
 
 void describeMilliseconds(SchemaVisitor& v) {
@@ -55,8 +35,10 @@ void Organization::encodeTransitionTimeInterval(KeyedEncodingContainer& c) const
     c.encode(CodingKeys::transitionTimeInterval, *transitionTimeInterval_ * kMillisecondsPerSecond);
 }
 
+// Seconds read from a document (milliseconds divided by a thousand) multiply back to the same
+// milliseconds, so the document form writes what the encoding writes.
 void Organization::documentTransitionTimeInterval(KeyedEncodingContainer& c) const {
-  documentMilliseconds(c, transitionTimeInterval_);
+  encodeTransitionTimeInterval(c);
 }
 
 void Organization::describeTransitionTimeInterval(SchemaVisitor& v) {
@@ -79,7 +61,8 @@ void Organization::Partial::decodeTransitionTimeInterval(const Decoder&,
 }
 
 void Organization::Partial::documentTransitionTimeInterval(KeyedEncodingContainer& c) const {
-  documentMilliseconds(c, transitionTimeInterval_);
+  if (transitionTimeInterval_)
+    c.encode(CodingKeys::transitionTimeInterval, *transitionTimeInterval_ * kMillisecondsPerSecond);
 }
 
 void Organization::Partial::describeTransitionTimeInterval(SchemaVisitor& v) {
