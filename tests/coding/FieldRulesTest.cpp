@@ -54,19 +54,24 @@ struct Sample {
   std::string type;
   std::vector<Rule> rules;
   std::vector<Member> members;  // every listed key that the record reads, with a valid value
-  std::string (*decodeAndEncode)(const std::string& json);
+  std::string (*decodeAndEncode)(const std::string& json, EncodingForm form);
 };
 
 template <class R>
-std::string roundTrip(const std::string& json) {
-  return JsonEncoder().encode(JsonDecoder().decode<Ref<R>>(json));
+std::string roundTrip(const std::string& json, EncodingForm form) {
+  JsonEncoderOptions options;
+  options.form = form;
+  return JsonEncoder(options).encode(JsonDecoder().decode<Ref<R>>(json));
 }
 
-// For records and partials that are read but never written.
+// For records and partials that are read but never written: only their document form.
 template <class T>
-std::string decodeOnly(const std::string& json) {
-  JsonDecoder().decode<T>(json);
-  return "{}";
+std::string decodeOnly(const std::string& json, EncodingForm form) {
+  auto value = JsonDecoder().decode<T>(json);
+  if (form == EncodingForm::records) return "{}";
+  JsonEncoderOptions options;
+  options.form = form;
+  return JsonEncoder(options).encode(value);
 }
 
 std::string objectText(const std::vector<Member>& members, std::string_view key,
@@ -270,7 +275,7 @@ std::vector<Sample> samples() {
   const struct {
     std::string_view record;  // whose sample document it reads
     std::vector<Rule> rules;
-    std::string (*decode)(const std::string& json);
+    std::string (*decode)(const std::string& json, EncodingForm form);
   } partials[] = {
       PARTIAL("ProjectColor", ProjectColor, ORVANE_PROJECT_COLOR_PARTIAL_FIELDS),
       PARTIAL("ProjectTextStyle", ProjectTextStyle, ORVANE_PROJECT_TEXT_STYLE_PARTIAL_FIELDS),
@@ -298,7 +303,8 @@ TEST(FieldRules, EveryListedKeyReadsAndWritesAsItsStatementSays) {
   for (const auto& sample : samples()) {
     const std::string complete = objectText(sample.members, {}, {}, false);
     std::string written;
-    ASSERT_NO_THROW(written = sample.decodeAndEncode(complete)) << sample.type << complete;
+    ASSERT_NO_THROW(written = sample.decodeAndEncode(complete, EncodingForm::records))
+        << sample.type << complete;
     for (const auto& rule : sample.rules) {
       if (rule.key.empty() || rule.read == "custom" || rule.read == "localOnImport") continue;
       SCOPED_TRACE(std::string(sample.type) + "." + std::string(rule.field) + " \"" +
@@ -320,7 +326,7 @@ TEST(FieldRules, EveryListedKeyReadsAndWritesAsItsStatementSays) {
           objectText(sample.members, rule.key, otherKind(member->value), false);
       auto failure = [&](const std::string& json) -> std::optional<DecodingError::Kind> {
         try {
-          sample.decodeAndEncode(json);
+          sample.decodeAndEncode(json, EncodingForm::records);
           return std::nullopt;
         } catch (const DecodingError& e) {
           return e.kind();
@@ -340,11 +346,41 @@ TEST(FieldRules, EveryListedKeyReadsAndWritesAsItsStatementSays) {
                                     : std::optional(DecodingError::Kind::typeMismatch));
       // A field without a value is left out when written only when present; one read with
       // the empty value as default is written with it.
-      const std::string backFromAbsent = sample.decodeAndEncode(absent);
+      const std::string backFromAbsent = sample.decodeAndEncode(absent, EncodingForm::records);
       if (!ownWrite) {
         EXPECT_EQ(writes(backFromAbsent, rule.key),
                   rule.write == "always" || rule.write == "unlessLocal");
       }
+    }
+  }
+}
+
+// The document form writes what decoding reads, from the same statements: from a complete
+// document every key read, and from one without the key exactly the keys read with a default;
+// and writing what it wrote gives the same text.
+TEST(FieldRules, TheDocumentFormWritesEveryKeyThatIsRead) {
+  for (const auto& sample : samples()) {
+    const std::string complete = objectText(sample.members, {}, {}, false);
+    std::string document;
+    ASSERT_NO_THROW(document = sample.decodeAndEncode(complete, EncodingForm::document))
+        << sample.type;
+    EXPECT_EQ(sample.decodeAndEncode(document, EncodingForm::document), document) << sample.type;
+    for (const auto& rule : sample.rules) {
+      if (rule.key.empty()) continue;  // never read, or read from other keys (a payload)
+      SCOPED_TRACE(std::string(sample.type) + "." + std::string(rule.field) + " \"" +
+                   std::string(rule.key) + "\" (" + std::string(rule.read) + ")");
+      bool inSample = std::any_of(sample.members.begin(), sample.members.end(),
+                                  [&](const Member& m) { return m.key == rule.key; });
+      if (!inSample) {
+        EXPECT_EQ(rule.read, "custom") << "the sample lacks the key";
+        continue;
+      }
+      EXPECT_TRUE(writes(document, rule.key)) << document;
+      if (rule.read == "required" || rule.read == "custom" || rule.read == "localOnImport")
+        continue;
+      const std::string absent = objectText(sample.members, rule.key, {}, true);
+      EXPECT_EQ(writes(sample.decodeAndEncode(absent, EncodingForm::document), rule.key),
+                rule.read == "orEmpty");
     }
   }
 }
