@@ -2,7 +2,7 @@
 // parser's own DOM parse and against two other JSON libraries' parse alone.
 //   bench [SIZE_MB ...]        default: 1 10 100
 //   bench --large SIZE_MB      one decode of a large document: time and peak memory
-//   bench --only decode|encode|project SIZE_MB COUNT
+//   bench --only decode|encode|document|project SIZE_MB COUNT
 //                              only that operation, COUNT times, for a profiler
 #include <malloc.h>
 #include <sys/resource.h>
@@ -172,6 +172,16 @@ void measure(std::size_t megabytes) {
   std::printf("| %-34s | %9.1f | %9.2f | %7.2fx |  (%.1f MB written)\n", "Orvane encode",
               double(out.size()) / encode / 1e6, encode * 1e3, encode / floor,
               double(out.size()) / 1e6);
+  // The document form writes more than the records' own encoding (identifiers, every member
+  // read), so its rate is per byte written and its time is compared with the encoding's.
+  const orvane::JsonEncoder documentForm({.form = orvane::EncodingForm::document});
+  double document = bestSeconds([&] {
+    out.clear();
+    documentForm.encodeInto(out, graph);
+  });
+  std::printf("| %-34s | %9.1f | %9.2f | %7.2fx |  (%.1f MB written, %.2fx the encode)\n",
+              "Orvane document form", double(out.size()) / document / 1e6, document * 1e3,
+              document / floor, double(out.size()) / 1e6, document / encode);
   graph.clear();
 
   std::printf("\nOrvane decode vs nlohmann::json parse alone: %.1fx faster\n",
@@ -232,6 +242,36 @@ void measureRender() {
                 double(svg.size()) / 1e6, render * 1e6 / double(std::max<std::size_t>(layers, 1)),
                 diff * 1e3);
   }
+}
+
+// One snapshot of about 25 MB written both ways: the document form, which writes every member
+// that decoding reads, against the records' own encoding.
+void measureDocumentForm() {
+  std::string json = orvane::bench::generateSnapshot(39000);
+  simdjson::padded_string padded(json);
+  std::string_view view(padded.data(), padded.size());
+  orvane::JsonDecoder decoder;
+  auto snapshot = decoder.decodePadded<orvane::Ref<orvane::Snapshot>>(view);
+  std::string out;
+  double encode = bestSeconds([&] {
+    out.clear();
+    orvane::JsonEncoder().encodeInto(out, snapshot);
+  });
+  std::size_t encoded = out.size();
+  const orvane::JsonEncoder documentForm({.form = orvane::EncodingForm::document});
+  double document = bestSeconds([&] {
+    out.clear();
+    documentForm.encodeInto(out, snapshot);
+  });
+  std::printf("\n### Writing one %.0f MB snapshot: document form against encode\n\n",
+              double(json.size()) / 1e6);
+  std::printf("| %-24s | %9s | %9s | %10s |\n", "run", "MB out", "ms", "vs encode");
+  std::printf("|%s|%s|%s|%s|\n", std::string(26, '-').c_str(), std::string(11, '-').c_str(),
+              std::string(11, '-').c_str(), std::string(12, '-').c_str());
+  std::printf("| %-24s | %9.1f | %9.2f | %9.2fx |\n", "encode", double(encoded) / 1e6, encode * 1e3,
+              1.0);
+  std::printf("| %-24s | %9.1f | %9.2f | %9.2fx |\n", "document form", double(out.size()) / 1e6,
+              document * 1e3, document / encode);
 }
 
 // The people's questions of a large project against decoding it: what is in it, how far apart
@@ -333,9 +373,11 @@ void only(const std::string& what, std::size_t megabytes, int count) {
   }
   auto graph = decoder.decodePadded<Snapshots>(view);
   std::string out;
+  orvane::JsonEncoderOptions options;
+  if (what == "document") options.form = orvane::EncodingForm::document;
   for (int i = 0; i < count; ++i) {
     out.clear();
-    orvane::JsonEncoder().encodeInto(out, graph);
+    orvane::JsonEncoder(options).encodeInto(out, graph);
     benchmark::DoNotOptimize(out.data());
   }
 }
@@ -353,6 +395,7 @@ int main(int argc, char** argv) {
   for (int i = 1; i < argc; ++i) sizes.push_back(std::strtoul(argv[i], nullptr, 10));
   if (sizes.empty()) sizes = {1, 10, 100};
   for (auto mb : sizes) measure(mb);
+  measureDocumentForm();
   measureRender();
   measurePeoplesQuestions(*std::max_element(sizes.begin(), sizes.end()));
 }
