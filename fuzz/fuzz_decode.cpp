@@ -1,7 +1,8 @@
 // Decodes arbitrary bytes as every registered type. The first byte picks the type; the rest is
 // the document. Whatever decodes must dump, and what it writes must decode again (as an imported
-// document, since many records leave their identifier out) and write the same bytes. A snapshot
-// that decodes is also drawn, overlays and all, and the drawing must be text XML can hold.
+// document, since many records leave their identifier out) and write the same bytes. Its document
+// form must decode into the same fields and write the same bytes again. A snapshot that decodes
+// is also drawn, overlays and all, and the drawing must be text XML can hold.
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -63,6 +64,38 @@ void drawAndCheck(const Snapshot& snapshot) {
   }
 }
 
+// The document form of what decoded: it decodes again into a value that lists the same fields,
+// and writes the same text again.
+void checkDocumentForm(const TypeEntry& type, JsonDecoder& decoder, std::string_view json,
+                       const Settings& settings) {
+  std::string listed, relisted, document, again;
+  try {
+    JsonWriter writer(listed);
+    JsonFieldWriter fields(writer);
+    document = type.document(decoder, json, settings, &fields);
+  } catch (const EncodingError& e) {
+    std::fprintf(stderr, "%.*s decodes but has no document form: %s\n", int(type.name.size()),
+                 type.name.data(), e.what());
+    std::abort();
+  }
+  std::vector<char> buffer;
+  try {
+    JsonWriter writer(relisted);
+    JsonFieldWriter fields(writer);
+    again = type.document(decoder, padded(buffer, document), settings, &fields);
+  } catch (const DecodingError& e) {
+    std::fprintf(stderr, "%.*s refused its document form %s: %s\n", int(type.name.size()),
+                 type.name.data(), document.c_str(), e.what());
+    std::abort();
+  }
+  if (relisted != listed || again != document) {
+    std::fprintf(stderr, "%.*s document form changed\n  %s\n  %s\n  %s\n  %s\n",
+                 int(type.name.size()), type.name.data(), listed.c_str(), relisted.c_str(),
+                 document.c_str(), again.c_str());
+    std::abort();
+  }
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -85,6 +118,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   std::string written;
   try {
     (void)type.dump(plainDecoder, json, plain);
+    checkDocumentForm(type, plainDecoder, json, plain);
     if (!type.decode) return 0;
     written = type.decode(plainDecoder, json, plain);
     if (type.name == "Snapshot") drawAndCheck(*plainDecoder.decodePadded<Ref<Snapshot>>(json));
