@@ -100,6 +100,8 @@ TEST(WriteFailures, EveryCommandThatWritesExitsWith3AndSaysWhy) {
       {{"--version"}, "/dev/null", 0},
       {{"decode", "--help"}, "/dev/null", 0},
       {{"decode", "Snapshot"}, snapshot, 0},
+      {{"decode", "Snapshot", "--document"}, snapshot, 0},
+      {{"schema", "Project", "--pretty"}, "/dev/null", 0},
       {{"dump", "Snapshot", "--pretty"}, snapshot, 0},
       {{"check", "Snapshot", snapshot, "-", snapshot}, snapshot, 0},
       {{"check", "Snapshot", "-", "--json-errors"}, "/dev/null", 1},
