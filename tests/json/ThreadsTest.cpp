@@ -15,6 +15,9 @@ using Graph = std::vector<Ref<Snapshot>>;
 TEST(Threads, DecodersOnFourThreadsAndGraphsReleasedElsewhere) {
   const std::string json = test::exampleSnapshots(40);
   const std::string expected = test::encodeJson(JsonDecoder().decode<Graph>(json));
+  JsonEncoderOptions documentForm;
+  documentForm.form = EncodingForm::document;
+  const std::string document = JsonEncoder(documentForm).encode(JsonDecoder().decode<Graph>(json));
   // Graphs handed from the thread that decoded them to whichever takes them next.
   std::mutex mutex;
   std::vector<Graph> handedOver;
@@ -28,6 +31,8 @@ TEST(Threads, DecodersOnFourThreadsAndGraphsReleasedElsewhere) {
       for (int round = 0; round < 6; ++round) {
         Graph graph = decoder.decode<Graph>(json);
         if (test::encodeJson(graph) != expected) failures[t] = "round " + std::to_string(round);
+        if (JsonEncoder(documentForm).encode(graph) != document)
+          failures[t] = "document form, round " + std::to_string(round);
         // Snapshot observers and flattening touch every layer of a graph: do it here, then
         // leave the graph to another thread, and release one that another thread made.
         graph.front()->setLayers(graph.front()->layers());
