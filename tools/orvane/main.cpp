@@ -20,6 +20,7 @@
 #include "Report.hpp"
 #include "Suggest.hpp"
 #include "Types.hpp"
+#include "Viewer.hpp"
 
 namespace {
 
@@ -138,6 +139,7 @@ int run(int argc, char** argv, Output& out) {
   auto* types = app.add_subcommand("types", "List every TYPE name, one a line");
 
   HandoffCommands handoff(app);
+  ViewerCommands viewer(app);
 
   // A mistyped command would reach the parser as a stray argument; name it, and what was meant.
   if (argc > 1 && argv[1][0] != '-') {
@@ -182,6 +184,7 @@ int run(int argc, char** argv, Output& out) {
   }
   if (check->parsed()) return runCheck(checkRequest, out);
   if (auto status = handoff.run(out)) return *status;
+  if (auto status = viewer.run(out)) return *status;
   if (decode->parsed()) return runDocumentCommand(decodeRequest, false, out);
   return runDocumentCommand(dumpRequest, true, out);
 }
