@@ -192,10 +192,9 @@
 
   function show(route) {
     S.route = route;
-    var folder = store.index.folder;
     documentIndex(route).then(function (doc) {
       S.doc = doc;
-      if (!doc) return renderFolder(folder);
+      if (!doc) return renderFolder(store.index);
       if (S.units === null) S.units = doc.defaultUnit || 'px';
       if (doc.generation !== undefined) S.docGeneration = doc.generation;
       var snapshotKey = keyFor(route, doc);
@@ -327,9 +326,12 @@
   function renderHome(doc) {
     var p = doc.project;
     var app = document.getElementById('app');
-    var body = el('div', {className: 'inner'});
+    var main = el('div', {className: 'main'});
+    var side = el('div', {className: 'side'});
+    var platforms = {ios: 'iOS', android: 'Android', web: 'Web', osx: 'macOS'};
+    var body = main;
     body.appendChild(el('h1', {text: p.name}));
-    body.appendChild(el('div', {className: 'meta', text: [p.kind, p.density, 'created ' + (p.createDate || '').slice(0, 10)].filter(Boolean).join(' · ')}));
+    body.appendChild(el('div', {className: 'meta', text: [platforms[p.kind] || p.kind, p.density ? 'drawn at ' + p.density : null, 'created ' + (p.createDate || '').slice(0, 10)].filter(Boolean).join(' · ')}));
     (p.sections || []).forEach(function (section) {
       body.appendChild(el('h2', {text: section.name}));
       body.appendChild(el('div', {className: 'cards'}, (section.screens || []).filter(function (s) { return s.versions; }).map(function (s) { return card('screen', s); })));
@@ -342,6 +344,7 @@
       body.appendChild(el('h2', {text: 'Components'}));
       componentTree(p.componentSections).forEach(function (n) { body.appendChild(n); });
     }
+    body = side;
     body.appendChild(el('h2', {text: 'Style guide'}));
     if ((p.colors || []).length) {
       body.appendChild(el('h3', {text: 'Colors'}));
@@ -378,8 +381,8 @@
     app.replaceChildren(
       el('header', {className: 'bar'},
         store.index.folder ? el('a', {href: '#', text: 'Documents'}) : null,
-        el('span', {className: 'title', text: p.name}), el('span', {className: 'spacer'})),
-      el('div', {className: 'home'}, body));
+        el('span', {className: 'brand', text: 'Orvane'}), el('span', {className: 'title', text: p.name}), el('span', {className: 'spacer'})),
+      el('div', {className: 'home'}, el('div', {className: 'inner'}, main, side)));
     if (S.error) showError(S.error);
   }
 
@@ -528,7 +531,8 @@
     var size = S.snap.inspect.size;
     if (S.zoom !== 'fit') return S.zoom;
     var stage = S.ui.stage;
-    var w = Math.max(100, stage.clientWidth - 80), h = Math.max(100, stage.clientHeight - 80);
+    var legend = S.ui.legend && !S.ui.legend.hidden ? S.ui.legend.offsetHeight : 0;
+    var w = Math.max(100, stage.clientWidth - 80), h = Math.max(100, stage.clientHeight - 80 - legend);
     return Math.min(w / size.width, h / size.height, 1) || 1;
   }
   function applyZoom() {
@@ -537,7 +541,9 @@
     S.ui.zoomed.style.transform = 'scale(' + z + ')';
     S.ui.zoomed.style.width = size.width + 'px';
     S.ui.zoomed.style.height = size.height + 'px';
-    S.ui.zoomed.style.marginRight = (40 + size.width * (z - 1)) + 'px';
+    var left = Math.max(40, (S.ui.stage.clientWidth - size.width * z) / 2);
+    S.ui.zoomed.style.marginLeft = left + 'px';
+    S.ui.zoomed.style.marginRight = (left + size.width * (z - 1)) + 'px';
     S.ui.zoomed.style.marginBottom = (40 + size.height * (z - 1)) + 'px';
     S.ui.zoomed.setAttribute('data-zoom-level', fmt(z));
   }
@@ -697,9 +703,11 @@
       }
     }
     S.ui.over.appendChild(g);
-    var box = el('div', {className: 'note', 'data-redlines': true, 'data-relation': relation, 'data-b': other === 'artboard' ? '' : other},
+    var words = {apart: 'apart from', inside: 'inside or around', overlap: 'overlapping', artboard: 'to the artboard'};
+    var box = el('div', {className: 'redlines-box', 'data-redlines': true, 'data-relation': relation, 'data-b': other === 'artboard' ? '' : other},
+      el('div', {className: 'what', text: other === 'artboard' ? 'Distances to the artboard' : words[relation] + ' ' + S.facts[other].name}),
       Object.keys(values).map(function (k) {
-        return el('span', null, k + ' ', el('span', {'data-measure': k, text: fmt(length(values[k]))}), ' ' + unitOf() + '  ');
+        return el('span', {className: 'measure'}, k + ' ', el('b', {'data-measure': k, text: fmt(length(values[k]))}), ' ' + unitOf());
       }));
     S.ui.inspector.insertBefore(box, S.ui.inspector.firstChild);
   }
@@ -776,6 +784,7 @@
         if (S.snap.inspect.backgroundColor) specRow(dl, 'Background', null, colorText(S.snap.inspect.backgroundColor), colorNode(S.snap.inspect.backgroundColor));
         box.appendChild(dl);
         box.appendChild(el('p', {className: 'note', text: 'Click a layer on the canvas or in the list for its specs and code; point at another to measure.'}));
+        if (S.compareResult && S.route.compare) box.appendChild(changesList(S.compareResult));
       }
       renderAssets(box, null);
       return;
@@ -838,6 +847,21 @@
     box.appendChild(el('div', null, copyButton(function () { return panes[S.tab].textContent; })));
     showCode();
     renderAssets(box, id);
+  }
+
+  // What the comparison found, a line a layer; a click selects the layer.
+  function changesList(result) {
+    var list = el('ul', {className: 'comments', 'data-changes': true});
+    function row(kind, layer, what) {
+      var present = kind !== 'removed' && S.facts[layer.identifier];
+      list.appendChild(el('li', {className: kind, onclick: present ? function () { select(layer.identifier); } : null},
+        el('span', {className: 'who ' + kind, text: kind === 'added' ? '+ ' : kind === 'removed' ? '− ' : '~ '}),
+        el('span', {text: layer.name}), what ? el('span', {className: 'when', text: what}) : null));
+    }
+    (result.added || []).forEach(function (l) { row('added', l); });
+    (result.removed || []).forEach(function (l) { row('removed', l); });
+    (result.changed || []).forEach(function (c) { row('changed', c.layer, c.changes.join(', ')); });
+    return el('div', null, el('h3', {text: 'Changes'}), list);
   }
 
   // The code tabs: `code` for the layer at the chosen design scale (a site holds 1x only).
@@ -934,12 +958,17 @@
     var olderFacts = {};
     (function walk(layers) { (layers || []).forEach(function (l) { olderFacts[l.identifier] = olderFacts[l.identifier] || l; walk(l.layers); }); })(older.inspect.layers);
     var counts = {added: 0, removed: 0, changed: 0};
+    var labels = [];
     function mark(kind, layer, frame, label) {
       if (!frame) return null;
       counts[kind]++;
       var g = svgEl('g', {'data-change': kind, 'data-source': layer.sourceIdentifier, 'data-layer-id': layer.identifier});
       g.appendChild(svgEl('rect', {class: 'mark', x: frame.x, y: frame.y, width: frame.width, height: frame.height}));
-      g.appendChild(svgEl('text', {x: frame.x + 2, y: frame.y - 3, text: label}));
+      // Labels of nested layers would lie on one another: each takes the next free line.
+      var x = frame.x + 2, y = frame.y - 3;
+      while (labels.some(function (l) { return Math.abs(l.y - y) < 11 && Math.abs(l.x - x) < 110; })) y += 11;
+      labels.push({x: x, y: y});
+      g.appendChild(svgEl('text', {x: x, y: y, text: label}));
       over.appendChild(g);
       return g;
     }
@@ -957,12 +986,18 @@
       }
     });
     var legend = S.ui.legend;
-    legend.replaceChildren(
+    var parts = [
       el('span', {className: 'added', text: counts.added + ' added'}),
       el('span', {className: 'removed', text: counts.removed + ' removed'}),
-      el('span', {className: 'changed', text: counts.changed + ' changed'}),
-      (result.snapshot || []).length ? el('span', {text: 'artboard: ' + result.snapshot.map(function (c) { return c.change; }).join(', ')}) : null);
+      el('span', {className: 'changed', text: counts.changed + ' changed'})];
+    if ((result.snapshot || []).length) {
+      parts.push(el('span', {text: 'Artboard: ' + result.snapshot.map(function (c) { return c.change; }).join(', ')}));
+    }
+    legend.replaceChildren.apply(legend, parts);
     legend.hidden = false;
+    S.compareResult = result;
+    if (!S.route.layer && !S.route.dot) renderInspector(null, null);
+    applyZoom();
   }
 
   if (document.readyState === 'loading') document.addEventListener('DOMContentLoaded', start);

@@ -535,6 +535,39 @@ class ServedViewer(ViewerTestCase):
         p.until(lambda: not p.all("[data-error]") and "Title" in p.one("[data-inspector] h2").text, wait=4, what="the repair")
 
 
+class ServedFolder(ViewerTestCase):
+    """A folder of documents: each listed, those that do not decode with their error."""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.startBrowser()
+        cls.dir = tempfile.mkdtemp(prefix="orvane-folder-")
+        cls.file = os.path.join(cls.dir, "a-project.json")
+        documents.write(cls.file, documents.project())
+        with open(os.path.join(cls.dir, "b-broken.json"), "w") as f:
+            f.write('{"_id": "p", "name": 3}')
+        cls.server = Server("Project", cls.dir)
+        cls.base = cls.server.address
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.stopBrowser()
+        cls.server.stop()
+        shutil.rmtree(cls.dir, ignore_errors=True)
+
+    def test_the_listing_opens_each_document(self):
+        p = self.page
+        self.open("")
+        entries = p.all("[data-document]")
+        self.assertEqual([e.text for e in entries], ["a-project.json"])
+        self.assertIn("b-broken.json", p.one(".folder").text)
+        self.assertIn(tool("check", "Project", os.path.join(self.dir, "b-broken.json"))[0].split(": ", 1)[1].strip(),
+                      p.one(".folder .bad").text)
+        entries[0].click()
+        p.one('[data-screen="home"]').click()
+        p.until(lambda: p.one("[data-canvas]").get_attribute("data-screen") == "home", what="the screen")
+
+
 class StaticSite(ViewerTestCase):
     """`site`, opened from disk: the same page without a server."""
 
