@@ -8,7 +8,7 @@ packages=(g++ cmake ninja-build pkg-config ccache
           libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev rapidjson-dev doxygen
           chromium fonts-dejavu-core)
 # The viewer's server, and its tests in a real browser driven from Debian's own Python.
-packages+=(libcpp-httplib-dev chromium-driver python3-selenium)
+packages+=(libcpp-httplib-dev zlib1g-dev chromium-driver python3-selenium)
 [ "${ORVANE_WITH_CLANG:-0}" = 1 ] && packages+=(clang libclang-rt-14-dev)
 
 missing=()

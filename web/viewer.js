@@ -8,19 +8,33 @@
 
   var store = {};
   var waiting = {};
-  window.orvaneData = function (name, value) {
-    store[name] = value;
-    var callbacks = waiting[name] || [];
-    delete waiting[name];
-    callbacks.forEach(function (f) { f(value); });
+  // A site's scripts carry their facts packed (zlib, in base64): unpacked before anyone sees them.
+  function unpack(value) {
+    if (!value || typeof value.deflate !== 'string') return Promise.resolve(value);
+    var text = atob(value.deflate);
+    var bytes = new Uint8Array(text.length);
+    for (var i = 0; i < text.length; i++) bytes[i] = text.charCodeAt(i);
+    var stream = new Blob([bytes]).stream().pipeThrough(new DecompressionStream('deflate'));
+    return new Response(stream).text().then(JSON.parse);
+  }
+  window.orvaneData = function (name, packedValue) {
+    unpack(packedValue).then(function (value) {
+      store[name] = value;
+      var callbacks = waiting[name] || [];
+      delete waiting[name];
+      callbacks.forEach(function (f) { f(value); });
+    });
   };
 
   var loads = 0;
-  // Runs the script at `path` and gives the value it hands over under `name`.
+  var pending = {};
+  // Runs the script at `path` and gives the value it hands over under `name`; one load at a time
+  // for each path.
   function loadScript(path, name, fresh) {
     if (store[name] && !fresh) return Promise.resolve(store[name]);
+    if (pending[path] && !fresh) return pending[path];
     delete store[name];
-    return new Promise(function (resolve, reject) {
+    var promise = pending[path] = new Promise(function (resolve, reject) {
       (waiting[name] = waiting[name] || []).push(resolve);
       var s = document.createElement('script');
       s.src = path + (fresh ? '?n=' + (++loads) : '');
@@ -28,6 +42,9 @@
       s.onload = function () { s.remove(); };
       document.head.appendChild(s);
     });
+    var done = function () { if (pending[path] === promise) delete pending[path]; };
+    promise.then(done, done);
+    return promise;
   }
 
   // --- Small helpers -----------------------------------------------------------------------------
@@ -300,8 +317,34 @@
         })))));
   }
 
+  // A drawing of the latest version: the server draws each when asked; a site holds them all in
+  // one script, given to the image as a blob.
+  var thumbURLs = {};
+  // Drawings are drawn once they come into view: a browser draws each on its own main thread,
+  // and a hundred at once would keep it from opening the screen a person clicked.
+  var thumbObserver = null;
+  function showThumbnail(img) {
+    var key = img.getAttribute('data-thumb');
+    if (S.live) { img.src = 'thumbs/' + S.base + key + '.svg'; return; }
+    loadScript('data/' + S.base + 'thumbs.js', 'thumbs').then(function (all) {
+      if (!all[key]) return;
+      thumbURLs[key] = thumbURLs[key] || URL.createObjectURL(new Blob([all[key]], {type: 'image/svg+xml'}));
+      img.src = thumbURLs[key];
+    });
+  }
   function thumbnail(key) {
-    return el('img', {src: 'thumbs/' + S.base + key + '.svg', alt: '', loading: 'lazy'});
+    var img = el('img', {alt: '', 'data-thumb': key, decoding: 'async'});
+    if (!thumbObserver && window.IntersectionObserver) {
+      thumbObserver = new IntersectionObserver(function (entries) {
+        entries.forEach(function (e) {
+          if (!e.isIntersecting) return;
+          thumbObserver.unobserve(e.target);
+          showThumbnail(e.target);
+        });
+      });
+    }
+    if (thumbObserver) thumbObserver.observe(img); else showThumbnail(img);
+    return img;
   }
 
   function card(kind, facts) {

@@ -379,7 +379,7 @@ class Renderer {
     for (std::size_t i = 0; i < layers.size(); ++i) {
       if (!layers[i]) continue;
       if (!backdrops.below[i].empty() || hasBackgroundBlur(*layers[i])) {
-        drawBackdrop(*layers[i], i, backdrops.below[i]);
+        if (!options_.sketch) drawBackdrop(*layers[i], i, backdrops.below[i]);
       }
       drawLayer(*layers[i], i, backdrops.referenced[i]);
     }
@@ -441,6 +441,7 @@ class Renderer {
         if (s && s->color()) (isInner(*s) ? inner : outer).push_back(s.get());
       }
     }
+    if (options_.sketch) outer.clear(), inner.clear();
     if (!isText) drawOuterShadows(outer, box, radius, prefix, defs, draw);
 
     std::size_t n = 0;
@@ -481,7 +482,7 @@ class Renderer {
 
     // The layer's own element, with what applies to all it draws.
     bool blurred = false;
-    if (layer.blur() && !hasBackgroundBlur(layer)) {
+    if (layer.blur() && !hasBackgroundBlur(layer) && !options_.sketch) {
       double sigma = std::max(0.0, finite(layer.blur()->radius()));
       if (sigma > 0) {
         blurred = true;
@@ -633,6 +634,10 @@ class Renderer {
 
   void drawText(const Layer::Kind::Text& text, const std::vector<const Shadow*>& shadows,
                 const Box& box, Svg& draw) {
+    if (options_.sketch) {
+      drawSvgText(text, box, draw);
+      return;
+    }
     std::string css = "margin:0;width:" + detail::number(box.w) +
                       "px;height:" + detail::number(box.h) +
                       "px;white-space:pre-wrap;overflow-wrap:break-word;";

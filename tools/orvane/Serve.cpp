@@ -309,11 +309,13 @@ int serve(const ServeRequest& request, Output& out) {
 
   const std::string token = randomToken();
   httplib::Server server;
-  server.new_task_queue = [] { return new httplib::ThreadPool(8); };
+  // A thread serves one connection for as long as the browser keeps it open: enough of them
+  // that the six a page opens, and a few silent clients, keep nobody waiting.
+  server.new_task_queue = [] { return new httplib::ThreadPool(64); };
   server.set_default_headers(kSecurityHeaders);
   server.set_read_timeout(5, 0);
   server.set_write_timeout(5, 0);
-  server.set_keep_alive_timeout(5);
+  server.set_keep_alive_timeout(2);
   server.set_keep_alive_max_count(100);
   server.set_payload_max_length(64 * 1024);
   // Nothing of a failure reaches the client but its status.

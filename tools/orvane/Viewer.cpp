@@ -8,6 +8,8 @@
 #include <iostream>
 #include <unordered_set>
 
+#include <zlib.h>
+
 #include <orvane/handoff/Assets.hpp>
 #include <orvane/handoff/Code.hpp>
 #include <orvane/handoff/Diff.hpp>
@@ -190,6 +192,23 @@ std::string ViewerDocument::indexScript(bool live, std::uint64_t generation) con
 
 std::optional<std::string> ViewerDocument::snapshotScript(const std::string& key,
                                                           bool site) const {
+  auto value = snapshotJson(key, site);
+  if (!value) return std::nullopt;
+  return script(key, *value);
+}
+
+std::vector<std::string> ViewerDocument::latestKeys() const {
+  std::vector<std::string> out;
+  for (std::size_t i = 0; i < entries_.size(); ++i) {
+    if (i == 0 || entries_[i].collection != entries_[i - 1].collection ||
+        entries_[i].kind != entries_[i - 1].kind) {
+      out.push_back(entries_[i].key);
+    }
+  }
+  return out;
+}
+
+std::optional<std::string> ViewerDocument::snapshotJson(const std::string& key, bool site) const {
   const Entry* e = find(key);
   if (!e) return std::nullopt;
   const Snapshot& snapshot = *e->snapshot;
@@ -210,10 +229,14 @@ std::optional<std::string> ViewerDocument::snapshotScript(const std::string& key
     // version before.
     out += ",\"code\":{";
     bool first = true;
-    for (const Ref<Layer>& layer : handoff::allLayers(snapshot)) {
-      auto code = this->code(key, std::string(layer->identifier().rawValue()), Density::_1x);
-      if (!code) continue;
-      out += (first ? "" : ",") + json(layer->identifier().rawValue()) + ":" + *code;
+    std::unordered_set<std::string_view> seen;
+    handoff::CodeOptions options{.density = Density::_1x, .styleGuide = guide_.get()};
+    for (const auto& code : handoff::snapshotLayerCode(snapshot, options)) {
+      // The first of layers that share an identifier, as a request for it finds.
+      if (!seen.insert(code.layer->identifier().rawValue()).second) continue;
+      out += (first ? "" : ",") + json(code.layer->identifier().rawValue()) + ":{\"css\":" +
+             json(code.css) + ",\"swiftui\":" + json(code.swiftui) + ",\"compose\":" +
+             json(code.compose) + "}";
       first = false;
     }
     out += "}";
@@ -221,13 +244,15 @@ std::optional<std::string> ViewerDocument::snapshotScript(const std::string& key
     out += ",\"diff\":" + (diff ? "{\"from\":" + json(e->previous) + ",\"result\":" + *diff + "}"
                                 : std::string("null"));
   }
-  return script(key, out + "}");
+  return out + "}";
 }
 
 std::optional<std::string> ViewerDocument::thumbnail(const std::string& key) const {
   const Entry* e = find(key);
   if (!e) return std::nullopt;
-  return handoff::renderSvg(*e->snapshot);
+  // A page of a hundred drawings keeps to sketches: full drawings would keep the browser busy
+  // for seconds.
+  return handoff::renderSvg(*e->snapshot, {.sketch = true});
 }
 
 std::optional<std::string> ViewerDocument::code(const std::string& key, const std::string& layer,
@@ -312,6 +337,32 @@ struct SiteRequest {
   std::string output;
 };
 
+// `text` squeezed with zlib and written in base64: the site's facts are mostly drawings, code and
+// names that repeat, and a page opened from disk can fetch no file, only run scripts, so each
+// script carries its facts packed and the page unpacks them (DecompressionStream).
+std::string packed(std::string_view text) {
+  uLongf size = compressBound(static_cast<uLong>(text.size()));
+  std::vector<Bytef> bytes(size);
+  if (compress2(bytes.data(), &size, reinterpret_cast<const Bytef*>(text.data()),
+                static_cast<uLong>(text.size()), 6) != Z_OK) {
+    throw std::bad_alloc();
+  }
+  static constexpr char kAlphabet[] =
+      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+  std::string out = "{\"deflate\":\"";
+  out.reserve(out.size() + (size + 2) / 3 * 4 + 2);
+  for (uLongf i = 0; i < size; i += 3) {
+    std::uint32_t n = static_cast<std::uint32_t>(bytes[i]) << 16;
+    if (i + 1 < size) n |= static_cast<std::uint32_t>(bytes[i + 1]) << 8;
+    if (i + 2 < size) n |= bytes[i + 2];
+    out += kAlphabet[(n >> 18) & 63];
+    out += kAlphabet[(n >> 12) & 63];
+    out += i + 1 < size ? kAlphabet[(n >> 6) & 63] : '=';
+    out += i + 2 < size ? kAlphabet[n & 63] : '=';
+  }
+  return out + "\"}";
+}
+
 // Writes `text` to `path`; false with the reason said when it cannot.
 bool writeFile(const fs::path& path, std::string_view text) {
   std::ofstream file(path, std::ios::binary | std::ios::trunc);
@@ -338,7 +389,7 @@ int site(const SiteRequest& request) {
   const ViewerDocument& doc = *loaded.document;
   fs::path dir(request.output);
   std::error_code error;
-  for (const char* sub : {"", "data", "thumbs", "tokens"}) {
+  for (const char* sub : {"", "data", "tokens"}) {
     fs::create_directories(dir / sub, error);
     if (error) {
       std::cerr << "error: cannot create " << oneLine((dir / sub).string()) << ": "
@@ -350,9 +401,14 @@ int site(const SiteRequest& request) {
   for (const WebFile& f : webFiles()) ok = ok && writeFile(dir / f.name, {f.data, f.size});
   ok = ok && writeFile(dir / "data" / "index.js", doc.indexScript(false));
   for (const auto& key : doc.keys()) {
-    ok = ok && writeFile(dir / "data" / (key + ".js"), *doc.snapshotScript(key, true));
-    ok = ok && writeFile(dir / "thumbs" / (key + ".svg"), *doc.thumbnail(key));
+    ok = ok && writeFile(dir / "data" / (key + ".js"), script(key, packed(*doc.snapshotJson(key, true))));
   }
+  // The project page's drawings, one script for them all.
+  std::string thumbs = "{";
+  for (const auto& key : doc.latestKeys()) {
+    thumbs += (thumbs.size() > 1 ? "," : "") + json(key) + ":" + json(*doc.thumbnail(key));
+  }
+  ok = ok && writeFile(dir / "data" / "thumbs.js", script("thumbs", packed(thumbs + "}")));
   for (const auto& name : doc.tokenFileNames()) {
     ok = ok && writeFile(dir / "tokens" / name, *doc.tokenFile(name));
   }

@@ -36,6 +36,10 @@ class ViewerDocument {
   /// its assets, and with `site` each layer's code at 1x and the diff against the version
   /// before it. None for a key the document lacks.
   std::optional<std::string> snapshotScript(const std::string& key, bool site) const;
+  /// The same facts as one JSON value.
+  std::optional<std::string> snapshotJson(const std::string& key, bool site) const;
+  /// The keys of each screen's and component's latest version (the project page's drawings).
+  std::vector<std::string> latestKeys() const;
   /// `thumbs/KEY.svg`: the drawing alone.
   std::optional<std::string> thumbnail(const std::string& key) const;
   /// The code of a layer (by identifier) in the three languages at `density`, as JSON.
