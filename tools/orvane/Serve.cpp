@@ -142,14 +142,16 @@ class Documents {
       files.push_back(path_);
     }
     bool changed = false;
-    std::lock_guard lock(mutex_);
+    // Only the watcher writes the slots: it reads them, decodes what changed while the server
+    // goes on serving the documents it holds, and swaps the new ones in.
+    std::vector<Slot> current = slots();
     std::vector<Slot> next;
     for (const auto& file : files) {
-      auto old = std::find_if(slots_.begin(), slots_.end(), [&](const Slot& s) { return s.file == file; });
-      Slot slot = old != slots_.end() ? *old : Slot{file, nullptr, {}, {}, {}, 0, {}};
+      auto old = std::find_if(current.begin(), current.end(), [&](const Slot& s) { return s.file == file; });
+      Slot slot = old != current.end() ? *old : Slot{file, nullptr, {}, {}, {}, 0, {}};
       struct stat now {};
       bool present = ::stat(file.c_str(), &now) == 0;
-      bool same = old != slots_.end() && present && now.st_mtim.tv_sec == slot.seen.st_mtim.tv_sec &&
+      bool same = old != current.end() && present && now.st_mtim.tv_sec == slot.seen.st_mtim.tv_sec &&
                   now.st_mtim.tv_nsec == slot.seen.st_mtim.tv_nsec && now.st_size == slot.seen.st_size &&
                   now.st_ino == slot.seen.st_ino;
       if (!same) {
@@ -169,7 +171,8 @@ class Documents {
       }
       next.push_back(std::move(slot));
     }
-    changed = changed || next.size() != slots_.size();
+    changed = changed || next.size() != current.size();
+    std::lock_guard lock(mutex_);
     slots_ = std::move(next);
     if (changed) ++generation_;
     return changed;
