@@ -1,13 +1,16 @@
 #!/usr/bin/env bash
 # Installs what building and testing need on Debian 12, skipping what is already there.
-# Chromium and a font are for the tests that look at drawings the way a person would; Python's
-# jsonschema checks the tool's schemas against documents.
+# Chromium and a font are for the tests that look at drawings the way a person would.
 set -euo pipefail
 
 packages=(g++ cmake ninja-build pkg-config ccache
           libsimdjson-dev libutf8proc-dev liburiparser-dev libcli11-dev
           libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev rapidjson-dev doxygen
-          chromium fonts-dejavu-core python3-jsonschema)
+          chromium fonts-dejavu-core)
+# The viewer's server, and its tests in a real browser driven from Debian's own Python.
+packages+=(libcpp-httplib-dev zlib1g-dev chromium-driver python3-selenium)
+# Python's jsonschema checks the tool's schemas against documents.
+packages+=(python3-jsonschema)
 [ "${ORVANE_WITH_CLANG:-0}" = 1 ] && packages+=(clang libclang-rt-14-dev)
 
 missing=()

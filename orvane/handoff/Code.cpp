@@ -1277,6 +1277,19 @@ std::string layerCompose(const Layer& layer, const CodeOptions& options) {
   return Compose(options).call(look, look.x, look.y);
 }
 
+std::vector<LayerCode> snapshotLayerCode(const Snapshot& snapshot, const CodeOptions& options) {
+  LayerNames names(&snapshot);
+  const double scale = densityScale(options.density);
+  std::vector<LayerCode> out;
+  for (const Ref<Layer>& layer : allLayers(snapshot)) {
+    Look look(*layer, names.of(*layer), scale);
+    out.push_back({layer, Css(options).layerRule(look),
+                   Swift(options).view(look, look.x + look.w / 2, look.y + look.h / 2) + "\n",
+                   Compose(options).call(look, look.x, look.y)});
+  }
+  return out;
+}
+
 std::string snapshotHtml(const Snapshot& snapshot, const CodeOptions& options) {
   LayerNames names(&snapshot);
   return Css(options).page(snapshot, names);

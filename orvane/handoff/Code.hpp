@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include <orvane/handoff/StyleGuide.hpp>
 #include <orvane/snapshot/Layer.hpp>
@@ -38,6 +39,18 @@ std::string layerSwiftUI(const Layer& layer, const CodeOptions& options = {});
 
 /// A Jetpack Compose composable with its `Modifier` chain, in dp and sp, placed with `.offset`.
 std::string layerCompose(const Layer& layer, const CodeOptions& options = {});
+
+/// One layer's code in the three languages.
+struct LayerCode {
+  Ref<Layer> layer;     ///< the layer
+  std::string css;      ///< as `layerCss` writes it
+  std::string swiftui;  ///< as `layerSwiftUI` writes it
+  std::string compose;  ///< as `layerCompose` writes it
+};
+
+/// Every layer's code, in tree order (groups before their children), each as the three
+/// functions above write it; the snapshot's names are made once for them all.
+std::vector<LayerCode> snapshotLayerCode(const Snapshot& snapshot, const CodeOptions& options = {});
 
 /// The whole snapshot as one HTML document: an artboard-sized container at the top left of a
 /// page without margin, one element per layer of the tree nested as the tree nests them, each

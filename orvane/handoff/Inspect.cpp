@@ -266,6 +266,8 @@ InspectNode versionNode(const Version& version) {
   if (creator) n.line += ", by " + userName(*creator);
   fact(n, "snapshotURL", version.snapshotURL() ? json(version.snapshotURL()->text()) : "null");
   if (version.snapshotURL()) n.line += ", " + std::string(version.snapshotURL()->text());
+  const auto* message = version.commit() ? &version.commit()->message() : nullptr;
+  fact(n, "message", message && *message ? json(**message) : "null");
   return n;
 }
 
@@ -307,6 +309,21 @@ InspectNode screenNode(const Screen& screen) {
       fact(d, "status", dot->status() ? json(rawValue(*dot->status())) : "null");
       if (dot->status()) d.line += ", " + std::string(rawValue(*dot->status()));
       fact(d, "commentCount", std::to_string(dot->comments().size()));
+      // Where the pin stands on the artboard, and what was said there.
+      fact(d, "x", json(dot->x()));
+      fact(d, "y", json(dot->y()));
+      fact(d, "color", dot->color() ? json(rgba(*dot->color()).hex()) : "null");
+      fact(d, "creator", dot->creator() ? json(userName(*dot->creator())) : "null");
+      std::string comments = "[";
+      for (const auto& comment : dot->comments()) {
+        if (!comment) continue;
+        if (comments.size() > 1) comments += ',';
+        comments += "{\"identifier\":" + json(comment->identifier().rawValue()) +
+                    ",\"note\":" + json(comment->note()) + ",\"author\":" +
+                    (comment->author() ? json(userName(*comment->author())) : "null") +
+                    ",\"createDate\":" + json(dateText(comment->createDate())) + "}";
+      }
+      fact(d, "comments", comments + "]");
       dots.push_back(std::move(d));
     }
   }
@@ -339,6 +356,34 @@ InspectNode componentSectionNode(const ComponentSection& section,
 }
 
 }  // namespace
+
+std::vector<Ref<Screen>> screensInOrder(const Project& project) {
+  std::vector<Ref<Screen>> out;
+  std::unordered_set<const Screen*> seen;
+  const auto* byIdentifier = project.screensByIdentifier() ? &*project.screensByIdentifier() : nullptr;
+  if (project.sections() && byIdentifier) {
+    for (const auto& section : *project.sections()) {
+      if (!section) continue;
+      for (const auto& id : section->screenIdentifiers()) {
+        auto it = byIdentifier->find(id);
+        if (it != byIdentifier->end() && it->second && seen.insert(it->second.get()).second) {
+          out.push_back(it->second);
+        }
+      }
+    }
+  }
+  if (byIdentifier) {
+    std::vector<Ref<Screen>> rest;
+    for (const auto& [id, screen] : *byIdentifier) {
+      if (screen && !seen.count(screen.get())) rest.push_back(screen);
+    }
+    std::sort(rest.begin(), rest.end(), [](const Ref<Screen>& a, const Ref<Screen>& b) {
+      return a->identifier().rawValue() < b->identifier().rawValue();
+    });
+    out.insert(out.end(), rest.begin(), rest.end());
+  }
+  return out;
+}
 
 InspectNode inspectProject(const Project& project, Density density) {
   InspectNode root =
@@ -574,11 +619,12 @@ InspectNode linkNode(const Link& link, const Writer& w) {
   if (link.destination() && link.destination()->kind()) {
     const auto& kind = *link.destination()->kind();
     to = kind.asScreen() ? "screen " + kind.asScreen()->name : "the previous screen";
-    if (kind.asScreen() && project && project->screensByIdentifier()) {
-      for (const auto& [id, screen] : *project->screensByIdentifier()) {
-        if (screen && screen->name() == kind.asScreen()->name) {
-          screenId = json(id.rawValue());
-          to += " (" + std::string(id.rawValue()) + ")";
+    if (kind.asScreen() && project) {
+      // Of the screens that share the name, the first as the project is listed.
+      for (const auto& screen : screensInOrder(*project)) {
+        if (screen->name() == kind.asScreen()->name) {
+          screenId = json(screen->identifier().rawValue());
+          to += " (" + std::string(screen->identifier().rawValue()) + ")";
           break;
         }
       }

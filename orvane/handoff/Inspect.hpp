@@ -8,6 +8,7 @@
 
 #include <orvane/handoff/StyleGuide.hpp>
 #include <orvane/project/Project.hpp>
+#include <orvane/project/Screen.hpp>
 #include <orvane/snapshot/Snapshot.hpp>
 #include <orvane/values/Density.hpp>
 
@@ -53,6 +54,10 @@ std::vector<Fact> layerFacts(const Layer& layer, const FactOptions& options = {}
 /// `identifier`, `size`, `source`, `density`, `backgroundColor`, `grid`, then `links` and
 /// `assets` as arrays of the entries the tree lists.
 std::vector<Fact> snapshotFacts(const Snapshot& snapshot, const FactOptions& options = {});
+
+/// Every screen of the project once, in the order `inspectProject` lists them: the screens the
+/// sections name, in document order, then the rest by identifier.
+std::vector<Ref<Screen>> screensInOrder(const Project& project);
 
 /// A project: its header; the sections with the screens they name, in document order, then
 /// the screens no section names, each with its versions (latest and listed, once each by

@@ -88,13 +88,6 @@ std::string url(std::string_view id) {
   return "url(#" + std::string(id) + ")";
 }
 
-// The id of the layer drawn `index`th; its definitions' ids start with it.
-std::string layerId(std::size_t index) {
-  std::string id = "L";  // built in steps: GCC 12 misreads "L" + std::string as overlapping
-  id += std::to_string(index);
-  return id;
-}
-
 std::string rotateAbout(double degrees, double cx, double cy) {
   std::string t = "rotate(";
   appendNumber(t, degrees);
@@ -375,7 +368,7 @@ class Renderer {
     std::string viewBox = "0 0 " + detail::number(w) + ' ' + detail::number(h);
     svg_.attr("viewBox", viewBox).raw(">\n");
     if (snapshot_.backgroundColor()) {
-      svg_.raw("<rect id=\"bg\"")
+      svg_.raw("<rect").attr("id", options_.idPrefix + "bg")
           .box({0, 0, w, h})
           .paint("fill", rgba(*snapshot_.backgroundColor()));
       svg_.raw("/>\n");
@@ -386,7 +379,7 @@ class Renderer {
     for (std::size_t i = 0; i < layers.size(); ++i) {
       if (!layers[i]) continue;
       if (!backdrops.below[i].empty() || hasBackgroundBlur(*layers[i])) {
-        drawBackdrop(*layers[i], i, backdrops.below[i]);
+        if (!options_.sketch) drawBackdrop(*layers[i], i, backdrops.below[i]);
       }
       drawLayer(*layers[i], i, backdrops.referenced[i]);
     }
@@ -414,9 +407,17 @@ class Renderer {
     double opacity = std::clamp(finite(layer.opacity(), 1), 0.0, 1.0);
     if (opacity < 1) svg_.attr("opacity", opacity);
     svg_.raw("><g").attr("filter", url(prefix + "-bb")).raw(">");
-    if (snapshot_.backgroundColor()) svg_.raw("<use href=\"#bg\"/>");
-    for (std::size_t j : below) svg_.raw("<use href=\"#").raw(layerId(j)).raw("\"/>");
+    if (snapshot_.backgroundColor()) svg_.raw("<use").attr("href", "#" + options_.idPrefix + "bg").raw("/>");
+    for (std::size_t j : below) svg_.raw("<use").attr("href", "#" + layerId(j)).raw("/>");
     svg_.raw("</g></g>\n");
+  }
+
+  // The id of the layer drawn `index`th; its definitions' ids start with it.
+  std::string layerId(std::size_t index) const {
+    std::string id = options_.idPrefix;
+    id += 'L';
+    id += std::to_string(index);
+    return id;
   }
 
   void filterRegion(const Box& b) {
@@ -440,6 +441,7 @@ class Renderer {
         if (s && s->color()) (isInner(*s) ? inner : outer).push_back(s.get());
       }
     }
+    if (options_.sketch) outer.clear(), inner.clear();
     if (!isText) drawOuterShadows(outer, box, radius, prefix, defs, draw);
 
     std::size_t n = 0;
@@ -480,7 +482,7 @@ class Renderer {
 
     // The layer's own element, with what applies to all it draws.
     bool blurred = false;
-    if (layer.blur() && !hasBackgroundBlur(layer)) {
+    if (layer.blur() && !hasBackgroundBlur(layer) && !options_.sketch) {
       double sigma = std::max(0.0, finite(layer.blur()->radius()));
       if (sigma > 0) {
         blurred = true;
@@ -632,6 +634,10 @@ class Renderer {
 
   void drawText(const Layer::Kind::Text& text, const std::vector<const Shadow*>& shadows,
                 const Box& box, Svg& draw) {
+    if (options_.sketch) {
+      drawSvgText(text, box, draw);
+      return;
+    }
     std::string css = "margin:0;width:" + detail::number(box.w) +
                       "px;height:" + detail::number(box.h) +
                       "px;white-space:pre-wrap;overflow-wrap:break-word;";

@@ -17,6 +17,13 @@ struct RenderOptions {
   bool grid = false;
   /// An outline around each exportable layer and each layer an asset names.
   bool assets = false;
+  /// Put before every id the drawing defines (gradients, filters, masks, the layers that
+  /// backdrops show), so that several drawings can lie in one HTML page.
+  std::string idPrefix = {};
+  /// A sketch, for small drawings of many snapshots, quick for a browser to draw: text as SVG
+  /// `<text>` alone (laid out by estimate, no HTML), and no shadows, blurs or backdrops, whose
+  /// filters cost the most.
+  bool sketch = false;
 };
 
 /// The snapshot as an SVG document of its size: the background color, then every layer of

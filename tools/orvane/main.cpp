@@ -20,6 +20,7 @@
 #include "Report.hpp"
 #include "Suggest.hpp"
 #include "Types.hpp"
+#include "Viewer.hpp"
 
 namespace {
 
@@ -174,6 +175,7 @@ int run(int argc, char** argv, Output& out) {
       "a usage error, 3 when the output cannot be written.");
 
   HandoffCommands handoff(app);
+  ViewerCommands viewer(app);
 
   // A mistyped command would reach the parser as a stray argument; name it, and what was meant.
   if (argc > 1 && argv[1][0] != '-') {
@@ -219,6 +221,7 @@ int run(int argc, char** argv, Output& out) {
   if (check->parsed()) return runCheck(checkRequest, out);
   if (schema->parsed()) return runSchema(schemaRequest, out);
   if (auto status = handoff.run(out)) return *status;
+  if (auto status = viewer.run(out)) return *status;
   if (decode->parsed()) return runDocumentCommand(decodeRequest, false, out);
   return runDocumentCommand(dumpRequest, true, out);
 }
