@@ -153,11 +153,12 @@ class SchemaWriter final : public SchemaVisitor {
   void member(const SchemaMember& m, const Shape& shape) override {
     Scope& scope = *scopes_.back();
     Tree property = propertyOf(m, shape, scope);
-    if (Tree* earlier = scope.properties.find(m.key))
+    if (Tree* earlier = scope.properties.find(m.key)) {
       *earlier = std::move(property);
-    else
+    } else {
       scope.properties.add(m.key, std::move(property));
-    if (isRequired(m.read)) scope.required.items.push_back(Tree::string(m.key));
+      if (isRequired(m.read)) scope.required.items.push_back(Tree::string(m.key));
+    }
   }
 
   void membersOf(const Shape& record) override {
@@ -179,7 +180,7 @@ class SchemaWriter final : public SchemaVisitor {
     condition.add("required", Tree::array()).items.push_back(Tree::string(payload->caseKey));
     Tree clause;
     clause.add("if", std::move(condition));
-    clause.add("then", objectOf(*payload));
+    clause.add("then", objectMembers(*payload));
     scopes_.back()->allOf.items.push_back(std::move(clause));
   }
 
@@ -275,11 +276,19 @@ class SchemaWriter final : public SchemaVisitor {
     scopes_.pop_back();
   }
 
-  static Tree objectOf(Scope& scope) {
-    Tree n = Tree::typed("object");
+  // What an object holds: its members, which of them it needs, and the objects it is too.
+  static Tree objectMembers(Scope& scope) {
+    Tree n;
     n.add("properties", std::move(scope.properties));
     n.add("required", std::move(scope.required));
     if (!scope.allOf.items.empty()) n.add("allOf", std::move(scope.allOf));
+    return n;
+  }
+
+  // An object of those members; others are allowed, as decoding ignores them.
+  static Tree objectOf(Scope& scope) {
+    Tree n = Tree::typed("object");
+    for (auto& member : objectMembers(scope).members) n.members.push_back(std::move(member));
     n.add("additionalProperties", Tree::boolean(true));
     return n;
   }
@@ -315,8 +324,13 @@ class SchemaWriter final : public SchemaVisitor {
         return options_.dates == DateStrategy::iso8601 ? "an RFC 3339 date" : "a number of a date";
       case Shape::Kind::url:
         return "a URI reference";
-      case Shape::Kind::enumeration:
-        return "one of the strings of " + nameOf(shape);
+      case Shape::Kind::enumeration: {
+        // The strings themselves: a tolerant member refers to no definition that lists them.
+        std::string text = "one of the strings of " + nameOf(shape) + " (";
+        for (std::size_t i = 0; i < shape.rawValues.size(); ++i)
+          text += (i ? ", \"" : "\"") + std::string(shape.rawValues[i]) + "\"";
+        return text + ")";
+      }
       case Shape::Kind::array:
         return "an array of which every element reads";
       case Shape::Kind::object:
