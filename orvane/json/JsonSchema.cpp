@@ -43,8 +43,8 @@ struct Tree {
   std::string text;
   bool flag = false;
   std::int64_t number = 0;
-  std::vector<Tree> items;
-  std::vector<std::pair<std::string, Tree>> members;
+  std::string key;          // as a member of an object: its name
+  std::vector<Tree> items;  // an array's elements, or an object's members
 
   static Tree string(std::string_view value) {
     Tree n;
@@ -75,13 +75,14 @@ struct Tree {
     return n;
   }
 
-  Tree& add(std::string_view key, Tree value) {
-    members.emplace_back(std::string(key), std::move(value));
-    return members.back().second;
+  Tree& add(std::string_view name, Tree value) {
+    value.key = name;
+    items.push_back(std::move(value));
+    return items.back();
   }
-  Tree* find(std::string_view key) {
-    for (auto& [k, v] : members) {
-      if (k == key) return &v;
+  Tree* find(std::string_view name) {
+    for (auto& member : items) {
+      if (member.key == name) return &member;
     }
     return nullptr;
   }
@@ -104,9 +105,9 @@ struct Tree {
         break;
       case Kind::object:
         w.beginObject();
-        for (const auto& [key, value] : members) {
-          w.key(key);
-          value.write(w);
+        for (const auto& member : items) {
+          w.key(member.key);
+          member.write(w);
         }
         w.endObject();
         break;
@@ -135,7 +136,7 @@ class SchemaWriter final : public SchemaVisitor {
     Tree body = root_.kind == Shape::Kind::record || root_.kind == Shape::Kind::enumeration
                     ? definition(root_, false)
                     : value(root_);
-    for (auto& member : body.members) out.members.push_back(std::move(member));
+    for (auto& member : body.items) out.items.push_back(std::move(member));
     // Definitions may refer to further ones; each is written once, sorted by name.
     std::map<std::string, Tree> defs;
     while (!pending_.empty()) {
@@ -154,7 +155,7 @@ class SchemaWriter final : public SchemaVisitor {
     Scope& scope = *scopes_.back();
     Tree property = propertyOf(m, shape, scope);
     if (Tree* earlier = scope.properties.find(m.key)) {
-      *earlier = std::move(property);
+      earlier->items = std::move(property.items);
     } else {
       scope.properties.add(m.key, std::move(property));
       if (isRequired(m.read)) scope.required.items.push_back(Tree::string(m.key));
@@ -265,7 +266,7 @@ class SchemaWriter final : public SchemaVisitor {
     }
     Scope scope;
     describe(shape, scope);
-    for (auto& member : objectOf(scope).members) n.members.push_back(std::move(member));
+    for (auto& member : objectOf(scope).items) n.items.push_back(std::move(member));
     return n;
   }
 
@@ -288,7 +289,7 @@ class SchemaWriter final : public SchemaVisitor {
   // An object of those members; others are allowed, as decoding ignores them.
   static Tree objectOf(Scope& scope) {
     Tree n = Tree::typed("object");
-    for (auto& member : objectMembers(scope).members) n.members.push_back(std::move(member));
+    for (auto& member : objectMembers(scope).items) n.items.push_back(std::move(member));
     n.add("additionalProperties", Tree::boolean(true));
     return n;
   }
@@ -296,10 +297,9 @@ class SchemaWriter final : public SchemaVisitor {
   // A value that may also be null: "type" gains "null", or the schema becomes one of two.
   static Tree nullable(Tree schema) {
     if (Tree* type = schema.find("type"); type && type->kind == Tree::Kind::string) {
-      Tree both = Tree::array();
-      both.items.push_back(std::move(*type));
-      both.items.push_back(Tree::string("null"));
-      *type = std::move(both);
+      type->kind = Tree::Kind::array;
+      type->items.push_back(Tree::string(type->text));
+      type->items.push_back(Tree::string("null"));
       return schema;
     }
     Tree n;
