@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <iostream>
@@ -467,7 +468,14 @@ int serve(const ServeRequest& request, Output& out) {
   }
   Watcher watcher(documents);
   // The socket listens from bind on: connections wait in its backlog until the loop runs.
-  std::thread listener([&] { server.listen_after_bind(); });
+  std::atomic<bool> listened{false};
+  std::thread listener([&] {
+    server.listen_after_bind();
+    listened = true;
+  });
+  // A stop() that comes before the loop runs is lost, and the loop would then run for ever:
+  // nobody learns the address, so nobody can send a signal, until it runs.
+  while (!server.is_running() && !listened) std::this_thread::sleep_for(std::chrono::milliseconds(1));
   std::string address = "http://127.0.0.1:" + std::to_string(port) + "/?token=" + token;
   out.write("Serving " + oneLine(request.document.file) + " at " + address + "\n");
   std::fflush(stdout);
