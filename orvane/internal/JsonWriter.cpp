@@ -183,9 +183,14 @@ void appendJsonNumber(std::string& out, double value) {
 
 void JsonWriter::grow(std::size_t n) {
   std::size_t used = size();
+  if (sink_ && used >= kStreamPiece) {
+    sink_(sinkContext_, std::string_view(out_->data(), used));
+    used = 0;
+  }
   // Ahead by as much as is written, within bounds: few resizes (each clears what it adds), and
   // a short text keeps a small buffer.
   std::size_t ahead = std::clamp<std::size_t>(used, 256, std::size_t{64} << 10);
+  if (sink_) ahead = kStreamPiece;  // one piece's buffer, cleared once
   out_->resize(used + std::max(n, ahead));
   cur_ = out_->data() + used;
   end_ = out_->data() + out_->size();

@@ -172,6 +172,15 @@ class JsonWriter {
  public:
   /// Appends to `out`; `pretty` indents by two spaces.
   explicit JsonWriter(std::string& out, bool pretty = false) : out_(&out), pretty_(pretty) {}
+
+  /// Hands the text to `sink` in pieces as it grows, each time out of `out` (which must be
+  /// empty when writing starts), rather than keeping all of it; `out` holds the rest at the end.
+  void streamTo(void (*sink)(void* context, std::string_view text), void* context) {
+    sink_ = sink;
+    sinkContext_ = context;
+  }
+  /// How much text the writer gathers before handing it to a sink.
+  static constexpr std::size_t kStreamPiece = std::size_t{64} << 10;
   ~JsonWriter() { flush(); }
   JsonWriter(const JsonWriter&) = delete;
   JsonWriter& operator=(const JsonWriter&) = delete;
@@ -281,6 +290,8 @@ class JsonWriter {
   bool pretty_;
   bool afterKey_ = false;
   std::vector<Frame> stack_;
+  void (*sink_)(void*, std::string_view) = nullptr;
+  void* sinkContext_ = nullptr;
 };
 
 /// Appends the JSON text of a string value, quotes included.

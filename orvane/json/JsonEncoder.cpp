@@ -67,10 +67,16 @@ std::optional<double> dateNumber(Date value, DateStrategy dates) {
 }
 
 // Indented text, through the general writer.
+void handOver(void* sink, std::string_view text) {
+  static_cast<JsonSink*>(sink)->write(text);
+}
+
 class PrettyBackend final : public EncoderBackend {
  public:
-  PrettyBackend(std::string& out, const JsonEncoderOptions& options)
-      : EncoderBackend(options.form), writer_(out, true), dates_(options.dates) {}
+  PrettyBackend(std::string& out, const JsonEncoderOptions& options, JsonSink* sink)
+      : EncoderBackend(options.form), writer_(out, true), dates_(options.dates) {
+    if (sink) writer_.streamTo(&handOver, sink);
+  }
 
   void writeKey(std::string_view key) override { writer_.key(key); }
   int openObject() override {
@@ -113,8 +119,12 @@ class PrettyBackend final : public EncoderBackend {
 // text, closing containers, errors) is out of line so that they keep their registers.
 class CompactBackend final : public EncoderBackend {
  public:
-  CompactBackend(std::string& out, const JsonEncoderOptions& options)
-      : EncoderBackend(options.form), out_(&out), start_(out.size()), dates_(options.dates) {
+  CompactBackend(std::string& out, const JsonEncoderOptions& options, JsonSink* sink)
+      : EncoderBackend(options.form),
+        out_(&out),
+        start_(out.size()),
+        dates_(options.dates),
+        sink_(sink) {
     grow(0);
   }
   // On an error half-way, `out` keeps what was written.
@@ -221,6 +231,7 @@ class CompactBackend final : public EncoderBackend {
   }
   [[gnu::noinline]] void grow(std::size_t n) {
     std::size_t used = cur_ ? static_cast<std::size_t>(cur_ - out_->data()) : out_->size();
+    if (sink_ && used - start_ > JsonWriter::kStreamPiece) used = handOver(used);
     // Ahead by as much as is written, within bounds: a short text keeps a small buffer, and
     // what a resize clears is still in the first-level cache when the text is written over it.
     std::size_t ahead = std::clamp<std::size_t>(used - start_, 256, std::size_t{8} << 10);
@@ -229,6 +240,19 @@ class CompactBackend final : public EncoderBackend {
     cur_ = out_->data() + used;
     end_ = out_->data() + out_->size();
     if (lastOpen_) lastOpen_ = out_->data() + open;
+  }
+
+  // Hands all but the last byte to the sink: a container's end may yet take the place of a
+  // comma there. Returns the new length of `out`.
+  std::size_t handOver(std::size_t used) {
+    char* last = out_->data() + used - 1;
+    sink_->write(std::string_view(out_->data() + start_, used - 1 - start_));
+    char* kept = out_->data() + start_;
+    *kept = *last;
+    // Only an open bracket right at the cursor matters to closing (an empty container).
+    lastOpen_ = lastOpen_ == last + 1 ? kept + 1 : nullptr;
+    cur_ = kept + 1;
+    return start_ + 1;
   }
 
   [[noreturn, gnu::noinline, gnu::cold]] static void throwNonFiniteMember(
@@ -367,28 +391,35 @@ class CompactBackend final : public EncoderBackend {
   char* end_ = nullptr;
   char* lastOpen_ = nullptr;  // just after the bracket of the container opened last
   DateStrategy dates_;
+  JsonSink* sink_;
   std::vector<char> closers_;  // by level - 1, what ends each open container
 };
 
 }  // namespace
 
-void JsonEncoder::run(std::string& out, void (*fn)(Encoder&, const void*),
+void JsonEncoder::run(std::string& out, JsonSink* sink, void (*fn)(Encoder&, const void*),
                       const void* value) const {
   // A failed encoding leaves `out` as it found it; the backends are gone before it is cut back.
   const std::size_t start = out.size();
   try {
     if (options_.pretty) {
-      PrettyBackend backend(out, options_);
+      {
+        PrettyBackend backend(out, options_, sink);
+        Encoder root(backend, 0, nullptr);
+        fn(root, value);
+        root.finish();
+      }
+      if (sink) sink->write(out);
+      return;
+    }
+    {
+      CompactBackend backend(out, options_, sink);
       Encoder root(backend, 0, nullptr);
       fn(root, value);
       root.finish();
-      return;
+      backend.finish();
     }
-    CompactBackend backend(out, options_);
-    Encoder root(backend, 0, nullptr);
-    fn(root, value);
-    root.finish();
-    backend.finish();
+    if (sink) sink->write(out);
   } catch (...) {
     out.resize(start);
     throw;

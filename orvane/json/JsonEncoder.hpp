@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include <orvane/coding/Coding.hpp>
 #include <orvane/json/DateStrategy.hpp>
@@ -19,6 +20,17 @@ struct JsonEncoderOptions {
   /// every member that decoding reads, which a JsonDecoder with the same date strategy reads
   /// back into an equal graph; use it to save a decoded graph and read it again.
   EncodingForm form = EncodingForm::records;
+};
+
+/// Where `JsonEncoder::encodeTo` hands the text, in pieces of about 64 KiB as it is made.
+class JsonSink {
+ public:
+  /// The next piece of the text. An exception thrown here ends the encoding and reaches the
+  /// caller of `encodeTo`.
+  virtual void write(std::string_view text) = 0;
+
+ protected:
+  ~JsonSink() = default;
 };
 
 /// Streams a value's members straight into a string, in the order its encoding writes them:
@@ -42,13 +54,25 @@ class JsonEncoder {
   /// Appends the JSON text of `value` to `out`; when the encoding fails, `out` is left as it was.
   template <class T>
   void encodeInto(std::string& out, const T& value) const {
-    run(
-        out, [](Encoder& e, const void* v) { Coding<T>::encode(e, *static_cast<const T*>(v)); },
-        &value);
+    run(out, nullptr, &encodeValue<T>, &value);
+  }
+
+  /// Hands the JSON text of `value` to `sink` as it is made, so that a large text is never held
+  /// whole: the same bytes as `encode`. When the encoding fails, the pieces handed over before
+  /// stay with the sink, which the caller must then discard.
+  template <class T>
+  void encodeTo(JsonSink& sink, const T& value) const {
+    std::string buffer;
+    run(buffer, &sink, &encodeValue<T>, &value);
   }
 
  private:
-  void run(std::string& out, void (*fn)(Encoder&, const void*), const void* value) const;
+  template <class T>
+  static void encodeValue(Encoder& e, const void* v) {
+    Coding<T>::encode(e, *static_cast<const T*>(v));
+  }
+  void run(std::string& out, JsonSink* sink, void (*fn)(Encoder&, const void*),
+           const void* value) const;
   JsonEncoderOptions options_;
 };
 

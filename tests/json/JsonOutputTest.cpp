@@ -2,6 +2,7 @@
 // of their own, checked against plain references; the encoder writes compact text its own way (a
 // member in one call, a comma after every value taken back where a container ends), and the
 // general writer is the reference it must match byte for byte, on every shape of document.
+#include <algorithm>
 #include <bit>
 #include <cfloat>
 #include <charconv>
@@ -363,6 +364,75 @@ TEST(JsonEncoderOutput, MatchesTheWriterOnEveryShape) {
     for (bool pretty : {false, true}) {
       ASSERT_EQ(encoded(t, pretty), reference(t, pretty)) << n << " " << pretty;
       ASSERT_EQ(encoded(t, pretty, "x,"), reference(t, pretty, "x,")) << n << " " << pretty;
+    }
+  }
+}
+
+namespace {
+
+// Where two long texts first differ, with a little of each from there; empty when equal.
+std::string difference(const std::string& a, const std::string& b) {
+  if (a == b) return {};
+  std::size_t at = std::mismatch(a.begin(), a.begin() + std::min(a.size(), b.size()), b.begin()).first -
+                   a.begin();
+  return "at " + std::to_string(at) + ": " + a.substr(at, 40) + " | " + b.substr(at, 40);
+}
+
+struct Pieces final : JsonSink {
+  std::string text;
+  int count = 0;
+  void write(std::string_view piece) override {
+    text += piece;
+    ++count;
+  }
+};
+
+}  // namespace
+
+// Streamed text is the same bytes, cut anywhere (after a comma a container's end replaces, inside
+// an empty container, in long escaped strings), and it comes in pieces, never whole.
+TEST(JsonEncoderOutput, StreamedTextIsTheSameBytesInPieces) {
+  std::mt19937_64 rng(5);
+  for (int n = 0; n < 60; ++n) {
+    Tree t;
+    t.kind = n % 2 ? Tree::array : Tree::nestedObject;
+    if (n < 20) {
+      // Empty containers deep inside others, whose closing all at once needs more room than
+      // opening the last one asked for: pieces then end inside an empty container.
+      Tree deep;
+      deep.kind = static_cast<Tree::Kind>(Tree::nestedObject + n % 2);
+      for (int level = 0; level < 60 + 5 * n; ++level) {
+        Tree outer;
+        outer.kind = Tree::nestedObject;  // members close all at once, at the next one
+        outer.children.emplace_back("k", std::move(deep));
+        deep = std::move(outer);
+      }
+      const std::size_t size = reference(deep, false).size();
+      for (std::size_t total = 0; total < 200'000; total += size) t.children.emplace_back("", deep);
+    }
+    for (std::size_t total = reference(t, false).size(); total < 300'000;) {
+      t.children.emplace_back(randomText(rng), randomTree(rng, 1 + n % 6));
+      total += reference(t.children.back().second, false).size();
+    }
+    for (bool pretty : {false, true}) {
+      JsonEncoderOptions options;
+      options.pretty = pretty;
+      Pieces pieces;
+      JsonEncoder(options).encodeTo(pieces, t);
+      ASSERT_EQ(difference(pieces.text, reference(t, pretty)), "") << n << " " << pretty;
+      EXPECT_GE(pieces.count, 4) << n << " " << pretty;
+
+      // The writer alone streams alike (the tool's dump goes through it).
+      Pieces written;
+      std::string rest;
+      {
+        JsonWriter w(rest, pretty);
+        w.streamTo([](void* sink, std::string_view text) { static_cast<Pieces*>(sink)->write(text); },
+                   &written);
+        reference(w, t);
+      }
+      ASSERT_EQ(difference(written.text + rest, reference(t, pretty)), "") << n << " " << pretty;
+      EXPECT_GE(written.count, 2) << n << " " << pretty;
     }
   }
 }
