@@ -11,6 +11,8 @@
 #include <vector>
 
 #include <simdjson.h>
+#include <sys/mman.h>
+#include <unistd.h>
 #include <uriparser/Uri.h>
 
 #include <orvane/coding/RecordArena.hpp>
@@ -591,6 +593,19 @@ void decodeRewritten(simdjson::dom::parser& parser, std::string_view json,
 
 }  // namespace
 
+namespace {
+
+// Gives the whole pages inside [data, data + size) back to the system: they read as zeros when
+// touched again, which memory about to be overwritten does not mind.
+void releasePages(void* data, std::size_t size) {
+  static const auto page = static_cast<std::uintptr_t>(::sysconf(_SC_PAGESIZE));
+  auto begin = (reinterpret_cast<std::uintptr_t>(data) + page - 1) & ~(page - 1);
+  auto end = (reinterpret_cast<std::uintptr_t>(data) + size) & ~(page - 1);
+  if (end > begin) ::madvise(reinterpret_cast<void*>(begin), end - begin, MADV_DONTNEED);
+}
+
+}  // namespace
+
 struct JsonDecoder::Parser {
   simdjson::dom::parser parser;
   std::size_t depth = 0;
@@ -629,7 +644,20 @@ void JsonDecoder::run(std::string_view json, bool padded, DecodeFn fn, void* out
         json, error,
         textAtFault ? scanJsonText(json, depthLimit(options_)).invalidAt : std::nullopt);
   }
+  // The tape holds all that decoding reads: the structural index, as large again as the
+  // tape, goes back to the system while the records are built.
+  if (auto* implementation = p.parser.implementation.get()) {
+    std::size_t used = std::size_t{implementation->n_structural_indexes} + 64;
+    std::size_t kept = SIMDJSON_ROUNDUP_N(p.parser.capacity(), 64) + 2 + 7;
+    releasePages(implementation->structural_indexes.get(), std::min(used, kept) * sizeof(std::uint32_t));
+  }
   decodeTape<false>(p.parser.doc, json, options_, p.records, nullptr, fn, out);
+}
+
+void JsonDecoder::releaseBuffers() {
+  auto& p = *parser_;
+  p.parser = simdjson::dom::parser();
+  p.depth = 0;
 }
 
 }  // namespace orvane

@@ -75,6 +75,12 @@ class JsonDecoder {
     return decodeImpl<T>(json, true);
   }
 
+  /// Frees the parser's buffers, which are otherwise kept for the next document (about three
+  /// times the size of the largest one read): call it after a large document when no other
+  /// follows soon. The records' chunks stay with the records, and the decoded values need
+  /// neither these buffers nor the text they were decoded from.
+  void releaseBuffers();
+
   /// How many readable bytes `decodePadded` needs after the end of the text.
   static constexpr std::size_t kPadding = 64;
 
