@@ -1,5 +1,7 @@
 #include "Command.hpp"
 
+#include <sys/stat.h>
+
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -24,11 +26,21 @@ bool readInput(const std::string& file, std::vector<char>& buffer, std::size_t& 
       return false;
     }
   }
+  // A file is read into a buffer of its size, with one byte over to see its end without
+  // growing; only a stream whose size is not known grows the buffer as it comes.
+  struct stat status;
+  const bool sized = ::fstat(::fileno(in), &status) == 0 && S_ISREG(status.st_mode) &&
+                     status.st_size > 0;
+  const std::size_t ahead = sized ? JsonDecoder::kPadding + 1 : JsonDecoder::kPadding + 4096;
   size = 0;
-  buffer.resize(1 << 16);
+  if (sized) {
+    buffer.resize(static_cast<std::size_t>(status.st_size) + ahead);
+  } else if (buffer.size() < (1 << 16)) {
+    buffer.resize(1 << 16);
+  }
   errno = 0;
   for (;;) {
-    if (buffer.size() - size < JsonDecoder::kPadding + 4096) buffer.resize(buffer.size() * 2);
+    if (buffer.size() - size < ahead) buffer.resize(buffer.size() * 2);
     std::size_t n =
         std::fread(buffer.data() + size, 1, buffer.size() - size - JsonDecoder::kPadding, in);
     size += n;

@@ -5,6 +5,8 @@
 #include <cstdio>
 #include <string_view>
 
+#include <orvane/json/JsonEncoder.hpp>
+
 namespace orvane::tool {
 
 class Output {
@@ -24,6 +26,16 @@ class Output {
   std::FILE* file_;
   int error_ = 0;
   bool closed_ = false;
+};
+
+/// An encoder's text, written to an Output as it is made.
+class OutputSink final : public JsonSink {
+ public:
+  explicit OutputSink(Output& out) : out_(&out) {}
+  void write(std::string_view text) override { out_->write(text); }
+
+ private:
+  Output* out_;
 };
 
 }  // namespace orvane::tool

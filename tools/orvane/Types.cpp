@@ -115,6 +115,22 @@ const TypeEntry* findType(const std::type_info& type) {
   return nullptr;
 }
 
+namespace detail {
+
+void dumpTo(JsonSink& out, bool pretty, const std::function<void(FieldVisitor&)>& show) {
+  std::string buffer;
+  {
+    JsonWriter writer(buffer, pretty);
+    writer.streamTo([](void* sink, std::string_view text) { static_cast<JsonSink*>(sink)->write(text); },
+                    &out);
+    JsonFieldWriter fields(writer);
+    show(fields);
+  }
+  out.write(buffer);
+}
+
+}  // namespace detail
+
 JsonSchemaOptions schemaOptions() {
   JsonSchemaOptions options;
   options.nameOf = [](const std::type_info& type) {

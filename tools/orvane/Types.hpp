@@ -1,6 +1,7 @@
 // The TYPE names the tool knows, and what it does with each.
 #pragma once
 
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -22,23 +23,40 @@ struct Settings {
   JsonEncoderOptions encoding;
 };
 
+/// One decode that writes text: the padded document, where the text goes, and what may go once
+/// the value is decoded (the text, the parser's buffers), so that a large document and its
+/// output are never in memory at once.
+struct Conversion {
+  JsonDecoder& decoder;
+  std::string_view json;
+  const Settings& settings;
+  JsonSink& out;
+  /// Called once the value is decoded, before any text is written; `json` is not read after.
+  std::function<void()> decoded = {};
+};
+
+/// Gathers what a conversion writes.
+struct StringSink final : JsonSink {
+  std::string text;
+  void write(std::string_view piece) override { text += piece; }
+};
+
 /// Each function decodes with the caller's `decoder`, made from `settings.decoding`: one per
 /// run keeps the parser's buffers and the record chunks for the next document.
 struct TypeEntry {
   std::string_view name;
   /// The C++ type that TYPE names (`Layer`, not `Ref<Layer>`).
   const std::type_info* type;
-  /// Decodes the padded document and returns what the value writes back; null when the type
+  /// Decodes the padded document and writes what the value writes back; null when the type
   /// is decode-only.
-  std::string (*decode)(JsonDecoder& decoder, std::string_view json, const Settings& settings);
-  /// Decodes the padded document and returns its debug view.
-  std::string (*dump)(JsonDecoder& decoder, std::string_view json, const Settings& settings);
+  void (*decode)(const Conversion& run);
+  /// Decodes the padded document and writes its debug view.
+  void (*dump)(const Conversion& run);
   /// Decodes the padded document and keeps nothing.
   void (*check)(JsonDecoder& decoder, std::string_view json, const Settings& settings);
-  /// Decodes the padded document and returns its document form (dates as `settings` say);
+  /// Decodes the padded document and writes its document form (dates as `settings` say);
   /// when `fields` is given, first shows it the decoded value, as `dump` does.
-  std::string (*document)(JsonDecoder& decoder, std::string_view json, const Settings& settings,
-                          FieldVisitor* fields);
+  void (*document)(const Conversion& run, FieldVisitor* fields);
   /// The JSON Schema of the documents that decode as TYPE, or of their document form.
   std::string (*schema)(const JsonSchemaOptions& options);
 };
@@ -80,9 +98,15 @@ constexpr bool isEncodable() {
 }
 
 template <class T>
-std::string decodeAndEncode(JsonDecoder& decoder, std::string_view json, const Settings& settings) {
-  auto value = decoder.decodePadded<Decoded<T>>(json);
-  return JsonEncoder(settings.encoding).encode(value);
+Decoded<T> decodeFor(const Conversion& run) {
+  auto value = run.decoder.decodePadded<Decoded<T>>(run.json);
+  if (run.decoded) run.decoded();
+  return value;
+}
+
+template <class T>
+void decodeAndEncode(const Conversion& run) {
+  JsonEncoder(run.settings.encoding).encodeTo(run.out, decodeFor<T>(run));
 }
 
 template <class T>
@@ -91,13 +115,12 @@ void decodeOnly(JsonDecoder& decoder, std::string_view json, const Settings&) {
 }
 
 template <class T>
-std::string decodeAndDocument(JsonDecoder& decoder, std::string_view json, const Settings& settings,
-                              FieldVisitor* fields) {
-  auto value = decoder.decodePadded<Decoded<T>>(json);
+void decodeAndDocument(const Conversion& run, FieldVisitor* fields) {
+  auto value = decodeFor<T>(run);
   if (fields) describe(*fields, value);
-  JsonEncoderOptions options = settings.encoding;
+  JsonEncoderOptions options = run.settings.encoding;
   options.form = EncodingForm::document;
-  return JsonEncoder(options).encode(value);
+  JsonEncoder(options).encodeTo(run.out, value);
 }
 
 template <class T>
@@ -105,14 +128,14 @@ std::string schemaOf(const JsonSchemaOptions& options) {
   return jsonSchema<T>(options);
 }
 
+/// Writes what a value shows to `out`, as it is made.
+void dumpTo(JsonSink& out, bool pretty, const std::function<void(FieldVisitor&)>& show);
+
 template <class T>
-std::string decodeAndDump(JsonDecoder& decoder, std::string_view json, const Settings& settings) {
-  auto value = decoder.decodePadded<Decoded<T>>(json);
-  std::string out;
-  JsonWriter writer(out, settings.encoding.pretty);
-  JsonFieldWriter fields(writer);
-  describe(fields, value);
-  return out;
+void decodeAndDump(const Conversion& run) {
+  auto value = decodeFor<T>(run);
+  dumpTo(run.out, run.settings.encoding.pretty,
+         [&](FieldVisitor& fields) { describe(fields, value); });
 }
 
 }  // namespace detail
@@ -120,7 +143,7 @@ std::string decodeAndDump(JsonDecoder& decoder, std::string_view json, const Set
 /// One line of the table of types: `entry<Layer>("Layer")`.
 template <class T>
 constexpr TypeEntry entry(std::string_view name) {
-  std::string (*encode)(JsonDecoder&, std::string_view, const Settings&) = nullptr;
+  void (*encode)(const Conversion&) = nullptr;
   if constexpr (detail::isEncodable<T>()) encode = &detail::decodeAndEncode<T>;
   return {name,
           &typeid(T),

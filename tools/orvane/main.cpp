@@ -45,13 +45,20 @@ int runDocumentCommand(const Request& request, bool dump, Output& out) {
     if (!readInput(request.file, buffer, size, reason)) {
       return usageError("cannot read " + inputName(request.file) + ": " + reason);
     }
-    std::string_view json(buffer.data(), size);
     JsonDecoder decoder(settings.decoding);
-    std::string result = dump               ? type->dump(decoder, json, settings)
-                         : request.document ? type->document(decoder, json, settings, nullptr)
-                                            : type->decode(decoder, json, settings);
-    result += '\n';
-    out.write(result);
+    OutputSink sink(out);
+    // Once decoded, the text and the parser's buffers go before the output is made.
+    const Conversion run{decoder, std::string_view(buffer.data(), size), settings, sink, [&] {
+                           decoder.releaseBuffers();
+                           std::vector<char>().swap(buffer);
+                         }};
+    if (dump)
+      type->dump(run);
+    else if (request.document)
+      type->document(run, nullptr);
+    else
+      type->decode(run);
+    out.write("\n");
     printWarnings(warnings, "");
     return 0;
   } catch (const DecodingError& e) {
