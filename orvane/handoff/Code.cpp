@@ -533,7 +533,8 @@ class Css : Writer {
       for (std::size_t at = 0; at < declarations.size();) {
         std::size_t end = declarations.find('\n', at);
         std::string_view d(declarations.data() + at + 2, end - at - 2);  // without the indent
-        css += (css.empty() ? "" : " ") + std::string(d);
+        if (!css.empty()) css += ' ';
+        css += d;
         at = end + 1;
       }
       std::string text2 = "span " + quoted + ": " + css;
