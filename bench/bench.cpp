@@ -2,8 +2,10 @@
 // parser's own DOM parse and against two other JSON libraries' parse alone.
 //   bench [SIZE_MB ...]        default: 1 10 100
 //   bench --large SIZE_MB      one decode of a large document: time and peak memory
+//   bench --process SIZE_MB    only the whole-process runs, with a project of SIZE_MB
 //   bench --only decode|encode|document|project SIZE_MB COUNT
 //                              only that operation, COUNT times, for a profiler
+#include <fcntl.h>
 #include <malloc.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -33,6 +35,10 @@
 #include <orvane/snapshot/Snapshot.hpp>
 
 #include "generate.hpp"
+
+#ifndef ORVANE_TOOL
+#define ORVANE_TOOL "orvane"  // the one on PATH, when the build has none
+#endif
 
 // Bytes in use on the heap, from the allocator's own statistics (one thread, one arena), so
 // that timing runs pay nothing for the counting. Records packed into a decoder's chunks are
@@ -330,6 +336,105 @@ void measurePeoplesQuestions(std::size_t megabytes) {
 }
 
 
+// One run of a whole process: its wall time and peak resident memory.
+struct ProcessRun {
+  double seconds;
+  long peak;
+};
+
+// The median of three runs (by time; the peak is the largest seen) of `child`, run in a fresh
+// process with standard output on /dev/null.
+ProcessRun medianRun(const std::function<void()>& child) {
+  std::vector<double> times;
+  long peak = 0;
+  for (int i = 0; i < 3; ++i) {
+    std::fflush(stdout);
+    auto start = Clock::now();
+    pid_t pid = fork();
+    if (pid == 0) {
+      int devnull = open("/dev/null", O_WRONLY);
+      dup2(devnull, 1);
+      child();
+      _exit(0);
+    }
+    int status = 0;
+    rusage usage{};
+    wait4(pid, &status, 0, &usage);
+    times.push_back(std::chrono::duration<double>(Clock::now() - start).count());
+    peak = std::max(peak, usage.ru_maxrss * 1024L);
+  }
+  std::sort(times.begin(), times.end());
+  return {times[1], peak};
+}
+
+// `orvane decode TYPE FILE > /dev/null`, as a user runs it; ORVANE_BENCH_TOOL names another
+// build of the tool, to compare with.
+ProcessRun toolRun(const char* type, const std::string& file) {
+  const char* other = std::getenv("ORVANE_BENCH_TOOL");
+  const char* tool = other && *other ? other : ORVANE_TOOL;
+  return medianRun([&] {
+    execlp(tool, tool, "decode", type, file.c_str(), static_cast<char*>(nullptr));
+    _exit(127);
+  });
+}
+
+void processRow(const char* name, const ProcessRun& run, double bytes, const ProcessRun& reference) {
+  std::printf("| %-44s | %7.2f | %8.1f | %6.2fx | %6.2fx |\n", name, run.seconds, run.peak / 1e6,
+              run.peak / bytes, run.seconds / reference.seconds);
+}
+
+// Whole processes on a 25 MB snapshot and a project of `projectMegabytes`: the tool against
+// simdjson's DOM in a program of a few lines (parse, and for the snapshot write the same bytes
+// back), each reading its file whole.
+void measureWholeProcess(std::size_t projectMegabytes) {
+  const double perLayer = double(orvane::bench::generateSnapshot(2000).size()) / 2000;
+  const std::string snapshot = "/tmp/orvane-bench-snapshot.json";
+  const std::string project = "/tmp/orvane-bench-project.json";
+  std::size_t snapshotBytes = 0, projectBytes = 0;
+  {
+    std::string json = orvane::bench::generateSnapshot(int(25'000'000 / perLayer));
+    snapshotBytes = json.size();
+    std::FILE* f = std::fopen(snapshot.c_str(), "wb");
+    std::fwrite(json.data(), 1, json.size(), f);
+    std::fclose(f);
+    json = orvane::bench::generateProject(projectMegabytes * 1000 * 1000);
+    projectBytes = json.size();
+    f = std::fopen(project.c_str(), "wb");
+    std::fwrite(json.data(), 1, json.size(), f);
+    std::fclose(f);
+  }
+  std::printf("\n### Whole processes (median of three; peak resident memory)\n\n");
+  std::printf("| %-44s | %7s | %8s | %7s | %7s |\n", "run", "s", "peak MB", "x doc", "vs ref");
+  std::printf("|%s|%s|%s|%s|%s|\n", std::string(46, '-').c_str(), std::string(9, '-').c_str(),
+              std::string(10, '-').c_str(), std::string(9, '-').c_str(),
+              std::string(9, '-').c_str());
+  ProcessRun rewrite = medianRun([&] {
+    auto text = simdjson::padded_string::load(snapshot);
+    simdjson::dom::parser parser;
+    simdjson::dom::element root;
+    if (text.error() || parser.parse(text.value()).get(root)) _exit(1);
+    std::string out = simdjson::minify(root);
+    if (std::fwrite(out.data(), 1, out.size(), stdout) != out.size()) _exit(1);
+    std::fflush(stdout);
+  });
+  char label[96];
+  std::snprintf(label, sizeof label, "simdjson DOM parse + write, %.1f MB snapshot",
+                snapshotBytes / 1e6);
+  processRow(label, rewrite, double(snapshotBytes), rewrite);
+  processRow("orvane decode Snapshot", toolRun("Snapshot", snapshot), double(snapshotBytes),
+             rewrite);
+  ProcessRun parse = medianRun([&] {
+    auto text = simdjson::padded_string::load(project);
+    simdjson::dom::parser parser;
+    if (text.error() || parser.parse(text.value()).error()) _exit(1);
+  });
+  std::snprintf(label, sizeof label, "simdjson DOM parse, %.1f MB project", projectBytes / 1e6);
+  processRow(label, parse, double(projectBytes), parse);
+  processRow("orvane decode Project", toolRun("Project", project), double(projectBytes), parse);
+  std::remove(snapshot.c_str());
+  std::remove(project.c_str());
+}
+
 }  // namespace
 
 // One decode of a large document in a fresh process: its time and peak resident memory.
@@ -387,6 +492,10 @@ int main(int argc, char** argv) {
     large(std::strtoul(argv[2], nullptr, 10));
     return 0;
   }
+  if (argc == 3 && std::string(argv[1]) == "--process") {
+    measureWholeProcess(std::strtoul(argv[2], nullptr, 10));
+    return 0;
+  }
   if (argc == 5 && std::string(argv[1]) == "--only") {
     only(argv[2], std::strtoul(argv[3], nullptr, 10), std::atoi(argv[4]));
     return 0;
@@ -398,4 +507,5 @@ int main(int argc, char** argv) {
   measureDocumentForm();
   measureRender();
   measurePeoplesQuestions(*std::max_element(sizes.begin(), sizes.end()));
+  measureWholeProcess(*std::max_element(sizes.begin(), sizes.end()));
 }

@@ -1,5 +1,7 @@
 // Writes a generated document to standard output, for runs of the tool on large inputs:
-//   orvane_generate project|snapshots SIZE_MB [SEED]
+//   orvane_generate project|snapshots|snapshot SIZE_MB [SEED]
+// (snapshot: one snapshot document whose layer tree makes it about SIZE_MB)
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -9,7 +11,7 @@
 
 int main(int argc, char** argv) {
   if (argc < 3) {
-    std::fprintf(stderr, "usage: orvane_generate project|snapshots SIZE_MB [SEED]\n");
+    std::fprintf(stderr, "usage: orvane_generate project|snapshots|snapshot SIZE_MB [SEED]\n");
     return 2;
   }
   const std::string_view kind = argv[1];
@@ -26,6 +28,10 @@ int main(int argc, char** argv) {
     document = orvane::bench::generateProject(bytes, seed);
   } else if (kind == "snapshots") {
     document = orvane::bench::generateSnapshots(bytes, seed);
+  } else if (kind == "snapshot") {
+    // Layers are of one mix whatever their count: a small tree tells the bytes per layer.
+    const double perLayer = double(orvane::bench::generateSnapshot(2000, seed).size()) / 2000;
+    document = orvane::bench::generateSnapshot(std::max(1, int(double(bytes) / perLayer)), seed);
   } else {
     std::fprintf(stderr, "orvane_generate: unknown kind %s\n", argv[1]);
     return 2;
