@@ -72,7 +72,7 @@ void checkDocumentForm(const TypeEntry& type, JsonDecoder& decoder, std::string_
   try {
     JsonWriter writer(listed);
     JsonFieldWriter fields(writer);
-    document = type.document(decoder, json, settings, &fields);
+    document = gatheredDocument(type, decoder, json, settings, &fields);
   } catch (const EncodingError& e) {
     std::fprintf(stderr, "%.*s decodes but has no document form: %s\n", int(type.name.size()),
                  type.name.data(), e.what());
@@ -82,7 +82,7 @@ void checkDocumentForm(const TypeEntry& type, JsonDecoder& decoder, std::string_
   try {
     JsonWriter writer(relisted);
     JsonFieldWriter fields(writer);
-    again = type.document(decoder, padded(buffer, document), settings, &fields);
+    again = gatheredDocument(type, decoder, padded(buffer, document), settings, &fields);
   } catch (const DecodingError& e) {
     std::fprintf(stderr, "%.*s refused its document form %s: %s\n", int(type.name.size()),
                  type.name.data(), document.c_str(), e.what());
@@ -117,10 +117,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
   std::string written;
   try {
-    (void)type.dump(plainDecoder, json, plain);
+    (void)gathered(type.dump, plainDecoder, json, plain);
     checkDocumentForm(type, plainDecoder, json, plain);
     if (!type.decode) return 0;
-    written = type.decode(plainDecoder, json, plain);
+    written = gathered(type.decode, plainDecoder, json, plain);
     if (type.name == "Snapshot") drawAndCheck(*plainDecoder.decodePadded<Ref<Snapshot>>(json));
   } catch (const DecodingError& e) {
     checkLocation(e, json);
@@ -131,7 +131,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
   std::string again;
   try {
-    again = type.decode(importedDecoder, padded(buffer, written), imported);
+    again = gathered(type.decode, importedDecoder, padded(buffer, written), imported);
   } catch (const DecodingError& e) {
     // A member the record never writes is the only acceptable reason to refuse its own output.
     if (e.kind() == DecodingError::Kind::keyNotFound) return 0;

@@ -124,9 +124,7 @@ TEST(DocumentForm, EveryCorpusDocumentThatDecodesReadsBackFieldByField) {
     Listing before, after;
     std::string written;
     try {
-      StringSink out;
-      doc.type->document({decoder, padded(buffer, doc.text), first, out}, &before.fields);
-      written = std::move(out.text);
+      written = gatheredDocument(*doc.type, decoder, padded(buffer, doc.text), first, &before.fields);
     } catch (const DecodingError&) {
       continue;  // a case of a document that does not decode
     } catch (const EncodingError& e) {
@@ -137,9 +135,7 @@ TEST(DocumentForm, EveryCorpusDocumentThatDecodesReadsBackFieldByField) {
     ++decoded;
     std::string rewritten;
     try {
-      StringSink out;
-      doc.type->document({again, padded(buffer, written), plain, out}, &after.fields);
-      rewritten = std::move(out.text);
+      rewritten = gatheredDocument(*doc.type, again, padded(buffer, written), plain, &after.fields);
     } catch (const DecodingError& e) {
       ADD_FAILURE() << "its document form does not decode: " << e.what() << "\n" << written;
       continue;

@@ -41,6 +41,14 @@ struct StringSink final : JsonSink {
   void write(std::string_view piece) override { text += piece; }
 };
 
+/// What `write` (an entry's decode or dump) writes, gathered into a string.
+inline std::string gathered(void (*write)(const Conversion&), JsonDecoder& decoder,
+                            std::string_view json, const Settings& settings) {
+  StringSink out;
+  write({decoder, json, settings, out});
+  return std::move(out.text);
+}
+
 /// Each function decodes with the caller's `decoder`, made from `settings.decoding`: one per
 /// run keeps the parser's buffers and the record chunks for the next document.
 struct TypeEntry {
@@ -60,6 +68,15 @@ struct TypeEntry {
   /// The JSON Schema of the documents that decode as TYPE, or of their document form.
   std::string (*schema)(const JsonSchemaOptions& options);
 };
+
+/// The document form that `type` writes, gathered into a string.
+inline std::string gatheredDocument(const TypeEntry& type, JsonDecoder& decoder,
+                                    std::string_view json, const Settings& settings,
+                                    FieldVisitor* fields) {
+  StringSink out;
+  type.document({decoder, json, settings, out}, fields);
+  return std::move(out.text);
+}
 
 std::span<const TypeEntry> registeredTypes();
 const TypeEntry* findType(std::string_view name);
