@@ -3,6 +3,7 @@
 //   bench [SIZE_MB ...]        default: 1 10 100
 //   bench --large SIZE_MB      one decode of a large document: time and peak memory
 //   bench --process SIZE_MB    only the whole-process runs, with a project of SIZE_MB
+//   bench --binder             only the snapshot decode against the On-Demand binder
 //   bench --only decode|encode|document|project SIZE_MB COUNT
 //                              only that operation, COUNT times, for a profiler
 #include <fcntl.h>
@@ -34,6 +35,7 @@
 #include <orvane/project/Project.hpp>
 #include <orvane/snapshot/Snapshot.hpp>
 
+#include "binder.hpp"
 #include "generate.hpp"
 
 #ifndef ORVANE_TOOL
@@ -336,6 +338,37 @@ void measurePeoplesQuestions(std::size_t megabytes) {
 }
 
 
+// One snapshot read into the wired graph against a hand-written On-Demand reader of the same
+// fields into plain structs (bench/binder.cpp), at two sizes.
+void measureBinder() {
+  std::printf("\n### One snapshot: decode against a hand-written On-Demand binder\n\n");
+  std::printf("| %9s | %8s | %11s | %11s | %12s |\n", "JSON MB", "layers", "binder MB/s",
+              "Orvane MB/s", "Orvane/binder");
+  std::printf("|%s|%s|%s|%s|%s|\n", std::string(11, '-').c_str(), std::string(10, '-').c_str(),
+              std::string(13, '-').c_str(), std::string(13, '-').c_str(),
+              std::string(14, '-').c_str());
+  const double perLayer = double(orvane::bench::generateSnapshot(2000).size()) / 2000;
+  for (double megabytes : {2.5, 25.0}) {
+    simdjson::padded_string padded(
+        orvane::bench::generateSnapshot(int(megabytes * 1e6 / perLayer)));
+    std::string_view view(padded.data(), padded.size());
+    simdjson::ondemand::parser parser;
+    std::size_t layers = 0;
+    double bound = bestSeconds([&] {
+      auto snapshot = orvane::bench::binder::bind(parser, padded);
+      layers = snapshot.flattened.size();
+    });
+    orvane::JsonDecoder decoder;
+    orvane::Ref<orvane::Snapshot> snapshot;
+    double decode =
+        bestSeconds([&] { snapshot = decoder.decodePadded<orvane::Ref<orvane::Snapshot>>(view); },
+                    [&] { snapshot.reset(); });
+    const double bytes = double(padded.size());
+    std::printf("| %9.1f | %8zu | %11.1f | %11.1f | %11.2fx |\n", bytes / 1e6, layers,
+                bytes / bound / 1e6, bytes / decode / 1e6, decode / bound);
+  }
+}
+
 // One run of a whole process: its wall time and peak resident memory.
 struct ProcessRun {
   double seconds;
@@ -492,6 +525,10 @@ int main(int argc, char** argv) {
     large(std::strtoul(argv[2], nullptr, 10));
     return 0;
   }
+  if (argc == 2 && std::string(argv[1]) == "--binder") {
+    measureBinder();
+    return 0;
+  }
   if (argc == 3 && std::string(argv[1]) == "--process") {
     measureWholeProcess(std::strtoul(argv[2], nullptr, 10));
     return 0;
@@ -507,5 +544,6 @@ int main(int argc, char** argv) {
   measureDocumentForm();
   measureRender();
   measurePeoplesQuestions(*std::max_element(sizes.begin(), sizes.end()));
+  measureBinder();
   measureWholeProcess(*std::max_element(sizes.begin(), sizes.end()));
 }
