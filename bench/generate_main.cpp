@@ -1,5 +1,6 @@
 // Writes a generated document to standard output, for runs of the tool on large inputs:
-//   orvane_generate project|snapshots SIZE_MB [SEED]
+//   orvane_generate project|snapshots|snapshot SIZE_MB [SEED]
+// `snapshot` is one snapshot with one layer tree, at the bench's 1,560 layers a megabyte.
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -9,7 +10,7 @@
 
 int main(int argc, char** argv) {
   if (argc < 3) {
-    std::fprintf(stderr, "usage: orvane_generate project|snapshots SIZE_MB [SEED]\n");
+    std::fprintf(stderr, "usage: orvane_generate project|snapshots|snapshot SIZE_MB [SEED]\n");
     return 2;
   }
   const std::string_view kind = argv[1];
@@ -26,6 +27,8 @@ int main(int argc, char** argv) {
     document = orvane::bench::generateProject(bytes, seed);
   } else if (kind == "snapshots") {
     document = orvane::bench::generateSnapshots(bytes, seed);
+  } else if (kind == "snapshot") {
+    document = orvane::bench::generateSnapshot(static_cast<int>(megabytes * 1560), seed);
   } else {
     std::fprintf(stderr, "orvane_generate: unknown kind %s\n", argv[1]);
     return 2;

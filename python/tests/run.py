@@ -11,9 +11,12 @@ import sys
 package_dir, tool, source_dir, folder = sys.argv[1:5]
 sys.path.insert(0, package_dir)
 try:
-    import orvane  # noqa: F401
+    import orvane
 except ImportError as error:
     print(f"skipped: the orvane module is not built here ({error})")
+    sys.exit(77)
+if not os.path.abspath(orvane.__file__).startswith(os.path.abspath(package_dir)):
+    print(f"skipped: the orvane module is not built here (found {orvane.__file__} instead)")
     sys.exit(77)
 try:
     import pytest
