@@ -17,6 +17,7 @@
 #include <orvane/coding/RawEnum.hpp>
 #include <orvane/json/JsonEncoder.hpp>
 #include <orvane/values/Date.hpp>
+#include <orvane/values/Geometry.hpp>
 #include <orvane/values/Identifier.hpp>
 #include <orvane/values/Url.hpp>
 
@@ -49,6 +50,9 @@ const EnumClass& enumClassOf() {
   found = &enumClass(typeid(E), EnumTraits<E>::typeName, cases);
   return *found;
 }
+
+/// Makes the geometry types (`orvane.Rect`, `Point`, `Size`, `Range`) in `m`.
+void bindGeometry(py::module_& m);
 
 /// What the module-level functions do with a value of one bound class.
 struct ClassOps {
@@ -120,6 +124,22 @@ struct type_caster<orvane::Date> {
   bool load(handle src, bool);
   static handle cast(const orvane::Date& v, return_value_policy, handle);
 };
+
+/// Rectangles, points, sizes and ranges are immutable struct sequences (`orvane.Rect`): a
+/// walk over thousands of layers makes one per frame, and these cost a tenth of a class
+/// instance.
+#define ORVANE_PY_GEOMETRY_CASTER(Type, name)                                     \
+  template <>                                                                     \
+  struct type_caster<Type> {                                                      \
+    PYBIND11_TYPE_CASTER(Type, const_name(name));                                 \
+    bool load(handle src, bool);                                                  \
+    static handle cast(const Type& v, return_value_policy, handle);               \
+  };
+ORVANE_PY_GEOMETRY_CASTER(orvane::Rect, "Rect")
+ORVANE_PY_GEOMETRY_CASTER(orvane::Point, "Point")
+ORVANE_PY_GEOMETRY_CASTER(orvane::Size, "Size")
+ORVANE_PY_GEOMETRY_CASTER(orvane::Range, "Range")
+#undef ORVANE_PY_GEOMETRY_CASTER
 
 /// A raw-value enumeration is a member of its enum.Enum class; its raw string is taken too.
 template <class E>

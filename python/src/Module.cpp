@@ -612,6 +612,7 @@ PYBIND11_MODULE(_orvane, m) {
       PyErr_SetString(PyExc_ValueError, e.what());
     }
   });
+  bindGeometry(m);
   bindRecordsA(m);
   bindRecordsB(m);
   bindValues(m);

@@ -219,10 +219,22 @@ void handBound() {
     }
     c.body.push_back(init + ") -> None: ...");
   };
-  value("Point", {{"x", "float"}, {"y", "float"}});
-  value("Size", {{"width", "float"}, {"height", "float"}});
-  value("Rect", {{"x", "float"}, {"y", "float"}, {"width", "float"}, {"height", "float"}});
-  value("Range", {{"location", "int"}, {"length", "int"}});
+  // Geometry: struct sequences, made by keywords, read as attributes or as a tuple.
+  auto geometry = [](std::string name, std::vector<std::pair<std::string, std::string>> members) {
+    std::string tuple;
+    for (const auto& member : members) tuple += (tuple.empty() ? "" : ", ") + member.second;
+    StubClass& c = add(name, "tuple[" + tuple + "]");
+    std::string make = "def __new__(cls, *";
+    for (const auto& [member, type] : members) {
+      attribute(c, member, type, true);
+      make += ", " + member + ": " + type;
+    }
+    c.body.push_back(make + ") -> " + name + ": ...");
+  };
+  geometry("Point", {{"x", "float"}, {"y", "float"}});
+  geometry("Size", {{"width", "float"}, {"height", "float"}});
+  geometry("Rect", {{"x", "float"}, {"y", "float"}, {"width", "float"}, {"height", "float"}});
+  geometry("Range", {{"location", "int"}, {"length", "int"}});
   value("Extension.Option.PickerOption", {{"name", "str"}, {"value", "str"}});
   value("Project.CandidateTextStyle",
         {{"name", "str"}, {"sourceIdentifier", "str | None"}, {"textStyle", "TextStyle"}});

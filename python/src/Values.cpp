@@ -14,59 +14,6 @@ namespace orvane::python {
 
 namespace {
 
-template <class T>
-std::string number(T value) {
-  return std::string(py::repr(py::cast(value)));
-}
-
-void bindGeometry(py::module_& m) {
-  py::class_<Point>(m, "Point")
-      .def(py::init([](double x, double y) { return Point{x, y}; }), py::kw_only(), py::arg("x"),
-           py::arg("y"))
-      .def_property_readonly("x", [](const Point& p) { return p.x; })
-      .def_property_readonly("y", [](const Point& p) { return p.y; })
-      .def("__eq__", [](const Point& a, const Point& b) { return a == b; })
-      .def("__repr__", [](const Point& p) {
-        return "orvane.Point(x=" + number(p.x) + ", y=" + number(p.y) + ")";
-      });
-  py::class_<Size>(m, "Size")
-      .def(py::init([](double width, double height) { return Size{width, height}; }),
-           py::kw_only(), py::arg("width"), py::arg("height"))
-      .def_property_readonly("width", [](const Size& s) { return s.width; })
-      .def_property_readonly("height", [](const Size& s) { return s.height; })
-      .def("__eq__", [](const Size& a, const Size& b) { return a == b; })
-      .def("__repr__", [](const Size& s) {
-        return "orvane.Size(width=" + number(s.width) + ", height=" + number(s.height) + ")";
-      });
-  py::class_<Rect>(m, "Rect")
-      .def(py::init([](double x, double y, double width, double height) {
-             return Rect(x, y, width, height);
-           }),
-           py::kw_only(), py::arg("x"), py::arg("y"), py::arg("width"), py::arg("height"))
-      // As stored, not standardized: the model keeps a frame as it was read.
-      .def_property_readonly("x", [](const Rect& r) { return r.origin.x; })
-      .def_property_readonly("y", [](const Rect& r) { return r.origin.y; })
-      .def_property_readonly("width", [](const Rect& r) { return r.size.width; })
-      .def_property_readonly("height", [](const Rect& r) { return r.size.height; })
-      .def("__eq__", [](const Rect& a, const Rect& b) { return a == b; })
-      .def("__repr__", [](const Rect& r) {
-        return "orvane.Rect(x=" + number(r.origin.x) + ", y=" + number(r.origin.y) +
-               ", width=" + number(r.size.width) + ", height=" + number(r.size.height) + ")";
-      });
-  py::class_<Range>(m, "Range")
-      .def(py::init([](std::int64_t location, std::int64_t length) {
-             return Range{location, length};
-           }),
-           py::kw_only(), py::arg("location"), py::arg("length"))
-      .def_property_readonly("location", [](const Range& r) { return r.location; })
-      .def_property_readonly("length", [](const Range& r) { return r.length; })
-      .def("__eq__", [](const Range& a, const Range& b) { return a == b; })
-      .def("__repr__", [](const Range& r) {
-        return "orvane.Range(location=" + number(r.location) + ", length=" + number(r.length) +
-               ")";
-      });
-}
-
 // The payload member `member` of case `Case`, None for the other cases.
 template <class Kind, class Case, class Member>
 auto payload(const Case* (Kind::*as)() const, Member Case::*member) {
@@ -200,7 +147,6 @@ void bindKinds(py::module_& m) {
 }  // namespace
 
 void bindValues(py::module_& m) {
-  bindGeometry(m);
   bindKinds(m);
 }
 

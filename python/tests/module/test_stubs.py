@@ -27,9 +27,12 @@ def stub_names(body):
 
 
 def public(name):
-    """Dunders are Python's, `_Type` and the like the stubs' own aliases; `_2x` is a case."""
+    """Dunders are Python's, `_Type` and the like the stubs' own aliases, `n_fields` and its
+    like every struct sequence's; `_2x` is a case."""
     if name in ("__init__", "__version__"):
         return True
+    if name in ("n_fields", "n_sequence_fields", "n_unnamed_fields"):
+        return False
     return not name.startswith("__") and not (name.startswith("_") and name[1:2].isupper())
 
 
