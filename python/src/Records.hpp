@@ -5,6 +5,8 @@
 #pragma once
 
 #include <memory>
+#include <optional>
+#include <vector>
 #include <string>
 #include <type_traits>
 #include <utility>
@@ -128,14 +130,33 @@ struct Member<Required<M>> {
 template <class M>
 using MemberType = typename detail::Member<M>::type;
 
+namespace detail {
+template <class V>
+constexpr bool kReadInPlace = std::is_same_v<V, std::string>;
+template <class V>
+constexpr bool kReadInPlace<std::shared_ptr<V>> = true;
+template <class V>
+constexpr bool kReadInPlace<std::vector<std::shared_ptr<V>>> = true;
+template <class V>
+constexpr bool kReadInPlace<std::optional<std::vector<std::shared_ptr<V>>>> = true;
+}  // namespace detail
+
+/// What an attribute's getter returns: a reference to the record's own string or records
+/// where the getter gives one (converting copies them into Python anyway, so the copy in
+/// between is saved), a copy otherwise: a value of a bound class must never be handed out
+/// by reference, or assigning the field would leave Python holding a destroyed value.
+template <class Got, class V = std::decay_t<Got>>
+using Getter = std::conditional_t<std::is_reference_v<Got> && detail::kReadInPlace<V>, const V&, V>;
+
 /// The type a record's getter gives, as Python receives it.
 #define ORVANE_PY_VALUE(name) std::decay_t<decltype(std::declval<const T&>().name())>
+#define ORVANE_PY_GETTER(name) \
+  [](const T& r) -> ::orvane::python::Getter<decltype(r.name())> { return r.name(); }
 
 /// A field's attribute, by its access column.
 #define ORVANE_PY_ACCESS_plain(name, Name)                                              \
   cls.def_property(                                                                    \
-      ::orvane::python::pyName(#name).c_str(),                                         \
-      [](const T& r) -> ORVANE_PY_VALUE(name) { return r.name(); },                    \
+      ::orvane::python::pyName(#name).c_str(), ORVANE_PY_GETTER(name),                  \
       [](T& r, ORVANE_PY_VALUE(name) v) { r.set##Name(std::move(v)); });
 #define ORVANE_PY_ACCESS_observed(name, Name) ORVANE_PY_ACCESS_plain(name, Name)
 #define ORVANE_PY_ACCESS_own(name, Name)                                                \
@@ -145,8 +166,7 @@ using MemberType = typename detail::Member<M>::type;
     ORVANE_PY_ACCESS_readOnly(name, Name)                                               \
   }
 #define ORVANE_PY_ACCESS_readOnly(name, Name)        \
-  cls.def_property_readonly(::orvane::python::pyName(#name).c_str(), \
-                            [](const T& r) -> ORVANE_PY_VALUE(name) { return r.name(); });
+  cls.def_property_readonly(::orvane::python::pyName(#name).c_str(), ORVANE_PY_GETTER(name));
 // A back-reference is the owner's to set: reading it gives the owner or None.
 #define ORVANE_PY_ACCESS_backRef(name, Name) ORVANE_PY_ACCESS_readOnly(name, Name)
 #define ORVANE_PY_ACCESS_observedBackRef(name, Name) ORVANE_PY_ACCESS_readOnly(name, Name)
