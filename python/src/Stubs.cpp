@@ -257,8 +257,8 @@ void handBound() {
   kind("Layer",
        {"def shape() -> Layer.Kind: ...",
         "def text(*, content: str, rangedTextStyles: list[RangedTextStyle]) -> Layer.Kind: ...",
-        "def group(*, layers: list[Layer], componentName: str | None = ..., interactionLevel: "
-        "Layer.InteractionLevel | None = ...) -> Layer.Kind: ..."},
+        "def group(*, layers: list[Layer], componentName: str | None, interactionLevel: "
+        "Layer.InteractionLevel | None) -> Layer.Kind: ..."},
        {{"content", "str"},
         {"rangedTextStyles", "list[RangedTextStyle]"},
         {"layers", "list[Layer]"},

@@ -51,7 +51,7 @@ void bindKinds(py::module_& m) {
       .def_static("text", &LK::text, py::kw_only(), py::arg("content"),
                   py::arg("rangedTextStyles"))
       .def_static("group", &LK::group, py::kw_only(), py::arg("layers"),
-                  py::arg("componentName") = py::none(), py::arg("interactionLevel") = py::none())
+                  py::arg("componentName"), py::arg("interactionLevel"))
       .def_property_readonly("content", payload(&LK::asText, &LK::Text::content))
       .def_property_readonly("rangedTextStyles",
                              payload(&LK::asText, &LK::Text::rangedTextStyles))

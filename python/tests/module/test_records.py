@@ -72,13 +72,15 @@ def test_assignment_runs_the_setters_wiring():
     child = layer("child", kind=orvane.Layer.Kind.shape())
     group = layer("group", x=100, y=50)
     assert child.parent is None
-    group.kind = orvane.Layer.Kind.group(layers=[child])
+    group.kind = orvane.Layer.Kind.group(layers=[child], componentName=None,
+                                         interactionLevel=orvane.Layer.InteractionLevel.top)
     assert child.parent is group
     snapshot = orvane.decode("Snapshot", b'{"_id":"s","width":320,"height":480}')
     snapshot.layers = [group]
     # the snapshot hands itself down the tree and flattens it with absolute frames
     assert child.snapshot is snapshot and group.snapshot is snapshot
-    assert [l.name for l in snapshot.flattenedLayers] == ["child"]
+    # a group at the top level is drawn after its children
+    assert [l.name for l in snapshot.flattenedLayers] == ["child", "group"]
     assert snapshot.flattenedLayers[0].absoluteFrame == orvane.Rect(x=100, y=50, width=10, height=10)
     # a list read from a record is a copy: appending to it changes nothing
     snapshot.layers.append(layer("stray"))
