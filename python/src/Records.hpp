@@ -76,8 +76,11 @@ class Keywords {
     }
     return take<M>(key);
   }
-  template <class M, class Default>
+  /// A defaulted argument; `Member` is the `Fields` member's type, and a `Required` one (a
+  /// `make` that takes no defaults, as a component's) must be given after all.
+  template <class Member, class M, class Default>
   M optional(std::string_view name, Default&& fallback) {
+    if constexpr (!std::is_same_v<Member, M>) return required<M>(name);
     std::string key = pyName(name);
     if (!given_.contains(key.c_str())) return std::forward<Default>(fallback)();
     return take<M>(key);
@@ -178,14 +181,14 @@ using Getter = std::conditional_t<std::is_reference_v<Got> && detail::kReadInPla
 /// `make` defaults them.
 #define ORVANE_PY_ARG_MEMBER(name) ::orvane::python::MemberType<decltype(F::name)>
 #define ORVANE_PY_ARG_given(name) kw.template required<ORVANE_PY_ARG_MEMBER(name)>(#name),
-#define ORVANE_PY_ARG_localId(name)                                  \
-  kw.template optional<ORVANE_PY_ARG_MEMBER(name)>(#name, [] { \
-    return ORVANE_PY_ARG_MEMBER(name)::local();                      \
-  }),
+#define ORVANE_PY_ARG_OPTIONAL(name) \
+  kw.template optional<decltype(F::name), ORVANE_PY_ARG_MEMBER(name)>
+#define ORVANE_PY_ARG_localId(name) \
+  ORVANE_PY_ARG_OPTIONAL(name)(#name, [] { return ORVANE_PY_ARG_MEMBER(name)::local(); }),
 #define ORVANE_PY_ARG_currentDate(name) \
-  kw.template optional<ORVANE_PY_ARG_MEMBER(name)>(#name, [] { return ::orvane::now(); }),
+  ORVANE_PY_ARG_OPTIONAL(name)(#name, [] { return ::orvane::now(); }),
 #define ORVANE_PY_ARG_empty(name) \
-  kw.template optional<ORVANE_PY_ARG_MEMBER(name)>(#name, [] { return ORVANE_PY_ARG_MEMBER(name){}; }),
+  ORVANE_PY_ARG_OPTIONAL(name)(#name, [] { return ORVANE_PY_ARG_MEMBER(name){}; }),
 #define ORVANE_PY_ARG_none(name)
 #define ORVANE_PY_ARG(name, Name, Type, key, read, write, param, access) ORVANE_PY_ARG_##param(name)
 

@@ -163,8 +163,14 @@ constexpr bool isRef<std::shared_ptr<T>> = true;
 #define ORVANE_STUB_DEFAULT_currentDate " = ..."
 #define ORVANE_STUB_DEFAULT_empty " = ..."
 #define ORVANE_STUB_ARG_none(name, read)
-#define ORVANE_STUB_ARG_some(name, read, param)                                   \
-  init += ", " + pyName(#name) + ": " + ORVANE_STUB_TYPE(name, read) + ORVANE_STUB_DEFAULT_##param;
+// A `make` that takes no defaults (a component's) makes every member `Required`.
+template <class M>
+constexpr bool isRequired = false;
+template <class M>
+constexpr bool isRequired<Required<M>> = true;
+#define ORVANE_STUB_ARG_some(name, read, param)                                        \
+  init += ", " + pyName(#name) + ": " + ORVANE_STUB_TYPE(name, read) +                  \
+          (isRequired<decltype(T::Fields::name)> ? "" : ORVANE_STUB_DEFAULT_##param);
 #define ORVANE_STUB_ARG_given(name, read) ORVANE_STUB_ARG_some(name, read, given)
 #define ORVANE_STUB_ARG_localId(name, read) ORVANE_STUB_ARG_some(name, read, localId)
 #define ORVANE_STUB_ARG_currentDate(name, read) ORVANE_STUB_ARG_some(name, read, currentDate)

@@ -38,6 +38,10 @@ def test_keywords_in_the_models_names_with_its_defaults():
     (lambda: orvane.Color(red=1, green=0.5, blue=0), "missing keyword argument 'alpha'"),
     (lambda: orvane.Color(red=1, green=0.5, blue=0, alpha=1, beta=2), "unexpected keyword argument 'beta'"),
     (lambda: orvane.Color(red="one", green=0.5, blue=0, alpha=1), "red cannot be str"),
+    # a component's make takes no defaults, not even the identifier's
+    (lambda: orvane.Component(name="Button", description="", latestVersion=None,
+                              sourceIdentifier=None, tags=None, versions=None),
+     "missing keyword argument 'identifier'"),
 ])
 def test_construction_refuses_what_is_not_the_model(make, message):
     with pytest.raises(TypeError, match=message):
