@@ -11,6 +11,9 @@ packages=(g++ cmake ninja-build pkg-config ccache
 packages+=(libcpp-httplib-dev zlib1g-dev chromium-driver python3-selenium)
 # Python's jsonschema checks the tool's schemas against documents.
 packages+=(python3-jsonschema)
+# The Python module (pybind11), its tests (pytest), the batch example's Dask and the JSON
+# library the bench compares with.
+packages+=(pybind11-dev python3-pybind11 python3-dev python3-pytest python3-dask python3-distributed python3-ujson)
 [ "${ORVANE_WITH_CLANG:-0}" = 1 ] && packages+=(clang libclang-rt-14-dev)
 
 missing=()

@@ -1,6 +1,9 @@
 // The TYPE names the tool knows, and what it does with each.
 #pragma once
 
+#include <any>
+#include <array>
+#include <cstddef>
 #include <functional>
 #include <span>
 #include <string>
@@ -17,6 +20,19 @@
 #include <orvane/json/JsonSchema.hpp>
 
 namespace orvane::tool {
+
+/// A raw-value enumeration's case, without its C++ type.
+struct EnumCaseText {
+  std::string_view name;
+  std::string_view rawValue;
+};
+
+/// A raw-value enumeration's cases in order, and which of them a value that `TypeEntry::value`
+/// returned is.
+struct EnumerationInfo {
+  std::span<const EnumCaseText> cases;
+  std::size_t (*caseIndex)(const std::any& value);
+};
 
 struct Settings {
   JsonDecoderOptions decoding;
@@ -67,6 +83,11 @@ struct TypeEntry {
   void (*document)(const Conversion& run, FieldVisitor* fields);
   /// The JSON Schema of the documents that decode as TYPE, or of their document form.
   std::string (*schema)(const JsonSchemaOptions& options);
+  /// Decodes the document (not padded) and returns the value itself, as `decode` in C++ gives
+  /// it (`Ref<Layer>`, `Layer::Partial`, `Density`): for callers that hold values, not text.
+  std::any (*value)(JsonDecoder& decoder, std::string_view json);
+  /// For a raw-value enumeration, its cases; null for any other type.
+  const EnumerationInfo* (*enumeration)();
 };
 
 /// The document form that `type` writes, gathered into a string.
@@ -141,6 +162,36 @@ void decodeAndDocument(const Conversion& run, FieldVisitor* fields) {
 }
 
 template <class T>
+std::any decodeValue(JsonDecoder& decoder, std::string_view json) {
+  return decoder.decode<Decoded<T>>(json);
+}
+
+template <class T>
+std::size_t caseIndex(const std::any& value) {
+  const T held = std::any_cast<T>(value);
+  std::size_t i = 0;
+  while (i < EnumTraits<T>::cases.size() && EnumTraits<T>::cases[i].value != held) ++i;
+  return i;
+}
+
+template <class T>
+const EnumerationInfo* enumerationOf() {
+  if constexpr (RawEnum<T>) {
+    static constexpr auto kCases = [] {
+      std::array<EnumCaseText, EnumTraits<T>::cases.size()> cases{};
+      for (std::size_t i = 0; i < cases.size(); ++i) {
+        cases[i] = {EnumTraits<T>::cases[i].name, EnumTraits<T>::cases[i].rawValue};
+      }
+      return cases;
+    }();
+    static constexpr EnumerationInfo kInfo{kCases, &caseIndex<T>};
+    return &kInfo;
+  } else {
+    return nullptr;
+  }
+}
+
+template <class T>
 std::string schemaOf(const JsonSchemaOptions& options) {
   return jsonSchema<T>(options);
 }
@@ -168,7 +219,9 @@ constexpr TypeEntry entry(std::string_view name) {
           &detail::decodeAndDump<T>,
           &detail::decodeOnly<T>,
           &detail::decodeAndDocument<T>,
-          &detail::schemaOf<T>};
+          &detail::schemaOf<T>,
+          &detail::decodeValue<T>,
+          &detail::enumerationOf<T>};
 }
 
 }  // namespace orvane::tool
