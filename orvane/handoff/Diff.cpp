@@ -355,7 +355,8 @@ std::string diffJson(const SnapshotDiff& diff, const Snapshot& before, const Sna
     const auto& c = diff.changed[i];
     out += (i ? ",{\"layer\":" : "{\"layer\":") + layerJson(*c.after) + ",\"changes\":[";
     for (std::size_t k = 0; k < c.changes.size(); ++k) {
-      out += (k ? "," : "") + json(changeName(c.changes[k]));
+      if (k) out += ',';
+      out += json(changeName(c.changes[k]));
     }
     out += "],\"before\":" + changedFacts(c, *c.before, options) +
            ",\"after\":" + changedFacts(c, *c.after, options) + "}";

@@ -196,7 +196,12 @@ class Writer {
     if (!style) return out + ",\"fontName\":null}";
     std::vector<Fact> facts;
     styleFacts(facts, *style);
-    for (const auto& [name, value] : facts) out += "," + json(name) + ":" + value;
+    for (const auto& [name, value] : facts) {
+      out += ',';
+      out += json(name);
+      out += ':';
+      out += value;
+    }
     if (const auto* token = textStyleToken(*style)) out += ",\"token\":" + json(token->name());
     return out + "}";
   }

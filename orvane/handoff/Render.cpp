@@ -23,6 +23,16 @@ namespace orvane::handoff {
 
 namespace {
 
+// A reference to the element `id` of the same drawing.
+std::string reference(std::string_view id) {
+  std::string href;
+  href.reserve(id.size() + 1);
+  href += '#';
+  href += id;
+  return href;
+}
+
+
 using detail::appendNumber;
 using detail::appendXml;
 using detail::Box;
@@ -407,8 +417,9 @@ class Renderer {
     double opacity = std::clamp(finite(layer.opacity(), 1), 0.0, 1.0);
     if (opacity < 1) svg_.attr("opacity", opacity);
     svg_.raw("><g").attr("filter", url(prefix + "-bb")).raw(">");
-    if (snapshot_.backgroundColor()) svg_.raw("<use").attr("href", "#" + options_.idPrefix + "bg").raw("/>");
-    for (std::size_t j : below) svg_.raw("<use").attr("href", "#" + layerId(j)).raw("/>");
+    if (snapshot_.backgroundColor())
+      svg_.raw("<use").attr("href", reference(options_.idPrefix + "bg")).raw("/>");
+    for (std::size_t j : below) svg_.raw("<use").attr("href", reference(layerId(j))).raw("/>");
     svg_.raw("</g></g>\n");
   }
 
