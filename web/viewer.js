@@ -795,9 +795,9 @@
     return 'nothing' + o;
   }
 
-  function specRow(list, label, spec, text, node) {
+  function factRow(list, label, name, text, node) {
     list.appendChild(el('dt', {text: label}));
-    list.appendChild(el('dd', spec ? {'data-spec': spec} : null, node || text));
+    list.appendChild(el('dd', name ? {'data-spec': name} : null, node || text));
     list.appendChild(copyButton(text));
   }
 
@@ -821,12 +821,12 @@
       if (!dot) {
         var size = S.snap.inspect.size;
         box.appendChild(el('h2', {text: 'Artboard'}));
-        var dl = el('dl', {className: 'specs'});
-        specRow(dl, 'Width', null, lengthText(size.width));
-        specRow(dl, 'Height', null, lengthText(size.height));
-        if (S.snap.inspect.backgroundColor) specRow(dl, 'Background', null, colorText(S.snap.inspect.backgroundColor), colorNode(S.snap.inspect.backgroundColor));
+        var dl = el('dl', {className: 'facts'});
+        factRow(dl, 'Width', null, lengthText(size.width));
+        factRow(dl, 'Height', null, lengthText(size.height));
+        if (S.snap.inspect.backgroundColor) factRow(dl, 'Background', null, colorText(S.snap.inspect.backgroundColor), colorNode(S.snap.inspect.backgroundColor));
         box.appendChild(dl);
-        box.appendChild(el('p', {className: 'note', text: 'Click a layer on the canvas or in the list for its specs and code; point at another to measure.'}));
+        box.appendChild(el('p', {className: 'note', text: 'Click a layer on the canvas or in the list for its properties and code; point at another to measure.'}));
         if (S.compareResult && S.route.compare) box.appendChild(changesList(S.compareResult));
       }
       renderAssets(box, null);
@@ -835,39 +835,39 @@
     box.setAttribute('data-layer', id);
     box.appendChild(el('h2', {text: f.name}));
     box.appendChild(el('div', {className: 'meta', text: (f.kind || 'layer') + ' · ' + id}));
-    var specs = el('dl', {className: 'specs'});
+    var facts = el('dl', {className: 'facts'});
     var r = f.absoluteFrame || {};
-    specRow(specs, 'X', 'x', lengthText(r.x));
-    specRow(specs, 'Y', 'y', lengthText(r.y));
-    specRow(specs, 'Width', 'width', lengthText(r.width));
-    specRow(specs, 'Height', 'height', lengthText(r.height));
-    specRow(specs, 'Rotation', 'rotation', fmt(f.rotation || 0) + '°');
-    specRow(specs, 'Opacity', 'opacity', fmt(f.opacity === null || f.opacity === undefined ? 1 : f.opacity));
-    if (f.blendMode) specRow(specs, 'Blend mode', 'blendMode', f.blendMode);
-    specRow(specs, 'Radius', 'cornerRadius', lengthText(f.cornerRadius || 0));
-    (f.fills || []).forEach(function (fill, i) { specRow(specs, i ? '' : 'Fills', null, paintText(fill)); });
+    factRow(facts, 'X', 'x', lengthText(r.x));
+    factRow(facts, 'Y', 'y', lengthText(r.y));
+    factRow(facts, 'Width', 'width', lengthText(r.width));
+    factRow(facts, 'Height', 'height', lengthText(r.height));
+    factRow(facts, 'Rotation', 'rotation', fmt(f.rotation || 0) + '°');
+    factRow(facts, 'Opacity', 'opacity', fmt(f.opacity === null || f.opacity === undefined ? 1 : f.opacity));
+    if (f.blendMode) factRow(facts, 'Blend mode', 'blendMode', f.blendMode);
+    factRow(facts, 'Radius', 'cornerRadius', lengthText(f.cornerRadius || 0));
+    (f.fills || []).forEach(function (fill, i) { factRow(facts, i ? '' : 'Fills', null, paintText(fill)); });
     (f.borders || []).forEach(function (b, i) {
-      specRow(specs, i ? '' : 'Borders', null, lengthText(b.thickness) + ' ' + (b.position || 'center') + ' · ' + paintText(b.fill));
+      factRow(facts, i ? '' : 'Borders', null, lengthText(b.thickness) + ' ' + (b.position || 'center') + ' · ' + paintText(b.fill));
     });
     (f.shadows || []).forEach(function (s, i) {
-      specRow(specs, i ? '' : 'Shadows', null, (s.kind || 'outer') + ' ' + [lengthText(s.x), lengthText(s.y), 'blur ' + lengthText(s.blurRadius), 'spread ' + lengthText(s.spread)].join(' ') + ' · ' + colorText(s.color));
+      factRow(facts, i ? '' : 'Shadows', null, (s.kind || 'outer') + ' ' + [lengthText(s.x), lengthText(s.y), 'blur ' + lengthText(s.blurRadius), 'spread ' + lengthText(s.spread)].join(' ') + ' · ' + colorText(s.color));
     });
-    if (f.blur) specRow(specs, 'Blur', null, (f.blur.kind || 'gaussian') + ' ' + lengthText(f.blur.radius));
-    box.appendChild(specs);
+    if (f.blur) factRow(facts, 'Blur', null, (f.blur.kind || 'gaussian') + ' ' + lengthText(f.blur.radius));
+    box.appendChild(facts);
     if (f.kind === 'text') {
       box.appendChild(el('h3', {text: 'Text'}));
       box.appendChild(el('div', {className: 'style-card'}, el('div', {'data-spec': 'content', text: f.content}), copyButton(f.content)));
       (f.textStyles || []).forEach(function (t, i) {
-        var dl2 = el('dl', {className: 'specs'});
+        var dl2 = el('dl', {className: 'facts'});
         var first = i === 0;
-        specRow(dl2, 'Range', null, t.range.location + '…' + (t.range.location + t.range.length));
-        specRow(dl2, 'Family', first ? 'fontFamily' : null, t.fontFamily + ' (' + t.fontName + ')');
-        specRow(dl2, 'Weight', first ? 'fontWeight' : null, String(t.fontWeight) + (t.fontStyle === 'italic' ? ' italic' : ''));
-        specRow(dl2, 'Size', first ? 'fontSize' : null, lengthText(t.fontSize, 'font'));
-        if (t.lineHeight !== null && t.lineHeight !== undefined) specRow(dl2, 'Line height', first ? 'lineHeight' : null, lengthText(t.lineHeight, 'font'));
-        specRow(dl2, 'Letter spacing', first ? 'letterSpacing' : null, lengthText(t.letterSpacing || 0, 'font'));
-        specRow(dl2, 'Color', null, colorText(t.color), colorNode(t.color));
-        if (t.alignment) specRow(dl2, 'Alignment', null, t.alignment);
+        factRow(dl2, 'Range', null, t.range.location + '…' + (t.range.location + t.range.length));
+        factRow(dl2, 'Family', first ? 'fontFamily' : null, t.fontFamily + ' (' + t.fontName + ')');
+        factRow(dl2, 'Weight', first ? 'fontWeight' : null, String(t.fontWeight) + (t.fontStyle === 'italic' ? ' italic' : ''));
+        factRow(dl2, 'Size', first ? 'fontSize' : null, lengthText(t.fontSize, 'font'));
+        if (t.lineHeight !== null && t.lineHeight !== undefined) factRow(dl2, 'Line height', first ? 'lineHeight' : null, lengthText(t.lineHeight, 'font'));
+        factRow(dl2, 'Letter spacing', first ? 'letterSpacing' : null, lengthText(t.letterSpacing || 0, 'font'));
+        factRow(dl2, 'Color', null, colorText(t.color), colorNode(t.color));
+        if (t.alignment) factRow(dl2, 'Alignment', null, t.alignment);
         box.appendChild(el('div', {className: 'style-card', 'data-text-style': i},
           t.token ? el('div', {className: 'token', text: 'Text style ' + t.token}) : null, dl2));
       });

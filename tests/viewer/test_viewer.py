@@ -388,13 +388,13 @@ class ServedViewer(ViewerTestCase):
         p = self.page
         self.open("#screen=home")
         p.one('[data-canvas] [data-layer="button"]').click()
-        p.until(lambda: p.one("[data-inspector]").get_attribute("data-layer") == "button", what="the button's specs")
+        p.until(lambda: p.one("[data-inspector]").get_attribute("data-layer") == "button", what="the button's properties")
         facts = self.layer_facts("home", "button")
         unit = p.one("select[data-units]").get_attribute("value")
         self.assertEqual(unit, "dp")  # an Android project
-        for spec, value in [("x", facts["absoluteFrame"]["x"]), ("width", facts["absoluteFrame"]["width"]),
+        for fact, value in [("x", facts["absoluteFrame"]["x"]), ("width", facts["absoluteFrame"]["width"]),
                             ("cornerRadius", facts["cornerRadius"]), ("opacity", facts["opacity"])]:
-            self.assertEqual(p.number('[data-spec="%s"]' % spec), value, spec)
+            self.assertEqual(p.number("[data-spec=\"%s\"]" % fact), value, fact)
         p.one('[data-tree-layer="title"]').click()
         p.until(lambda: p.one("[data-inspector]").get_attribute("data-layer") == "title")
         title = self.layer_facts("home", "title")["textStyles"][0]
