@@ -27,4 +27,6 @@ except ImportError:
 os.environ["ORVANE_TOOL"] = tool
 os.environ["ORVANE_SOURCE_DIR"] = source_dir
 os.environ["PYTHONPATH"] = os.pathsep.join(filter(None, [package_dir, os.environ.get("PYTHONPATH")]))
+# The helpers the folders share (toolrun.py) sit beside this script.
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 sys.exit(pytest.main(["-q", "-p", "no:cacheprovider", os.path.join(os.path.dirname(__file__), folder)]))

@@ -7,7 +7,7 @@ import sys
 import pytest
 
 import orvane
-from conftest import SOURCE, run_tool
+from toolrun import SOURCE, run_tool
 
 SCRIPTS = SOURCE / "examples" / "python"
 PROJECT = SOURCE / "examples" / "project.json"

@@ -5,7 +5,7 @@ import json
 import pytest
 
 import orvane
-from conftest import SOURCE, run_tool
+from toolrun import SOURCE, run_tool
 
 EXAMPLES = [("Project", "project.json"), ("Snapshot", "snapshot.json"),
             ("Snapshot", "trail-list.json"), ("Border", "border.json")]

@@ -6,7 +6,7 @@ import pathlib
 import pytest
 
 import orvane
-from conftest import SOURCE
+from toolrun import SOURCE
 
 FLAGS = {"--json-errors", "--pretty", "--document", "--import-source", "--warnings"}
 

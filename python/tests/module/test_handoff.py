@@ -4,7 +4,7 @@ import json
 import pytest
 
 import orvane
-from conftest import SOURCE, run_tool
+from toolrun import SOURCE, run_tool
 
 PROJECT = SOURCE / "examples" / "project.json"
 SNAPSHOT = SOURCE / "examples" / "snapshot.json"

@@ -128,5 +128,5 @@ def test_optional_lists_dates_and_repr():
 
 
 def orvane_example(name):
-    from conftest import SOURCE
+    from toolrun import SOURCE
     return SOURCE / "examples" / name

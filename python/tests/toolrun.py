@@ -1,10 +1,11 @@
+"""What the Python tests share: the source folder and runs of the tool, for comparing with it."""
 import os
 import pathlib
 import subprocess
 
 import pytest
 
-SOURCE = pathlib.Path(os.environ.get("ORVANE_SOURCE_DIR", pathlib.Path(__file__).parents[3]))
+SOURCE = pathlib.Path(os.environ.get("ORVANE_SOURCE_DIR", pathlib.Path(__file__).parents[2]))
 TOOL = os.environ.get("ORVANE_TOOL", "")
 
 
@@ -14,8 +15,3 @@ def run_tool(*args, stdin=None, cwd=None):
         pytest.skip("the orvane tool is not built here")
     done = subprocess.run([TOOL, *map(str, args)], input=stdin, capture_output=True, cwd=cwd)
     return done.returncode, done.stdout.decode(), done.stderr.decode()
-
-
-@pytest.fixture
-def source():
-    return SOURCE
