@@ -183,7 +183,7 @@ void appendJsonNumber(std::string& out, double value) {
 
 void JsonWriter::grow(std::size_t n) {
   std::size_t used = size();
-  if (sink_ && used >= kStreamPiece) {
+  if (sink_ && used >= kStreamPiece / 2) {
     sink_(sinkContext_, std::string_view(out_->data(), used));
     used = 0;
   }

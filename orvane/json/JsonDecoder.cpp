@@ -644,12 +644,15 @@ void JsonDecoder::run(std::string_view json, bool padded, DecodeFn fn, void* out
         json, error,
         textAtFault ? scanJsonText(json, depthLimit(options_)).invalidAt : std::nullopt);
   }
-  // The tape holds all that decoding reads: the structural index, as large again as the
-  // tape, goes back to the system while the records are built.
+  // The tape holds all that decoding reads. A large document's structural index (about as
+  // large as the document) goes back to the system while the records are built; a smaller one
+  // stays, so that decoding one document after another does not touch its pages afresh.
+  constexpr std::size_t kReleasedIndex = std::size_t{16} << 20;
   if (auto* implementation = p.parser.implementation.get()) {
     std::size_t used = std::size_t{implementation->n_structural_indexes} + 64;
     std::size_t kept = SIMDJSON_ROUNDUP_N(p.parser.capacity(), 64) + 2 + 7;
-    releasePages(implementation->structural_indexes.get(), std::min(used, kept) * sizeof(std::uint32_t));
+    std::size_t bytes = std::min(used, kept) * sizeof(std::uint32_t);
+    if (bytes >= kReleasedIndex) releasePages(implementation->structural_indexes.get(), bytes);
   }
   decodeTape<false>(p.parser.doc, json, options_, p.records, nullptr, fn, out);
 }
